@@ -1,0 +1,57 @@
+# What every target of the project shares: language level, warnings, sanitizers, the layout of the build tree
+# (which mirrors an installed prefix, so that the program runs in place), and the helpers that declare targets.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+set(VMR_BIN_DIR bin)
+set(VMR_LIBEXEC_DIR libexec/vmr)
+set(VMR_TRANSLATOR_DIR lib/vmr/translators)
+set(VMR_DATA_DIR share/vmr)
+
+find_package(Threads REQUIRED)
+
+add_library(vmr_options INTERFACE)
+target_compile_features(vmr_options INTERFACE cxx_std_20)
+target_compile_options(vmr_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                                             -Woverloaded-virtual -Wno-unknown-pragmas)
+target_link_libraries(vmr_options INTERFACE Threads::Threads)
+if(VMR_WERROR)
+  target_compile_options(vmr_options INTERFACE -Werror)
+endif()
+if(VMR_SANITIZE)
+  target_compile_options(vmr_options INTERFACE -fsanitize=${VMR_SANITIZE} -fno-omit-frame-pointer
+                                               -fno-sanitize-recover=all)
+  target_link_options(vmr_options INTERFACE -fsanitize=${VMR_SANITIZE})
+endif()
+
+# vmr_library(name SOURCES a.cpp ... LIBRARIES x y): a static library of one folder. Without sources it carries
+# headers only. Its headers are reached as "folder/header.h" from the folder's parent.
+function(vmr_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/..)
+    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES} PRIVATE vmr_options ${ARG_PRIVATE_LIBRARIES})
+    target_compile_features(${name} PUBLIC cxx_std_20)
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR}/..)
+    target_link_libraries(${name} INTERFACE ${ARG_LIBRARIES})
+    target_compile_features(${name} INTERFACE cxx_std_20)
+  endif()
+endfunction()
+
+# vmr_test(name SOURCES ... LIBRARIES ... [LABELS ...]): one GoogleTest program, each of its tests known to ctest.
+function(vmr_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE vmr_options ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests CXX_EXTENSIONS OFF)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
+endfunction()
