@@ -1,0 +1,126 @@
+#include "host/hostTranslation.h"
+
+#include "host/hostModule.h"
+#include "host/hostProgress.h"
+#include "sdk/sdkFiles.h"
+
+#include <Message_ProgressScope.hxx>
+#include <Standard_Failure.hxx>
+#include <Standard_OutOfMemory.hxx>
+
+#include <filesystem>
+
+namespace {
+
+// Shares of the whole, from translations between B-rep formats.
+constexpr double parse_share = 30;
+constexpr double read_transfer_share = 30;
+constexpr double write_transfer_share = 30;
+constexpr double write_share = 10;
+
+} // namespace
+
+hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
+                                 std::atomic<bool> const & cancelled)
+    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events) {}
+
+sdkResult hostTranslation::run() {
+    auto const failed = [this](std::string const & reason) {
+        sdkText const text = m_writing ? sdkText("host::%s could not be written: %s", m_file, reason)
+                                       : sdkText("host::%s could not be read: %s", m_file, reason);
+        return m_writing ? sdkResult::write_error(text) : sdkResult::read_error(text);
+    };
+    auto const out_of_memory = [this] {
+        return sdkResult::too_big(sdkText(
+            "host::The memory allowed does not suffice for %s; raise the limit or translate less at once",
+            m_file));
+    };
+    auto result = [&] {
+        try {
+            return translate();
+        } catch (std::bad_alloc const &) {
+            return out_of_memory();
+        } catch (Standard_OutOfMemory const &) {
+            return out_of_memory();
+        } catch (Standard_Failure const & failure) {
+            return failed(std::string(failure.DynamicType()->Name()) + " " + failure.GetMessageString());
+        } catch (std::exception const & failure) {
+            return failed(failure.what());
+        }
+    }();
+    if (!result && m_output_begun) {
+        std::error_code ignored;
+        std::filesystem::remove(m_job.output.file, ignored);
+    }
+    return result;
+}
+
+sdkResult hostTranslation::translate() {
+    Handle(hostProgress) const progress = new hostProgress(m_events, m_cancelled);
+    auto const inputs = static_cast<double>(m_job.inputs.size());
+    constexpr double reading = parse_share + read_transfer_share;
+    Message_ProgressScope scope(progress->Start(), nullptr, reading + write_transfer_share + write_share);
+
+    sdkDocument document;
+    for (auto const & input : m_job.inputs) {
+        if (auto result = read(input, document, scope.Next(reading / inputs)); !result) {
+            return result;
+        }
+    }
+    return write(document, scope.Next(write_transfer_share + write_share));
+}
+
+sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
+                                Message_ProgressRange const & range) {
+    m_file = input.file;
+    m_events.file(input.file, "reading");
+    Message_ProgressScope scope(range, nullptr, parse_share + read_transfer_share);
+
+    sdkText failure;
+    auto const module = hostModule::load(input.module, input.format, true, failure);
+    if (!module) {
+        return sdkResult::read_error(failure);
+    }
+    std::vector<sdkText> problems;
+    sdkOptions const options(module->resources(), input.options, problems);
+    for (auto const & problem : problems) {
+        m_reporter.message(sdkStream::error, problem);
+    }
+    sdkContext context(options, m_reporter, input.file);
+    auto const reader = module->make_reader(context);
+    if (auto result = reader->parse(input.file, scope.Next(parse_share)); !result) {
+        return result;
+    }
+    return reader->transfer(document, scope.Next(read_transfer_share));
+}
+
+sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange const & range) {
+    m_file = m_job.final_name;
+    m_writing = true;
+    m_events.file(m_job.final_name, "writing");
+    Message_ProgressScope scope(range, nullptr, write_transfer_share + write_share);
+
+    sdkText failure;
+    auto const module = hostModule::load(m_job.output.module, m_job.output.format, false, failure);
+    if (!module) {
+        return sdkResult::write_error(failure);
+    }
+    std::vector<sdkText> problems;
+    sdkOptions const options(module->resources(), m_job.output.options, problems);
+    for (auto const & problem : problems) {
+        m_reporter.message(sdkStream::error, problem);
+    }
+    sdkContext context(options, m_reporter, m_job.final_name);
+    auto const writer = module->make_writer(context);
+    if (auto result = writer->transfer(document, scope.Next(write_transfer_share)); !result) {
+        return result;
+    }
+    if (m_reporter.processed() == 0) {
+        return sdkResult::completed();
+    }
+    m_output_begun = true;
+    if (auto result = writer->write(m_job.output.file, scope.Next(write_share)); !result) {
+        return result;
+    }
+    return sdk_check_written(m_job.output.file, m_job.final_name, 0);
+}

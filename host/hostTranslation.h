@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/hostChannel.h"
+#include "host/hostJob.h"
+
+#include "sdk/sdkModule.h"
+
+class hostReporter : public sdkReporter {
+public:
+    explicit hostReporter(hostEvents & events) : m_events(events) {}
+    void message(sdkStream stream, sdkText const & text) override { m_events.message(stream, text); }
+
+private:
+    hostEvents & m_events;
+};
+
+// Runs one job from the first input to the written output.
+class hostTranslation {
+public:
+    hostTranslation(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled);
+
+    // Whatever a reader or writer throws is turned into a result. A failed translation leaves no output file.
+    sdkResult run();
+
+    sdkReporter const & reporter() const { return m_reporter; }
+
+private:
+    sdkResult translate();
+    sdkResult read(hostFile const & input, sdkDocument & document, Message_ProgressRange const & range);
+    sdkResult write(sdkDocument & document, Message_ProgressRange const & range);
+
+    hostJob const & m_job;
+    hostEvents & m_events;
+    std::atomic<bool> const & m_cancelled;
+    hostReporter m_reporter;
+    std::string m_file;
+    bool m_writing = false;
+    bool m_output_begun = false;
+};

@@ -1,0 +1,56 @@
+#include "host/hostChannel.h"
+#include "host/hostTranslation.h"
+
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int exit_without_job = 3;
+
+// The engine and the end of the connection decide when this process stops, not the terminal it was started
+// from.
+void ignore_signals() {
+    for (int const signal : {SIGINT, SIGHUP, SIGPIPE}) {
+        std::signal(signal, SIG_IGN);
+    }
+}
+
+// Libraries print to standard output; the engine's lines go through a descriptor that they do not know.
+int take_standard_output() {
+    int const descriptor = ::dup(STDOUT_FILENO);
+    ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    return descriptor;
+}
+
+void limit_memory(std::uint64_t bytes) {
+    if (bytes > 0) {
+        rlimit const limit{bytes, bytes};
+        ::setrlimit(RLIMIT_AS, &limit);
+    }
+}
+
+} // namespace
+
+int main() {
+    ignore_signals();
+    hostEvents events(take_standard_output());
+    hostChannel channel(events);
+    hostJob job;
+    std::string problem;
+    if (!channel.read_job(job, problem)) {
+        std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
+        return exit_without_job;
+    }
+    channel.watch(job.staging);
+    limit_memory(job.memory_limit);
+
+    hostTranslation translation(job, events, channel.cancelled());
+    auto const result = translation.run();
+    if (!result.text().empty()) {
+        events.message(sdkStream::error, result.text());
+    }
+    channel.finish(result.status(), translation.reporter().processed(), translation.reporter().failed());
+}

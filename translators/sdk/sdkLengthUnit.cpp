@@ -1,0 +1,30 @@
+#include "sdk/sdkLengthUnit.h"
+
+#include <algorithm>
+#include <cmath>
+
+std::array<sdkLengthUnit, 9> const sdk_length_units{{
+    {"mm", 1.0, "millimetre", "MM"},
+    {"cm", 10.0, "centimetre", "CM"},
+    {"m", 1000.0, "metre", "M"},
+    {"km", 1.0e6, "kilometre", "KM"},
+    {"micron", 1.0e-3, "micron", "UM"},
+    {"inch", 25.4, "inch", "INCH"},
+    {"foot", 304.8, "foot", "FT"},
+    {"mile", 1609344.0, "mile", "MI"},
+    {"mil", 0.0254, "mil", "MIL"},
+}};
+
+sdkLengthUnit const * sdk_length_unit(std::string_view name) {
+    auto const found = std::find_if(sdk_length_units.begin(), sdk_length_units.end(),
+                                    [name](auto const & unit) { return unit.name == name; });
+    return found == sdk_length_units.end() ? nullptr : &*found;
+}
+
+sdkLengthUnit const * sdk_length_unit(double millimetres) {
+    auto const found =
+        std::find_if(sdk_length_units.begin(), sdk_length_units.end(), [millimetres](auto const & unit) {
+            return std::abs(unit.millimetres - millimetres) <= 1.0e-6 * unit.millimetres;
+        });
+    return found == sdk_length_units.end() ? nullptr : &*found;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "sdk/sdkModule.h"
+
+#include <STEPCAFControl_Writer.hxx>
+
+#include <optional>
+
+// Writes ISO 10303-21 files of the application protocols 203, 214 and 242.
+class stepWriter : public sdkWriter {
+public:
+    explicit stepWriter(sdkContext & context);
+
+    sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
+    sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
+
+private:
+    sdkContext & m_context;
+    std::optional<STEPCAFControl_Writer> m_writer;
+};
