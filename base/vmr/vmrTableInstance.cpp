@@ -1,0 +1,96 @@
+#include "vmr/vmrTableInstance.h"
+
+#include "vmr/coResourceIterator.h"
+#include "vmr/vmrResourceFile.h"
+#include "vmr/vmrResourceRegistry.h"
+
+namespace {
+
+std::shared_ptr<coResourceTable> copy_of(std::shared_ptr<coResourceTable> const & table)
+{
+    return table ? std::make_shared<coResourceTable>(*table) : nullptr;
+}
+
+} // namespace
+
+vmrTableInstance::vmrTableInstance(char const * file)
+{
+    if (file)
+        initialise(file);
+}
+
+vmrTableInstance::vmrTableInstance(vmrTableInstance const & other)
+{
+    deep_copy(other);
+}
+
+vmrTableInstance & vmrTableInstance::operator=(vmrTableInstance const & other)
+{
+    if (this != &other)
+        deep_copy(other);
+    return *this;
+}
+
+int vmrTableInstance::initialise(utString const & file)
+{
+    // `file` may be the name that this instance keeps. The old tables may be shared, and so are left as they
+    // are.
+    m_file = utString(file);
+    m_problems.clear();
+    m_table = std::make_shared<coResourceTable>();
+    m_default_table = std::make_shared<coResourceTable>();
+    return vmr_resource_load(m_file, *m_default_table, m_problems);
+}
+
+int vmrTableInstance::add_resource(utString const & name, utString const & value)
+{
+    auto const canonical = vmr_canonical_value(name.view(), value.view());
+    if (!canonical)
+        return 0;
+    if (!m_table)
+        m_table = std::make_shared<coResourceTable>();
+    m_table->set_value(name, *canonical);
+    return 1;
+}
+
+void vmrTableInstance::reset()
+{
+    *this = vmrTableInstance();
+}
+
+void vmrTableInstance::shallow_copy(vmrTableInstance const & other)
+{
+    m_default_table = other.m_default_table;
+    m_table = other.m_table;
+    m_problems = other.m_problems;
+}
+
+void vmrTableInstance::deep_copy(vmrTableInstance const & other)
+{
+    m_file = other.m_file;
+    m_default_table = copy_of(other.m_default_table);
+    m_table = copy_of(other.m_table);
+    m_problems = other.m_problems;
+}
+
+utString vmrTableInstance::effective_value(utString const & name) const
+{
+    for (auto const table : {table(), default_table()}) {
+        auto const value = table ? table->value(name) : utString::make_invalid();
+        if (value.invalid())
+            continue;
+        if (auto const canonical = vmr_canonical_value(name.view(), value.view()))
+            return *canonical;
+    }
+    auto const declaration = vmr_look_up_resource(name.view());
+    return declaration ? utString(declaration->default_value) : utString::make_invalid();
+}
+
+std::map<std::string, std::string> vmrTableInstance::effective_values() const
+{
+    std::map<std::string, std::string> values;
+    for (auto const table : {table(), default_table()})
+        for (coResourceIterator it(table); ++it;)
+            values.try_emplace(it()->key->name.str(), effective_value(it()->key->name).str());
+    return values;
+}
