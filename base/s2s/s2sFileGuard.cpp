@@ -1,0 +1,14 @@
+#include "s2s/s2sFileGuard.h"
+
+#include "s2s/s2sFiles.h"
+
+void s2sFileGuard::add(s2sTranslationElements const & elements)
+{
+    for (auto const & input : elements.input_elements()) {
+        m_inputs.emplace_back(input.file().str());
+        m_protections.emplace_back(input.file());
+    }
+    auto const & output = elements.output_elements().file();
+    if (s2s_check_output(output.str()))
+        m_protections.emplace_back(output);
+}

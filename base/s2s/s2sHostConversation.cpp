@@ -1,0 +1,122 @@
+#include "s2s/s2sHostConversation.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "s2s/s2sThreadComm.h"
+#include "vmr/vmrabsOutput.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds time_to_stop(300);
+// For a host that has said its last word or closed its socket and is still there.
+constexpr milliseconds time_to_leave(2000);
+// How often to look for a request to stop where the channel could get no descriptor to wake us.
+constexpr milliseconds look_again(20);
+constexpr std::size_t longest_quote = 200;
+
+} // namespace
+
+s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString const & output)
+    : m_parts(parts), m_output(output)
+{
+}
+
+s2sHostEnd s2sHostConversation::hold(std::string const & program, std::string const & job)
+{
+    std::error_code error;
+    if (!std::filesystem::exists(program, error)) {
+        m_parts.say_error(s2sMessages::host_missing(program));
+        return {s2sThreadReadError};
+    }
+    if (int const number = m_process.start(program)) {
+        m_parts.say_error(s2sMessages::host_not_started(program, std::generic_category().message(number)));
+        return {s2sThreadReadError};
+    }
+
+    s2sHostLink link(m_process.descriptor(), m_parts.comm.termination_descriptor());
+    link.send(job);
+    listen(link);
+
+    // Our end of the socket stays open until the host is gone, because a host that sees it close removes the
+    // files that it has written.
+    auto const exit = m_process.wait(m_killed ? milliseconds(0) : time_to_leave);
+    return m_end ? *m_end : ended_without_word(exit);
+}
+
+void s2sHostConversation::listen(s2sHostLink & link)
+{
+    while (!m_end && !link.closed()) {
+        pass_on_termination(link);
+        if (m_deadline && Clock::now() >= *m_deadline) {
+            m_process.kill();
+            m_killed = true;
+            return;
+        }
+        link.wait(patience());
+        while (auto const line = m_end ? std::nullopt : link.next_line())
+            take(*line);
+    }
+}
+
+void s2sHostConversation::pass_on_termination(s2sHostLink & link)
+{
+    if (m_deadline || !m_parts.comm.termination_requested())
+        return;
+    m_deadline = Clock::now() + time_to_stop;
+    link.ignore_wake();
+    link.send(R"({"command":"cancel"})");
+}
+
+std::optional<milliseconds> s2sHostConversation::patience() const
+{
+    if (m_deadline)
+        return std::chrono::ceil<milliseconds>(std::max(*m_deadline - Clock::now(), Clock::duration::zero()));
+    if (m_parts.comm.termination_descriptor() < 0)
+        return look_again;
+    return std::nullopt;
+}
+
+void s2sHostConversation::take(std::string_view line)
+{
+    auto const event = s2s_parse_host_event(line);
+    if (auto const message = std::get_if<s2sHostMessage>(&event)) {
+        take_event(*message);
+    } else if (auto const progress = std::get_if<s2sHostProgress>(&event)) {
+        take_event(*progress);
+    } else if (auto const file = std::get_if<s2sHostFile>(&event)) {
+        take_event(*file);
+    } else if (auto const end = std::get_if<s2sHostEnd>(&event)) {
+        m_end = *end;
+    } else if (!m_said_nonsense) {
+        m_said_nonsense = true;
+        m_parts.say_error(s2sMessages::host_not_understood(s2s_repair_utf8(line.substr(0, longest_quote))));
+    }
+}
+
+void s2sHostConversation::take_event(s2sHostFile const & event)
+{
+    m_parts.comm.currentFile(event.direction == s2sReadWriteWriting ? m_output : event.path, event.direction);
+}
+
+void s2sHostConversation::take_event(s2sHostProgress const & event)
+{
+    m_parts.comm.set_progress(event.percent);
+}
+
+void s2sHostConversation::take_event(s2sHostMessage const & event)
+{
+    if (auto const stream = event.error ? m_parts.error_stream : m_parts.output_stream)
+        stream->write(event.domain.c_str(), event.key.c_str(), event.arguments);
+}
+
+s2sHostEnd s2sHostConversation::ended_without_word(s2sHostExit const & exit)
+{
+    if (m_deadline)
+        return {s2sThreadCancelled};
+    bool const writing = m_parts.comm.writing();
+    m_parts.say_error(s2sMessages::host_died(exit.text(), writing, m_parts.comm.currentFile().str()));
+    return {writing ? s2sThreadWriteError : s2sThreadReadError};
+}

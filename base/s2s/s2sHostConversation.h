@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "s2s/s2sEngineParts.h"
+#include "s2s/s2sHostEvent.h"
+#include "s2s/s2sHostLink.h"
+#include "s2s/s2sHostProcess.h"
+
+/// One translation by a translator host, from the start of the process to its end: sends the job, passes what
+/// the host says to the channel and to the streams, and carries a request to stop.
+class s2sHostConversation {
+public:
+    /// `output` is what the user sees as the name of every file being written.
+    s2sHostConversation(s2sEngineParts const & parts, utString const & output);
+
+    /// Returns when the host is gone. The status of what comes back is one of those with which a translation
+    /// may end; messages about how the host came to its end have been said.
+    s2sHostEnd hold(std::string const & program, std::string const & job);
+
+private:
+    void listen(s2sHostLink & link);
+    void pass_on_termination(s2sHostLink & link);
+    std::optional<std::chrono::milliseconds> patience() const;
+    void take(std::string_view line);
+    void take_event(s2sHostFile const & event);
+    void take_event(s2sHostProgress const & event);
+    void take_event(s2sHostMessage const & event);
+    s2sHostEnd ended_without_word(s2sHostExit const & exit);
+
+    using Clock = std::chrono::steady_clock;
+
+    s2sEngineParts const & m_parts;
+    utString m_output;
+    s2sHostProcess m_process;
+    std::optional<s2sHostEnd> m_end;
+    std::optional<Clock::time_point> m_deadline; // for a host that has been asked to stop
+    bool m_killed = false;
+    bool m_said_nonsense = false;
+};

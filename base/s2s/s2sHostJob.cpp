@@ -1,0 +1,50 @@
+#include "s2s/s2sHostJob.h"
+
+#include <nlohmann/json.hpp>
+
+#include "vmr/vmrTableInstance.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using nlohmann::json;
+
+std::string absolute(utString const & file)
+{
+    std::error_code error;
+    return fs::absolute(file.str(), error).native();
+}
+
+json side(s2sTranslatorElements const & elements)
+{
+    auto options = json::object();
+    if (elements.table())
+        options = elements.table()->effective_values();
+    return {{"module", absolute(elements.translator())},
+            {"format", elements.format().str()},
+            {"options", std::move(options)}};
+}
+
+} // namespace
+
+std::string s2s_host_job(s2sTranslationElements const & elements, s2sOutputPlaces const & places,
+                         std::uint64_t memory_limit)
+{
+    auto inputs = json::array();
+    for (auto const & element : elements.input_elements()) {
+        auto input = side(element);
+        input["file"] = absolute(element.file());
+        inputs.push_back(std::move(input));
+    }
+    auto output = side(elements.output_elements());
+    output["file"] = places.file.native();
+    output["final"] = places.final.native();
+
+    json const job = {{"job", 1},
+                      {"inputs", std::move(inputs)},
+                      {"output", std::move(output)},
+                      {"staging", places.staging.native()},
+                      {"memory_limit", memory_limit}};
+    return job.dump(-1, ' ', false, json::error_handler_t::replace);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include <sys/types.h>
+
+/// How a process of the translator host came to its end.
+struct s2sHostExit {
+    enum class Kind { status, signal, unknown };
+    Kind kind = Kind::unknown;
+    int number = 0; ///< exit status or signal
+
+    std::string text() const; ///< "SIGSEGV", "exit status 3"
+};
+
+/// One running translator host and this side of the socket pair that joins us to it. The host runs in a
+/// session of its own, with default signals and without any other descriptor of ours, so that an interrupt
+/// typed at a terminal reaches it only through the socket. The destructor kills and reaps what still runs.
+class s2sHostProcess {
+public:
+    s2sHostProcess() = default;
+    ~s2sHostProcess();
+    s2sHostProcess(s2sHostProcess const &) = delete;
+    s2sHostProcess & operator=(s2sHostProcess const &) = delete;
+
+    /// Starts the program. Returns 0 or the number of the system's error.
+    int start(std::string const & program);
+
+    int descriptor() const { return m_descriptor; } ///< non-blocking socket; -1 before start
+    void kill();                                    ///< at once, with everything that the host has started
+
+    /// Waits until the host has ended, and kills it when that takes longer than `patience`.
+    s2sHostExit wait(std::chrono::milliseconds patience);
+
+private:
+    bool reap(int options);
+    void close_descriptor();
+
+    pid_t m_pid = -1;
+    int m_descriptor = -1;
+    s2sHostExit m_exit;
+};

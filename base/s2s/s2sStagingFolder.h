@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+
+#include "s2s/s2sMessage.h"
+
+/// A fresh folder beside an output file, in which a translator writes before its work is known to have ended
+/// well. It is private to the user, and its name holds the number of this process, so that a later run can
+/// tell a folder left behind by a process that was killed. The destructor removes it with all that it holds.
+class s2sStagingFolder {
+public:
+    s2sStagingFolder() = default;
+    ~s2sStagingFolder();
+    s2sStagingFolder(s2sStagingFolder const &) = delete;
+    s2sStagingFolder & operator=(s2sStagingFolder const &) = delete;
+
+    /// Makes the folder and removes folders of dead processes that lie beside it.
+    s2sFailure create(std::filesystem::path const & output);
+
+    std::filesystem::path const & path() const { return m_path; } ///< empty before create
+
+private:
+    std::filesystem::path m_path;
+};
