@@ -7,7 +7,8 @@
 
 // The measure of what the translation of a STEP file to IGES costs by itself: what a program would do that
 // calls Open CASCADE directly, with names, colours and layers, and nothing else.
-int main(int argc, char ** argv) {
+int main(int argc, char ** argv)
+{
     if (argc != 3) {
         std::fprintf(stderr, "usage: %s input.step output.igs\n", argv[0]);
         return 2;

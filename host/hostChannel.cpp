@@ -20,22 +20,26 @@ constexpr int tick_milliseconds = 25;
 // work.
 constexpr auto patience = std::chrono::milliseconds(200);
 
-bool is_regular_file(int descriptor) {
+bool is_regular_file(int descriptor)
+{
     struct stat status {};
     return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool is_cancel(std::string const & line) {
+bool is_cancel(std::string const & line)
+{
     auto const value = json::parse(line, nullptr, false);
     return value.is_object() && value.value("command", json()) == "cancel";
 }
 
 } // namespace
 
-hostChannel::hostChannel(hostEvents & events)
-    : m_events(events), m_connected(!is_regular_file(STDIN_FILENO)) {}
+hostChannel::hostChannel(hostEvents & events) : m_events(events), m_connected(!is_regular_file(STDIN_FILENO))
+{
+}
 
-bool hostChannel::read_job(hostJob & job, std::string & problem) {
+bool hostChannel::read_job(hostJob & job, std::string & problem)
+{
     for (;;) {
         switch (host_parse_job(m_input, job, problem)) {
         case hostJobState::complete:
@@ -53,13 +57,15 @@ bool hostChannel::read_job(hostJob & job, std::string & problem) {
     }
 }
 
-void hostChannel::watch(std::string const & staging) {
+void hostChannel::watch(std::string const & staging)
+{
     m_staging = staging;
     m_watcher = std::thread([this] { run(); });
     m_watcher.detach();
 }
 
-void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t failed) {
+void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t failed)
+{
     // Never released: whoever comes second must not end the process while the first still writes.
     m_finishing.lock();
     m_events.end(status, processed, failed);
@@ -67,7 +73,8 @@ void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t 
     ::_exit(0);
 }
 
-void hostChannel::run() {
+void hostChannel::run()
+{
     take_commands();
     steady_clock::time_point cancelled_at = steady_clock::now();
     bool waiting = false;
@@ -92,7 +99,8 @@ void hostChannel::run() {
     }
 }
 
-bool hostChannel::read_some() {
+bool hostChannel::read_some()
+{
     char buffer[16384];
     for (;;) {
         auto const length = ::read(STDIN_FILENO, buffer, sizeof buffer);
@@ -106,7 +114,8 @@ bool hostChannel::read_some() {
     }
 }
 
-void hostChannel::take_commands() {
+void hostChannel::take_commands()
+{
     for (auto end = m_input.find('\n'); end != std::string::npos; end = m_input.find('\n')) {
         if (is_cancel(m_input.substr(0, end))) {
             m_cancelled = true;
@@ -115,7 +124,8 @@ void hostChannel::take_commands() {
     }
 }
 
-void hostChannel::abandon() {
+void hostChannel::abandon()
+{
     if (!m_staging.empty()) {
         std::error_code ignored;
         std::filesystem::remove_all(m_staging, ignored);

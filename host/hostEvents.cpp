@@ -17,11 +17,13 @@ constexpr std::size_t flush_size = 64 * 1024;
 constexpr char const * message_domain = "vmrhost";
 
 // Names out of broken files may hold anything; the lines stay valid UTF-8.
-std::string line_of(json const & event) {
+std::string line_of(json const & event)
+{
     return event.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
 }
 
-char const * text_of(sdkStatus status) {
+char const * text_of(sdkStatus status)
+{
     switch (status) {
     case sdkStatus::completed:
         return "completed";
@@ -39,13 +41,15 @@ char const * text_of(sdkStatus status) {
 
 } // namespace
 
-void hostEvents::file(std::string const & path, char const * direction) {
+void hostEvents::file(std::string const & path, char const * direction)
+{
     auto const line = line_of({{"event", "file"}, {"path", path}, {"direction", direction}});
     std::lock_guard const lock(m_mutex);
     add(line);
 }
 
-void hostEvents::progress(int percent) {
+void hostEvents::progress(int percent)
+{
     std::lock_guard const lock(m_mutex);
     if (percent > m_percent) {
         m_percent = percent;
@@ -53,7 +57,8 @@ void hostEvents::progress(int percent) {
     }
 }
 
-void hostEvents::message(sdkStream stream, sdkText const & text) {
+void hostEvents::message(sdkStream stream, sdkText const & text)
+{
     json arguments = json::array();
     for (auto const & argument : text.arguments()) {
         std::visit([&](auto const & value) { arguments.push_back(value); }, argument);
@@ -67,14 +72,16 @@ void hostEvents::message(sdkStream stream, sdkText const & text) {
     add(line);
 }
 
-void hostEvents::flush_if_due() {
+void hostEvents::flush_if_due()
+{
     std::lock_guard const lock(m_mutex);
     if (!m_pending.empty() && steady_clock::now() - m_flushed >= flush_interval) {
         flush();
     }
 }
 
-void hostEvents::end(sdkStatus status, std::int64_t processed, std::int64_t failed) {
+void hostEvents::end(sdkStatus status, std::int64_t processed, std::int64_t failed)
+{
     auto const line = line_of(
         {{"event", "end"}, {"status", text_of(status)}, {"processed", processed}, {"failed", failed}});
     std::lock_guard const lock(m_mutex);
@@ -86,7 +93,8 @@ void hostEvents::end(sdkStatus status, std::int64_t processed, std::int64_t fail
     flush();
 }
 
-void hostEvents::add(std::string const & line) {
+void hostEvents::add(std::string const & line)
+{
     if (m_ended) {
         return;
     }
@@ -96,7 +104,8 @@ void hostEvents::add(std::string const & line) {
     }
 }
 
-void hostEvents::flush() {
+void hostEvents::flush()
+{
     std::string_view rest = m_pending;
     while (!rest.empty()) {
         auto const written = ::write(m_descriptor, rest.data(), rest.size());

@@ -10,7 +10,8 @@ namespace {
 
 constexpr int job_version = 1;
 
-void from_json(json const & value, hostFile & file) {
+void from_json(json const & value, hostFile & file)
+{
     value.at("file").get_to(file.file);
     value.at("module").get_to(file.module);
     value.at("format").get_to(file.format);
@@ -20,7 +21,8 @@ void from_json(json const & value, hostFile & file) {
 }
 
 // The first value of a text that other lines may follow.
-json first_value(std::string_view text) {
+json first_value(std::string_view text)
+{
     std::istringstream stream{std::string(text)};
     json value;
     stream >> value;
@@ -29,7 +31,8 @@ json first_value(std::string_view text) {
 
 } // namespace
 
-hostJobState host_parse_job(std::string_view text, hostJob & job, std::string & problem) {
+hostJobState host_parse_job(std::string_view text, hostJob & job, std::string & problem)
+{
     json value;
     try {
         value = first_value(text);

@@ -5,7 +5,8 @@
 
 namespace {
 
-sdkText other_version(std::string const & path, int version) {
+sdkText other_version(std::string const & path, int version)
+{
     return sdkText("host::The translator %s has interface version %d, and this program needs %d; install the "
                    "translator that belongs to this program",
                    path, version, sdk_interface);
@@ -14,7 +15,8 @@ sdkText other_version(std::string const & path, int version) {
 } // namespace
 
 std::unique_ptr<hostModule> hostModule::load(std::string const & path, std::string const & format,
-                                             bool for_reading, sdkText & failure) {
+                                             bool for_reading, sdkText & failure)
+{
     std::unique_ptr<hostModule> module(new hostModule);
     auto const manifest = std::filesystem::path(path).replace_extension(".json").string();
     if (auto const problem = module->m_manifest.load(manifest); !problem.empty()) {
@@ -49,10 +51,12 @@ std::unique_ptr<hostModule> hostModule::load(std::string const & path, std::stri
     return module;
 }
 
-std::unique_ptr<sdkReader> hostModule::make_reader(sdkContext & context) const {
+std::unique_ptr<sdkReader> hostModule::make_reader(sdkContext & context) const
+{
     return m_module->make_reader(m_format, context);
 }
 
-std::unique_ptr<sdkWriter> hostModule::make_writer(sdkContext & context) const {
+std::unique_ptr<sdkWriter> hostModule::make_writer(sdkContext & context) const
+{
     return m_module->make_writer(m_format, context);
 }

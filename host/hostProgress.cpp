@@ -1,6 +1,7 @@
 #include "host/hostProgress.h"
 
-void hostProgress::Show(Message_ProgressScope const &, Standard_Boolean) {
+void hostProgress::Show(Message_ProgressScope const &, Standard_Boolean)
+{
     constexpr auto interval = std::chrono::milliseconds(50);
     int const percent = static_cast<int>(GetPosition() * 100.0);
     if (percent <= m_percent) {

@@ -12,7 +12,9 @@
 class hostProgress : public Message_ProgressIndicator {
 public:
     hostProgress(hostEvents & events, std::atomic<bool> const & cancelled)
-        : m_events(events), m_cancelled(cancelled) {}
+        : m_events(events), m_cancelled(cancelled)
+    {
+    }
 
 protected:
     Standard_Boolean UserBreak() override { return m_cancelled; }

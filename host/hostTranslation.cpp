@@ -22,9 +22,12 @@ constexpr double write_share = 10;
 
 hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
                                  std::atomic<bool> const & cancelled)
-    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events) {}
+    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events)
+{
+}
 
-sdkResult hostTranslation::run() {
+sdkResult hostTranslation::run()
+{
     auto const failed = [this](std::string const & reason) {
         sdkText const text = m_writing ? sdkText("host::%s could not be written: %s", m_file, reason)
                                        : sdkText("host::%s could not be read: %s", m_file, reason);
@@ -55,7 +58,8 @@ sdkResult hostTranslation::run() {
     return result;
 }
 
-sdkResult hostTranslation::translate() {
+sdkResult hostTranslation::translate()
+{
     Handle(hostProgress) const progress = new hostProgress(m_events, m_cancelled);
     auto const inputs = static_cast<double>(m_job.inputs.size());
     constexpr double reading = parse_share + read_transfer_share;
@@ -71,7 +75,8 @@ sdkResult hostTranslation::translate() {
 }
 
 sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
-                                Message_ProgressRange const & range) {
+                                Message_ProgressRange const & range)
+{
     m_file = input.file;
     m_events.file(input.file, "reading");
     Message_ProgressScope scope(range, nullptr, parse_share + read_transfer_share);
@@ -94,7 +99,8 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
     return reader->transfer(document, scope.Next(read_transfer_share));
 }
 
-sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange const & range) {
+sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange const & range)
+{
     m_file = m_job.final_name;
     m_writing = true;
     m_events.file(m_job.final_name, "writing");

@@ -12,20 +12,23 @@ constexpr int exit_without_job = 3;
 
 // The engine and the end of the connection decide when this process stops, not the terminal it was started
 // from.
-void ignore_signals() {
+void ignore_signals()
+{
     for (int const signal : {SIGINT, SIGHUP, SIGPIPE}) {
         std::signal(signal, SIG_IGN);
     }
 }
 
 // Libraries print to standard output; the engine's lines go through a descriptor that they do not know.
-int take_standard_output() {
+int take_standard_output()
+{
     int const descriptor = ::dup(STDOUT_FILENO);
     ::dup2(STDERR_FILENO, STDOUT_FILENO);
     return descriptor;
 }
 
-void limit_memory(std::uint64_t bytes) {
+void limit_memory(std::uint64_t bytes)
+{
     if (bytes > 0) {
         rlimit const limit{bytes, bytes};
         ::setrlimit(RLIMIT_AS, &limit);
@@ -34,7 +37,8 @@ void limit_memory(std::uint64_t bytes) {
 
 } // namespace
 
-int main() {
+int main()
+{
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);

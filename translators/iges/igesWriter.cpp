@@ -5,12 +5,14 @@
 #include <IGESControl_Controller.hxx>
 #include <Message_ProgressScope.hxx>
 
-igesWriter::igesWriter(sdkContext & context) : m_context(context) {
+igesWriter::igesWriter(sdkContext & context) : m_context(context)
+{
     IGESControl_Controller::Init();
     m_writer.emplace();
 }
 
-sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange const & range) {
+sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
+{
     Message_ProgressScope scope(range, nullptr, 1);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next());
     if (scope.UserBreak()) {
@@ -23,7 +25,8 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     return sdkResult::completed();
 }
 
-sdkResult igesWriter::write(std::string const & path, Message_ProgressRange const & range) {
+sdkResult igesWriter::write(std::string const & path, Message_ProgressRange const & range)
+{
     Message_ProgressScope scope(range, nullptr, 1);
     m_writer->Write(path.c_str());
     return sdk_check_written(path, m_context.file(), 0);

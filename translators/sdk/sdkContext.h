@@ -10,7 +10,9 @@
 class sdkContext {
 public:
     sdkContext(sdkOptions const & options, sdkReporter & reporter, std::string file)
-        : m_options(options), m_reporter(reporter), m_file(std::move(file)) {}
+        : m_options(options), m_reporter(reporter), m_file(std::move(file))
+    {
+    }
 
     sdkOptions const & options() const { return m_options; }
     sdkReporter & reporter() const { return m_reporter; }

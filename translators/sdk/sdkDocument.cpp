@@ -12,7 +12,8 @@
 
 namespace {
 
-std::int64_t count_distinct(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, TopAbs_ShapeEnum avoided) {
+std::int64_t count_distinct(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, TopAbs_ShapeEnum avoided)
+{
     TopTools_MapOfShape found;
     for (TopExp_Explorer explorer(shape, kind, avoided); explorer.More(); explorer.Next()) {
         found.Add(explorer.Current());
@@ -22,7 +23,8 @@ std::int64_t count_distinct(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, T
 
 } // namespace
 
-sdkEntityCount & sdkEntityCount::operator+=(sdkEntityCount const & other) {
+sdkEntityCount & sdkEntityCount::operator+=(sdkEntityCount const & other)
+{
     faces += other.faces;
     curves += other.curves;
     points += other.points;
@@ -31,7 +33,8 @@ sdkEntityCount & sdkEntityCount::operator+=(sdkEntityCount const & other) {
     return *this;
 }
 
-sdkEntityCount sdk_count_entities(TopoDS_Shape const & shape) {
+sdkEntityCount sdk_count_entities(TopoDS_Shape const & shape)
+{
     sdkEntityCount count;
     if (shape.IsNull()) {
         return count;
@@ -54,7 +57,8 @@ sdkEntityCount sdk_count_entities(TopoDS_Shape const & shape) {
     return count;
 }
 
-sdkDocument::sdkDocument() {
+sdkDocument::sdkDocument()
+{
     XCAFApp_Application::GetApplication()->NewDocument("BinXCAF", m_document);
     m_shapes = XCAFDoc_DocumentTool::ShapeTool(m_document->Main());
     m_colours = XCAFDoc_DocumentTool::ColorTool(m_document->Main());
@@ -62,13 +66,15 @@ sdkDocument::sdkDocument() {
     XCAFDoc_DocumentTool::SetLengthUnit(m_document, 1.0, UnitsMethods_LengthUnit_Millimeter);
 }
 
-TDF_LabelSequence sdkDocument::free_shapes() const {
+TDF_LabelSequence sdkDocument::free_shapes() const
+{
     TDF_LabelSequence labels;
     m_shapes->GetFreeShapes(labels);
     return labels;
 }
 
-TDF_LabelSequence sdkDocument::parts() const {
+TDF_LabelSequence sdkDocument::parts() const
+{
     TDF_LabelSequence all;
     m_shapes->GetShapes(all);
     TDF_LabelSequence parts;
@@ -80,11 +86,13 @@ TDF_LabelSequence sdkDocument::parts() const {
     return parts;
 }
 
-bool sdkDocument::empty() const {
+bool sdkDocument::empty() const
+{
     return free_shapes().IsEmpty();
 }
 
-sdkEntityCount sdkDocument::count_entities() const {
+sdkEntityCount sdkDocument::count_entities() const
+{
     sdkEntityCount count;
     for (auto const & label : parts()) {
         count += sdk_count_entities(XCAFDoc_ShapeTool::GetShape(label));
@@ -92,7 +100,8 @@ sdkEntityCount sdkDocument::count_entities() const {
     return count;
 }
 
-TDF_Label sdkDocument::add_shape(TopoDS_Shape const & shape, std::string const & name) {
+TDF_Label sdkDocument::add_shape(TopoDS_Shape const & shape, std::string const & name)
+{
     if (shape.IsNull()) {
         return {};
     }
@@ -101,7 +110,8 @@ TDF_Label sdkDocument::add_shape(TopoDS_Shape const & shape, std::string const &
     return label;
 }
 
-std::string sdkDocument::name(TDF_Label const & label) {
+std::string sdkDocument::name(TDF_Label const & label)
+{
     Handle(TDataStd_Name) attribute;
     if (label.IsNull() || !label.FindAttribute(TDataStd_Name::GetID(), attribute)) {
         return {};
@@ -114,7 +124,8 @@ std::string sdkDocument::name(TDF_Label const & label) {
     return text;
 }
 
-void sdkDocument::set_name(TDF_Label const & label, std::string const & name) {
+void sdkDocument::set_name(TDF_Label const & label, std::string const & name)
+{
     if (!label.IsNull() && !name.empty()) {
         TDataStd_Name::Set(label, TCollection_ExtendedString(name.c_str(), Standard_True));
     }

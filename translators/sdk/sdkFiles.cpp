@@ -5,11 +5,13 @@
 #include <fstream>
 #include <system_error>
 
-std::string sdk_system_text(int error_number) {
+std::string sdk_system_text(int error_number)
+{
     return std::generic_category().message(error_number);
 }
 
-std::string sdk_file_begin(std::string const & path, std::size_t bytes, sdkText & failure) {
+std::string sdk_file_begin(std::string const & path, std::size_t bytes, sdkText & failure)
+{
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored)) {
         failure = sdkText("host::%s is a folder, not a file", path);
@@ -30,15 +32,18 @@ std::string sdk_file_begin(std::string const & path, std::size_t bytes, sdkText 
     return text;
 }
 
-std::string sdk_file_stem(std::string const & path) {
+std::string sdk_file_stem(std::string const & path)
+{
     return std::filesystem::path(path).stem().string();
 }
 
-std::string sdk_file_name(std::string const & path) {
+std::string sdk_file_name(std::string const & path)
+{
     return std::filesystem::path(path).filename().string();
 }
 
-sdkResult sdk_check_written(std::string const & path, std::string const & shown, int error_number) {
+sdkResult sdk_check_written(std::string const & path, std::string const & shown, int error_number)
+{
     if (error_number != 0) {
         return sdkResult::write_error(
             sdkText("host::%s could not be written: %s", shown, sdk_system_text(error_number)));

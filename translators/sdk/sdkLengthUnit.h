@@ -5,14 +5,14 @@
 
 // A unit of length as the option vmrOptOutputUnits names it, and how formats know it.
 struct sdkLengthUnit {
-    std::string_view name;    // stored value of the option, such as "inch"
+    std::string_view name;    // stored value of the option
     double millimetres;       // length of one unit
-    std::string_view english; // for messages, such as "inch"
-    std::string_view toolkit; // name in Open CASCADE's STEP and IGES settings; empty when it has none
+    std::string_view english; // for messages
+    std::string_view toolkit; // in Open CASCADE's settings for STEP and IGES
 };
 
 // All units, in the order in which manifests list them.
-extern std::array<sdkLengthUnit, 9> const sdk_length_units;
+extern std::array<sdkLengthUnit, 10> const sdk_length_units;
 
 // Null when there is none of that name.
 sdkLengthUnit const * sdk_length_unit(std::string_view name);

@@ -10,7 +10,8 @@ using nlohmann::json;
 
 namespace {
 
-sdkResourceType type_of(std::string const & name) {
+sdkResourceType type_of(std::string const & name)
+{
     if (name == "boolean") {
         return sdkResourceType::boolean;
     }
@@ -29,7 +30,8 @@ sdkResourceType type_of(std::string const & name) {
     throw std::runtime_error("a resource has the unknown type " + name);
 }
 
-sdkResource resource_of(json const & declared) {
+sdkResource resource_of(json const & declared)
+{
     sdkResource resource;
     declared.at("name").get_to(resource.name);
     resource.type = type_of(declared.at("type").get<std::string>());
@@ -47,7 +49,8 @@ sdkResource resource_of(json const & declared) {
     return resource;
 }
 
-sdkFormat format_of(json const & declared) {
+sdkFormat format_of(json const & declared)
+{
     sdkFormat format;
     declared.at("name").get_to(format.name);
     for (auto const & side : declared.at("sides")) {
@@ -62,7 +65,8 @@ sdkFormat format_of(json const & declared) {
 
 } // namespace
 
-std::string sdkManifest::load(std::string const & path) {
+std::string sdkManifest::load(std::string const & path)
+{
     std::ifstream stream(path);
     if (!stream) {
         return "the manifest " + path + " cannot be opened";
@@ -80,7 +84,8 @@ std::string sdkManifest::load(std::string const & path) {
     return {};
 }
 
-sdkFormat const * sdkManifest::format(std::string const & name) const {
+sdkFormat const * sdkManifest::format(std::string const & name) const
+{
     auto const found = std::find_if(m_formats.begin(), m_formats.end(),
                                     [&](auto const & format) { return format.name == name; });
     return found == m_formats.end() ? nullptr : &*found;

@@ -9,7 +9,8 @@
 namespace {
 
 template <class Number>
-std::optional<double> parsed(std::string const & text) {
+std::optional<double> parsed(std::string const & text)
+{
     Number number{};
     auto const end = text.data() + text.size();
     auto const [rest, failure] = std::from_chars(text.data(), end, number);
@@ -21,7 +22,8 @@ std::optional<double> parsed(std::string const & text) {
 
 // The number behind a stored text: 0 or 1 for booleans, 0 for texts; nothing when the text does not fit the
 // type.
-std::optional<double> number_of(sdkResource const & resource, std::string const & text) {
+std::optional<double> number_of(sdkResource const & resource, std::string const & text)
+{
     switch (resource.type) {
     case sdkResourceType::boolean:
         if (text != "true" && text != "false") {
@@ -43,7 +45,8 @@ std::optional<double> number_of(sdkResource const & resource, std::string const 
     return 0.0;
 }
 
-bool in_range(sdkResource const & resource, double number) {
+bool in_range(sdkResource const & resource, double number)
+{
     return (!resource.minimum || number >= *resource.minimum) &&
            (!resource.maximum || number <= *resource.maximum);
 }
@@ -51,7 +54,8 @@ bool in_range(sdkResource const & resource, double number) {
 } // namespace
 
 sdkOptions::sdkOptions(std::vector<sdkResource> const & declared,
-                       std::map<std::string, std::string> const & values, std::vector<sdkText> & problems) {
+                       std::map<std::string, std::string> const & values, std::vector<sdkText> & problems)
+{
     for (auto const & resource : declared) {
         auto const number = number_of(resource, resource.default_value);
         if (!number) {
@@ -80,29 +84,35 @@ sdkOptions::sdkOptions(std::vector<sdkResource> const & declared,
     }
 }
 
-bool sdkOptions::declares(std::string_view name) const {
+bool sdkOptions::declares(std::string_view name) const
+{
     return m_values.find(name) != m_values.end();
 }
 
-bool sdkOptions::boolean(std::string_view name) const {
+bool sdkOptions::boolean(std::string_view name) const
+{
     return value(name, sdkResourceType::boolean).number != 0.0;
 }
 
-std::int64_t sdkOptions::integer(std::string_view name) const {
+std::int64_t sdkOptions::integer(std::string_view name) const
+{
     return static_cast<std::int64_t>(value(name, sdkResourceType::integer).number);
 }
 
-double sdkOptions::real(std::string_view name) const {
+double sdkOptions::real(std::string_view name) const
+{
     return value(name, sdkResourceType::real).number;
 }
 
-std::string const & sdkOptions::text(std::string_view name) const {
+std::string const & sdkOptions::text(std::string_view name) const
+{
     auto const found = m_values.find(name);
     bool const is_choice = found != m_values.end() && found->second.type == sdkResourceType::choice;
     return value(name, is_choice ? sdkResourceType::choice : sdkResourceType::text).text;
 }
 
-sdkOptions::Value const & sdkOptions::value(std::string_view name, sdkResourceType type) const {
+sdkOptions::Value const & sdkOptions::value(std::string_view name, sdkResourceType type) const
+{
     auto const found = m_values.find(name);
     if (found == m_values.end() || found->second.type != type) {
         throw std::logic_error("the manifest does not declare " + std::string(name) +

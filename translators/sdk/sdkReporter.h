@@ -14,12 +14,14 @@ public:
     virtual ~sdkReporter() = default;
 
     template <class... Arguments>
-    void output(std::string_view key, Arguments const &... arguments) {
+    void output(std::string_view key, Arguments const &... arguments)
+    {
         message(sdkStream::output, sdkText(key, arguments...));
     }
 
     template <class... Arguments>
-    void error(std::string_view key, Arguments const &... arguments) {
+    void error(std::string_view key, Arguments const &... arguments)
+    {
         message(sdkStream::error, sdkText(key, arguments...));
     }
 

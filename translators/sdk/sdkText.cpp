@@ -4,13 +4,15 @@
 
 namespace {
 
-std::string_view without_context(std::string_view key) {
+std::string_view without_context(std::string_view key)
+{
     auto const separator = key.find("::");
     return separator == std::string_view::npos ? key : key.substr(separator + 2);
 }
 
 // The length of the conversion at the head of the text, which begins with a percent sign; 0 when it is none.
-std::size_t conversion_length(std::string_view text) {
+std::size_t conversion_length(std::string_view text)
+{
     auto const end = text.find_first_not_of("-+ #0123456789.", 1);
     if (end == std::string_view::npos ||
         std::string_view("sdigfe").find(text[end]) == std::string_view::npos) {
@@ -19,7 +21,8 @@ std::size_t conversion_length(std::string_view text) {
     return end + 1;
 }
 
-bool fits_argument(char conversion, sdkArgument const & argument) {
+bool fits_argument(char conversion, sdkArgument const & argument)
+{
     switch (conversion) {
     case 's':
         return std::holds_alternative<std::string>(argument);
@@ -31,7 +34,8 @@ bool fits_argument(char conversion, sdkArgument const & argument) {
     }
 }
 
-std::string formatted_argument(std::string conversion, sdkArgument const & argument) {
+std::string formatted_argument(std::string conversion, sdkArgument const & argument)
+{
     if (auto const * text = std::get_if<std::string>(&argument)) {
         return *text;
     }
@@ -48,7 +52,8 @@ std::string formatted_argument(std::string conversion, sdkArgument const & argum
 
 // Walks the text; gives each literal stretch to `literal` and each conversion to `conversion`.
 template <class Literal, class Conversion>
-void walk(std::string_view text, Literal literal, Conversion conversion) {
+void walk(std::string_view text, Literal literal, Conversion conversion)
+{
     while (!text.empty()) {
         auto const percent = text.find('%');
         literal(text.substr(0, percent));
@@ -71,7 +76,8 @@ void walk(std::string_view text, Literal literal, Conversion conversion) {
 
 } // namespace
 
-bool sdkText::fits() const {
+bool sdkText::fits() const
+{
     std::size_t used = 0;
     bool fit = true;
     walk(
@@ -83,7 +89,8 @@ bool sdkText::fits() const {
     return fit && used == m_arguments.size();
 }
 
-std::string sdkText::formatted() const {
+std::string sdkText::formatted() const
+{
     std::string result;
     std::size_t used = 0;
     walk(

@@ -19,7 +19,9 @@ public:
 
     template <class... Arguments>
     explicit sdkText(std::string_view key, Arguments const &... arguments)
-        : m_key(key), m_arguments{make_argument(arguments)...} {}
+        : m_key(key), m_arguments{make_argument(arguments)...}
+    {
+    }
 
     bool empty() const { return m_key.empty(); }
     std::string const & key() const { return m_key; }

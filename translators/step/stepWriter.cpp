@@ -5,12 +5,14 @@
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
 
-stepWriter::stepWriter(sdkContext & context) : m_context(context) {
+stepWriter::stepWriter(sdkContext & context) : m_context(context)
+{
     STEPControl_Controller::Init();
     m_writer.emplace();
 }
 
-sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range) {
+sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
+{
     Message_ProgressScope scope(range, nullptr, 1);
     bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next());
     if (scope.UserBreak()) {
@@ -23,7 +25,8 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     return sdkResult::completed();
 }
 
-sdkResult stepWriter::write(std::string const & path, Message_ProgressRange const & range) {
+sdkResult stepWriter::write(std::string const & path, Message_ProgressRange const & range)
+{
     Message_ProgressScope scope(range, nullptr, 1);
     m_writer->Write(path.c_str());
     return sdk_check_written(path, m_context.file(), 0);
