@@ -1,0 +1,1 @@
+set(SDB_FAILURE_SOURCES sdbException.cpp)

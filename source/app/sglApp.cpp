@@ -1,0 +1,216 @@
+#include "sglApp.h"
+
+#include "sglNlsHelp.h"
+#include "sglResourceString.h"
+#include "sglWxNlsApplicationSettings.h"
+
+#include "nls/nlsDomainManager.h"
+#include "sdb/sdbSchemaDir.h"
+#include "sdb/sdb_fix_resource_path.h"
+#include "wxt/wxtStringConverter.h"
+
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
+#include <wx/utils.h>
+#include <wx/xrc/xmlres.h>
+
+sglApp::sglApp(utString const & build_date, utString const & version, utString const & build_number,
+               utString const & name_without_version, utString const & company_name,
+               utString const & copyright_text)
+    : m_version(version), m_build_date(build_date), m_build_number(build_number), m_company_name(company_name),
+      m_name_no_version(name_without_version),
+      m_services(m_platform.library_loader_operations(), m_platform.file_operations(),
+                 m_platform.synch_operations(), m_platform.process_thread_operations()),
+      m_translator_loader(m_platform.library_loader_operations()),
+      m_directories(m_platform.process_environment_operations()), m_copyright_text(copyright_text)
+{
+}
+
+sglApp::~sglApp()
+{
+    // Ahead of the fields: nothing may find a service while they end.
+    m_info.reset();
+}
+
+sglApp const & sglApp::app()
+{
+    return *static_cast<sglApp const *>(wxAppConsoleBase::GetInstance());
+}
+
+utString sglApp::common_application_name() const
+{
+    return "Crosswalk";
+}
+
+utString sglApp::common_company_name() const
+{
+    return "Quorvane";
+}
+
+utString sglApp::product_info_org() const
+{
+    return "Unknown";
+}
+
+void sglApp::register_translation(utPtrClaimTag, sdbTranslationData const * translation) const
+{
+    m_translations.append(std::unique_ptr<sdbTranslationData const>(translation));
+}
+
+bool sglApp::Initialize(int & argc, wxChar ** argv)
+{
+    if (m_has_display)
+        return wxApp::Initialize(argc, argv);
+    // A dialog object that never becomes a window makes the toolkit ask for a display that is not there; its
+    // complaints about that would land on standard error.
+    GTKSuppressDiagnostics();
+    return wxAppConsole::Initialize(argc, argv);
+}
+
+void sglApp::pre_splash_screen_init()
+{
+    // The user's files belong below ~/.config and not straight below the home directory.
+    wxStandardPaths::Get().SetFileLayout(wxStandardPaths::FileLayout_XDG);
+    sgl_build_string_table();
+    set_product_info();
+    read_start_up_info();
+    SetVendorName(wxtStringConverter::to_wx(common_company_name()));
+    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(), wxString(),
+                                  wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
+    delete wxConfigBase::Set(m_config);
+}
+
+void sglApp::get_product_info(utString const & build_date, utString const & version, utString const & build_number,
+                              utString & program, utString & operating_system, utString & user)
+{
+    static_cast<void>(build_date);
+    operating_system = wxtStringConverter::to_ut(wxGetOsDescription());
+    program = m_name_no_version;
+    m_name = m_name_no_version + " " + version + build_number;
+    m_full_name = m_name;
+    program += version + build_number;
+    utString const login = m_platform.process_environment_operations()->environment("LOGNAME");
+    user = login.empty() ? wxtStringConverter::to_ut(wxGetUserId()) : login;
+}
+
+void sglApp::set_product_info()
+{
+    utString program, operating_system, user;
+    get_product_info(m_build_date, m_version, m_build_number, program, operating_system, user);
+    m_info = std::make_unique<vmrabsAppInfo>(program, operating_system, user, "Organisation Unknown", "");
+    find_string_encodings();
+    initialise_directory_mapper();
+
+    utString const key = m_version + m_build_number;
+    m_product_file = m_directories.schema_dir(sdbHRKDirectory::product).find_file("product");
+    if (!m_product_file.invalid())
+        m_product_status = m_product.read_product_data(key, m_product_file);
+    sglReleaseStatus::initialise(get_build_type());
+
+    if (m_product_file.invalid()) {
+        m_full_name += " - " + sglReleaseStatus::release_string();
+        return;
+    }
+    if (m_product_status != 0)
+        return;
+    m_name = m_product.short_name();
+    m_full_name = m_product.long_name();
+    m_name_no_version = m_product.value(pruPRODUCT_NAME);
+    if (utString const company = m_product.value(pruCOMPANY_NAME); !company.invalid())
+        m_company_name = company;
+    if (utString const pack = m_product.value(pruPRODUCT_SP); !pack.invalid()) {
+        int position = 0;
+        while (position < pack.length() && (pack[position] < '0' || pack[position] > '9'))
+            ++position;
+        pack.parse(m_service_pack, position);
+    }
+}
+
+sglBuildType sglApp::get_build_type()
+{
+    if (m_product_file.invalid())
+        return sglBuildNoStatusFile;
+    if (m_product_status != 0)
+        return sglBuildStatusFileError;
+    utString const type = m_product.value(pruPRODUCT_TYPE);
+    if (type.case_compare("CR") == 0)
+        return sglBuildFull;
+    if (type.case_compare("RC") == 0)
+        return sglBuildReleaseCandidate;
+    if (type.case_compare("ALPHA") == 0)
+        return sglBuildAlpha;
+    if (type.case_compare("BETA") == 0)
+        return sglBuildBeta;
+    return sglBuildProject;
+}
+
+utString sglApp::release_value() const
+{
+    utString const release = m_product.value(pruPRODUCT_RELEASE);
+    return release.invalid() ? m_version : release;
+}
+
+utString sglApp::titlebar_string() const
+{
+    return m_company_name + " " + m_name_no_version + " Summit " + release_value();
+}
+
+utString sglApp::copyright_message() const
+{
+    utString text = m_company_name + " " + m_product.short_name() + "\n";
+    text += sglResourceString("vmrgrlib", 1332, m_version + m_build_number);
+    text += sglResourceString("vmrgrlib", 1333, m_build_date);
+    text += sglResourceString("vmrgrlib", 1334, sglReleaseStatus::release_string());
+    text += "\n";
+    bool error = false;
+    apString const sign = m_ut_encoding->to_ap("\xC2\xA9", error);
+    if (!error)
+        text += m_ut_encoding->to_ut(sign, error);
+    return text + " " + m_copyright_text;
+}
+
+bool sglApp::load_xrc_files()
+{
+    auto const directory = m_directories.schema_dir(sdbHRKDirectory::xrc);
+    utString main_file = directory.find_file("vmrgrlib.xrc");
+    if (main_file.invalid())
+        return false;
+    sdb_fix_resource_path(main_file);
+    utString shared_file = directory.find_file("vmrshared.xrc");
+    if (shared_file.invalid())
+        return false;
+    sdb_fix_resource_path(shared_file);
+
+    delete wxXmlResource::Set(new wxXmlResource(0, wxString()));
+    return wxXmlResource::Get()->Load(wxtStringConverter::to_wx(shared_file)) &&
+           wxXmlResource::Get()->Load(wxtStringConverter::to_wx(main_file));
+}
+
+bool sglApp::OnInit()
+{
+    m_info->set_info(sduCOMPANYNAME, m_company_name);
+    m_info->set_build_number("Build " + m_build_number + " " + m_build_date);
+    if (!load_xrc_files())
+        return false;
+
+    utString const language_key = release_value();
+    nlsDomainManager::set_application_settings(
+        std::make_unique<sglWxNlsApplicationSettings>(m_config, language_key));
+    getNlsHelp()->locale_dir(m_directories.search_path(sdbHRKDirectory::message_catalogues));
+    getNlsHelp()->set_wx_language();
+
+    utString const cache = m_directories.schema_dir(sdbHRKDirectory::translator_cache).find_file("translators.lst");
+    utString const preferred = m_startup_info.find_field("preferred_output_format");
+    build_translator_dlls(cache, m_directories.search_path(sdbHRKDirectory::translators), preferred);
+    return true;
+}
+
+int sglApp::OnExit()
+{
+    return wxApp::OnExit();
+}
+
+void sglApp::initialise_services()
+{
+    m_services.initialise_services(m_info.get(), m_directories.search_path(sdbHRKDirectory::services), &m_analytics);
+}

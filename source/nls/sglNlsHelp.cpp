@@ -1,0 +1,191 @@
+#include "sglNlsHelp.h"
+
+#include "sglApp.h"
+
+#include "nls/nlsDomainManager.h"
+#include "nls/nlsUtils.h"
+#include "nls/vmrnlsConnector.h"
+#include "nls/vmrnlsFormatterSimple.h"
+#include "nls/vmrnlsLocaleNumbers.h"
+#include "nls/vmrnlsTranslatorDefault.h"
+#include "nls/vmrnlsTranslatorWithDatabases.h"
+#include "wxt/wxtStringConverter.h"
+
+#include <cassert>
+#include <clocale>
+#include <filesystem>
+#include <string>
+#include <wx/intl.h>
+#include <wx/log.h>
+#include <wx/translation.h>
+
+namespace {
+
+bool exists_already = false;
+
+/// The text functions of the program assume the C locale for characters and order, whatever a library has set.
+void put_back_c_character_locale()
+{
+    std::setlocale(LC_CTYPE, "C");
+    std::setlocale(LC_COLLATE, "C");
+}
+
+} // namespace
+
+void sglNlsHelp::LocaleDeleter::operator()(wxLocale * locale) const
+{
+    char const * const current = std::setlocale(LC_ALL, nullptr);
+    std::string const kept = current ? current : "C";
+    delete locale;
+    std::setlocale(LC_ALL, kept.c_str());
+}
+
+sglNlsHelp::sglNlsHelp()
+    : m_translator(std::make_unique<vmrnlsTranslatorDefault>()),
+      m_formatter(std::make_unique<vmrnlsFormatterSimple>(".")),
+      m_parser(std::make_unique<vmrnlsParserDefaultThenLocale>())
+{
+    assert(!exists_already && "An sglNlsHelp already exists");
+    exists_already = true;
+    update_translator_and_formatter();
+}
+
+sglNlsHelp::~sglNlsHelp()
+{
+    exists_already = false;
+}
+
+sglNlsHelp * getNlsHelp()
+{
+    static sglNlsHelp help;
+    return &help;
+}
+
+void sglNlsHelp::locale_dir(sdbSearchPath path)
+{
+    m_locale_path = std::move(path);
+    utString const language = nlsDomainManager::env_language(nlsLangStartUp).name();
+    if (!language.empty())
+        set_nls_language(language);
+}
+
+void sglNlsHelp::set_main_language(utString const & language)
+{
+    set_nls_language(language);
+    set_wx_language();
+}
+
+utString sglNlsHelp::find_language(utString const & language) const
+{
+    if (language.empty())
+        return utString::make_invalid();
+    utString rest = m_locale_path.ut_path_string(sglApp::app().application_information()->ut_encoding());
+    utString directory;
+    while (rest.extract_string(":", directory)) {
+        auto const path = std::filesystem::path(directory.str()) / language.str();
+        std::error_code error;
+        if (std::filesystem::exists(path, error))
+            return path.string();
+    }
+    return utString::make_invalid();
+}
+
+void sglNlsHelp::set_nls_language(utString const & language)
+{
+    auto const * const encoding = sglApp::app().application_information()->ut_encoding();
+    m_translator = std::make_unique<vmrnlsTranslatorWithDatabases>(m_locale_path.ut_path_string(encoding));
+    nlsDomainManager::language(language);
+    m_requested_language = language;
+
+    utString found = find_language(language);
+    if (found.invalid()) {
+        utString const fall_back = nlsDomainManager::env_language(nlsLangFallBack).name();
+        found = find_language(fall_back);
+        if (!found.invalid()) {
+            nlsDomainManager::language(fall_back);
+        } else {
+            nlsDomainManager::the_regional_settings_flag = 0;
+            nlsDomainManager::the_env_language = "";
+            nlsDomainManager::the_env_type = 0;
+            nlsDomainManager::language(nlsDomainManager::no_translation_language());
+        }
+    }
+    m_used_language =
+        found.invalid() ? utString("English") : utString(std::filesystem::path(found.str()).stem().string());
+
+    // The first translation loads the databases: now, and not later on the worker thread.
+    m_translator->translate("vmrgrlib", "This string has no translation, it is only to wake up the nls system");
+
+    m_iso_locale = nlsDomainManager::get_iso_locale(m_used_language);
+    nlsDomainManager::numeric_translation(1);
+    m_formatter = std::make_unique<vmrnlsFormatterSimple>(std::string(1, nlsUtils::lookup_decimal_point()).c_str());
+    update_translator_and_formatter();
+    nlsDomainManager::numeric_translation(0);
+    put_back_c_character_locale();
+}
+
+void sglNlsHelp::set_wx_language()
+{
+    m_locale.reset(new wxLocale);
+    m_toolkit_language = m_used_language;
+    if (!init_wx_language(m_locale.get(), m_toolkit_language) &&
+        !(strip_country(m_toolkit_language) && init_wx_language(m_locale.get(), m_toolkit_language))) {
+        m_toolkit_language = "English";
+        init_wx_language(m_locale.get(), m_toolkit_language);
+    }
+    vmrnlsLocaleNumbers::save();
+    nlsDomainManager::numeric_translation(0);
+    put_back_c_character_locale();
+}
+
+int sglNlsHelp::init_wx_language(wxLocale * locale, utString const & language)
+{
+    wxLanguageInfo const * const info = wxLocale::FindLanguageInfo(wxtStringConverter::to_wx(language));
+    if (!info)
+        return 0;
+    utString const folder = sglApp::app().file_locator().schema_dir(sdbHRKDirectory::toolkit).find_dir("lib");
+    if (folder.invalid())
+        return 0;
+    wxFileTranslationsLoader::AddCatalogLookupPathPrefix(wxtStringConverter::to_wx(folder + "/locale"));
+    // The toolkit complains in a box when the machine lacks the locale; the result says the same.
+    wxLogNull const quiet;
+    return locale->Init(info->Language, wxLOCALE_LOAD_DEFAULT) ? 1 : 0;
+}
+
+int sglNlsHelp::strip_country(utString & language) const
+{
+    for (int i = 1; i < language.length(); ++i) {
+        if (language[i] == '_' || language[i] == '-') {
+            language = language.substring(0, i);
+            return 1;
+        }
+    }
+    return 0;
+}
+
+utString sglNlsHelp::vgsprintf(char const * domain, char const * format, utTextArguments const & arguments) const
+{
+    return m_translator_and_formatter->vtsprintf(domain, format, arguments);
+}
+
+vmrabsOutput * sglNlsHelp::make_new_connector(vmrnlsDisplayer * displayer) const
+{
+    return new vmrnlsConnector(m_translator.get(), m_formatter.get(), displayer);
+}
+
+int sglNlsHelp::string_to_int(utString text, int & error) const
+{
+    return m_parser->parse_int(text, error);
+}
+
+double sglNlsHelp::string_to_double(utString text, int & error) const
+{
+    return m_parser->parse_double(text, error);
+}
+
+void sglNlsHelp::update_translator_and_formatter()
+{
+    m_translator_and_formatter.reset();
+    m_translator_and_formatter =
+        std::make_unique<vmrnlsTranslatorAndFormatter>(m_translator.get(), m_formatter.get());
+}

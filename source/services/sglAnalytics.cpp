@@ -1,0 +1,32 @@
+#include "sglAnalytics.h"
+
+#include "ani/aniUsageDialogs.h"
+
+#include <wx/window.h>
+
+namespace {
+
+wchar_t const product_identifier[] = L"CRSWLK0100";
+
+} // namespace
+
+void sglAnalytics::initialise(utObserverPtr<vmrabsAppInfo const> info, utString const & a, utString const & b,
+                              utString const & text)
+{
+    auto const & encoding = *info->ut_encoding();
+    s2sAnalytics::initialise(apString(product_identifier), encoding.to_ap(a),
+                             encoding.to_ap(b));
+    m_text = encoding.to_ap(text);
+}
+
+void sglAnalytics::show_menu_dialog(wxWindow * parent) const
+{
+    if (is_initialised())
+        aniUsageDialogs::display_dialog(aniUsageDialogsFromMenu, parent->GetHandle(), m_text);
+}
+
+void sglAnalytics::show_startup_dialog(wxWindow * parent) const
+{
+    if (is_initialised())
+        aniUsageDialogs::display_dialog(aniUsageDialogsAtStartUp, parent->GetHandle(), m_text);
+}
