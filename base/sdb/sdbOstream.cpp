@@ -1,0 +1,44 @@
+#include "sdb/sdbOstream.h"
+
+#include <string>
+
+sdbOstream::sdbOstream(apISynchOperations const * operations) : m_section(operations) {}
+
+void sdbOstream::add_ostream(std::ostream * stream)
+{
+    apCriticalSectionScope const scope(m_section);
+    if (stream)
+        m_streams.push_back(stream);
+}
+
+void sdbOstream::auto_flush(int on)
+{
+    apCriticalSectionScope const scope(m_section);
+    m_auto_flush = on != 0;
+}
+
+void sdbOstream::print(char const * text)
+{
+    if (text)
+        write(text);
+}
+
+void sdbOstream::print_dot()
+{
+    write(".");
+}
+
+void sdbOstream::print_percent(int value)
+{
+    write(std::to_string(value) + "%");
+}
+
+void sdbOstream::write(std::string_view text)
+{
+    apCriticalSectionScope const scope(m_section);
+    for (auto * stream : m_streams) {
+        stream->write(text.data(), static_cast<std::streamsize>(text.size()));
+        if (m_auto_flush)
+            stream->flush();
+    }
+}

@@ -1,0 +1,1 @@
+set(SDB_TEXT_SOURCES sdbStringTable.cpp sdbOstream.cpp sdbOstreamDisplayer.cpp)
