@@ -12,3 +12,8 @@ void sduServices::add_service(sduServiceKey const & key, sduBaseServicePtr const
 {
     m_services.insert_or_assign(key, service.make_new());
 }
+
+void sduServices::remove_all_services()
+{
+    m_services.clear();
+}

@@ -35,6 +35,9 @@ public:
     void add_service(sduServiceKey const & key,
                      sduBaseServicePtr const & service); ///< replaces one of the same key
 
+protected:
+    void remove_all_services();
+
 private:
     std::map<sduServiceKey, std::unique_ptr<sduBaseServicePtr>> m_services;
 };

@@ -1,0 +1,26 @@
+set(SDB_CATALOGUE_SOURCES
+  sdbAppDirMap.cpp
+  sdbFile.cpp
+  sdbFileStamp.cpp
+  sdbFindFileByExtension.cpp
+  sdbFormatDeclaration.cpp
+  sdbFormatSignature.cpp
+  sdbManifestReader.cpp
+  sdbModuleFile.cpp
+  sdbModuleReader.cpp
+  sdbPathList.cpp
+  sdbSchemaDir.cpp
+  sdbSdbFileFactory.cpp
+  sdbSearchPath.cpp
+  sdbServiceDllManager.cpp
+  sdbServices.cpp
+  sdbTranslatorCache.cpp
+  sdbTranslatorCacheWriter.cpp
+  sdbTranslatorDlls.cpp
+  sdbTranslatorDllsFactory.cpp
+  sdbTranslatorInfo.cpp
+  sdbTranslatorInfoFactory.cpp
+  sdbTranslatorLoadStatus.cpp
+  sdbTranslatorScan.cpp
+  sdbTranslatorSearchPath.cpp
+  sdb_fix_resource_path.cpp)

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+#include <wx/string.h>
+
+#include "ut/utString.h"
+
+/// Moves text between the strings of the system, which are UTF-8, and those of the toolkit. Bytes that are
+/// not UTF-8 become the code points U+DC80 to U+DCFF and come back as those bytes, so that every file name
+/// survives the way there and back. No operation depends on the locale.
+class wxtStringConverter {
+public:
+    static wxString to_wx(utString const & text); ///< an invalid string gives an empty one
+    static wxString to_wx(std::string_view text);
+    static utString to_ut(wxString const & text);
+};
