@@ -47,10 +47,20 @@ int vmrTableInstance::add_resource(utString const & name, utString const & value
     auto const canonical = vmr_canonical_value(name.view(), value.view());
     if (!canonical)
         return 0;
+    set_override(name, *canonical);
+    return 1;
+}
+
+void vmrTableInstance::add_as_it_stands(coResourceBase const & resource)
+{
+    set_override(resource.key->name, resource.value_text());
+}
+
+void vmrTableInstance::set_override(utString const & name, utString const & value)
+{
     if (!m_table)
         m_table = std::make_shared<coResourceTable>();
-    m_table->set_value(name, *canonical);
-    return 1;
+    m_table->set_value(name, value);
 }
 
 void vmrTableInstance::reset()

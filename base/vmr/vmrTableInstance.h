@@ -33,6 +33,8 @@ public:
     /// Puts an override into table(), in its neutral form; an invalid instance gets a table for it and stays
     /// invalid. Zero, changing nothing, when the resource is registered and the text is no legal value of it.
     int add_resource(utString const & name, utString const & value);
+    /// Copies a resource into table() without looking at its value.
+    void add_as_it_stands(coResourceBase const & resource);
 
     int invalid() const { return !m_default_table; }
     int modified() const { return m_table && !m_table->empty(); } ///< whether there are overrides
@@ -54,6 +56,8 @@ public:
     std::map<std::string, std::string> effective_values() const;
 
 private:
+    void set_override(utString const & name, utString const & value);
+
     utString m_file;
     std::shared_ptr<coResourceTable> m_default_table;
     std::shared_ptr<coResourceTable> m_table;

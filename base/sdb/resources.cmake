@@ -1,0 +1,6 @@
+set(SDB_RESOURCE_SOURCES
+  sdbOrderedStringPairs.cpp
+  sdbResourceHandler.cpp
+  sdbResourceType.cpp
+  sdbTranslationData.cpp
+  sdbValidator.cpp)

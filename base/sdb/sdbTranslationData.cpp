@@ -1,0 +1,31 @@
+#include "sdb/sdbTranslationData.h"
+
+namespace {
+
+template <class T>
+T const * element(coPageArr<T> const & list, int index)
+{
+    return index >= 0 && index < list.count() ? &list[index] : nullptr;
+}
+
+} // namespace
+
+sdbProgressFinish sdbTranslationData::status(int index) const
+{
+    auto const found = element(m_status, index);
+    return found ? *found : sdbProgressUnknown;
+}
+
+utString const & sdbTranslationData::text(coPageArr<utString> const & list, int index)
+{
+    static utString const none = utString::make_invalid();
+    auto const found = element(list, index);
+    return found ? *found : none;
+}
+
+vmrTableInstance const & sdbTranslationData::table(Side const & side, int index)
+{
+    static vmrTableInstance const none;
+    auto const found = element(side.tables, index);
+    return found ? *found : none;
+}
