@@ -18,19 +18,30 @@ Converter open_converter(char const * to, char const * from)
     return Converter(converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter);
 }
 
-/// How many bytes of input that cannot be converted belong together.
-std::size_t sequence_length(std::string_view rest, bool utf8)
+/// The character that `text` begins with, or an empty piece where it does not begin with UTF-8.
+std::string_view first_character(std::string_view text)
 {
     std::size_t length = 1;
-    while (utf8 && static_cast<unsigned char>(rest[0]) >= 0xC0 && length < rest.size() &&
-           (static_cast<unsigned char>(rest[length]) & 0xC0) == 0x80)
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
         ++length;
-    return length;
+    auto const piece = text.substr(0, length);
+    return apString::from_utf8(piece).well_formed() ? piece : std::string_view();
 }
 
-/// Converts all of `text`. `replace` gives what stands in the output for a piece that cannot be converted.
+/// What goes into the output for input that cannot be converted, and how many bytes of input that accounts
+/// for.
+struct Replacement {
+    std::string text;
+    std::size_t length;
+};
+
+Replacement kept_byte(std::string_view rest)
+{
+    return {std::string(rest.substr(0, 1)), 1};
+}
+
 template <class Replace>
-std::string convert(iconv_t converter, std::string_view text, bool from_utf8, bool & error, Replace replace)
+std::string convert(iconv_t converter, std::string_view text, bool & error, Replace replace)
 {
     error = false;
     std::string result;
@@ -52,10 +63,10 @@ std::string convert(iconv_t converter, std::string_view text, bool from_utf8, bo
             error = true;
             // Some character sets write in a shifted state, which must end before bytes go in from outside.
             run(nullptr, nullptr);
-            auto const length = sequence_length({in, in_left}, from_utf8);
-            result += replace(std::string_view(in, length));
-            in += length;
-            in_left -= length;
+            auto const replacement = replace(std::string_view(in, in_left));
+            result += replacement.text;
+            in += replacement.length;
+            in_left -= replacement.length;
         }
     }
     run(nullptr, nullptr);
@@ -75,8 +86,7 @@ apString apStringCharsetEncoding::convert_to_ap(utString const & text, bool & er
     auto const converter = open_converter("UTF-8", m_charset.c_str());
     if (!converter)
         return apString::from_utf8(text.view());
-    auto const bytes = convert(converter.get(), text.view(), false, error,
-                               [](std::string_view piece) { return std::string(piece); });
+    auto const bytes = convert(converter.get(), text.view(), error, kept_byte);
     error = error || text.invalid();
     return apString::from_utf8(bytes);
 }
@@ -87,9 +97,9 @@ utString apStringCharsetEncoding::convert_to_ut(apString const & text, bool & er
     auto const converter = open_converter(m_charset.c_str(), "UTF-8");
     if (!converter)
         return utString(text.utf8());
-    return utString(convert(converter.get(), text.utf8(), true, error, [](std::string_view piece) {
-        // A single byte is one that the way in could not read: it goes back as it came.
-        bool const kept_byte = piece.size() == 1 && static_cast<unsigned char>(piece[0]) >= 0x80;
-        return kept_byte ? std::string(piece) : std::string("?");
+    return utString(convert(converter.get(), text.utf8(), error, [](std::string_view rest) {
+        // What is not UTF-8 here is a byte that the way in could not read: it goes back as it came.
+        auto const character = first_character(rest);
+        return character.empty() ? kept_byte(rest) : Replacement{"?", character.size()};
     }));
 }

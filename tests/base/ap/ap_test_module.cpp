@@ -1,0 +1,4 @@
+extern "C" int ap_test_answer()
+{
+    return 42;
+}
