@@ -1,0 +1,8 @@
+vmr_test(test_sdb_resources
+  SOURCES
+    sdbOrderedStringPairs_test.cpp
+    sdbResourceHandler_test.cpp
+    sdbResourceType_test.cpp
+    sdbTranslationData_test.cpp
+    sdbValidator_test.cpp
+  LIBRARIES base_sdb base_test_kit)
