@@ -21,7 +21,7 @@ public:
     {
         std::error_code ignored;
         for (auto const & entry : std::filesystem::recursive_directory_iterator(m_path, ignored))
-            if (entry.is_directory())
+            if (entry.is_directory(ignored))
                 std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all,
                                              std::filesystem::perm_options::add, ignored);
         std::filesystem::remove_all(m_path, ignored);

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "engineKit.h"
+#include "s2s/s2sFiles.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+TEST(Files, AreTheSameUnderEveryNameOfOneFile)
+{
+    kitTempFolder const folder;
+    write_text(folder / "a", "");
+    write_text(folder / "b", "");
+    fs::create_hard_link(folder / "a", folder / "hard");
+    fs::create_symlink("a", folder / "soft");
+    EXPECT_TRUE(s2s_same_file(folder / "a", folder / "hard"));
+    EXPECT_TRUE(s2s_same_file(folder / "soft", folder / "hard"));
+    EXPECT_TRUE(s2s_same_file(folder / "a", folder.path() / ".." / folder.path().filename() / "a"));
+    EXPECT_FALSE(s2s_same_file(folder / "a", folder / "b"));
+}
+
+TEST(Files, AreTheSameWhenTheyWouldLieInTheSamePlace)
+{
+    kitTempFolder const folder;
+    fs::create_directory(folder / "real");
+    fs::create_symlink("real", folder / "linked");
+    EXPECT_TRUE(s2s_same_file(folder / "real/new", folder / "linked/new"));
+    EXPECT_FALSE(s2s_same_file(folder / "real/new", folder / "real/other"));
+    EXPECT_FALSE(s2s_same_file(folder / "real", folder / "real/other"));
+}
+
+TEST(Files, AreFoundAmongOthers)
+{
+    kitTempFolder const folder;
+    write_text(folder / "a", "");
+    EXPECT_TRUE(s2s_is_one_of(folder / "a", {folder / "b", folder / "a"}));
+    EXPECT_FALSE(s2s_is_one_of(folder / "a", {}));
+}
+
+TEST(Files, LieWhereTheirLinksLead)
+{
+    kitTempFolder const folder;
+    fs::create_directory(folder / "d");
+    fs::create_symlink("d/target", folder / "first");
+    fs::create_symlink(folder / "first", folder / "second");
+    EXPECT_EQ(s2s_real_place(folder / "second"), folder / "d/target");
+    EXPECT_EQ(s2s_real_place(folder / "d/../plain"), folder / "plain");
+}
+
+TEST(Files, WithLinksInACircleComeToAnEnd)
+{
+    kitTempFolder const folder;
+    fs::create_symlink("b", folder / "a");
+    fs::create_symlink("a", folder / "b");
+    auto const place = s2s_real_place(folder / "a");
+    EXPECT_TRUE(place == folder / "a" || place == folder / "b");
+    EXPECT_TRUE(s2s_check_input(folder / "a"));
+}
+
+TEST(Files, MayBeWrittenWhenNewOrOrdinary)
+{
+    kitTempFolder const folder;
+    write_text(folder / "old", "");
+    EXPECT_FALSE(s2s_check_output(folder / "old"));
+    EXPECT_FALSE(s2s_check_output(folder / "new"));
+    EXPECT_TRUE(s2s_check_output(folder.path()));
+    EXPECT_TRUE(s2s_check_output("/dev/null"));
+    EXPECT_TRUE(s2s_check_output(folder / "bad\xFF"));
+}
+
+} // namespace

@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "kit/kitTempFolder.h"
+#include "s2s/s2sHostJob.h"
+#include "vmr/vmrTableInstance.h"
+
+namespace {
+
+using nlohmann::json;
+
+TEST(HostJob, HoldsEverythingThatTheHostNeeds)
+{
+    kitTempFolder const folder;
+    vmrTableInstance options;
+    options.initialise(folder / "none.rsc");
+    options.add_resource("testHealing", "true");
+    s2sTranslationElements const elements({{"/in/a.cad", &options, "/lib/a.so", 0, "A"}},
+                                          {"/out/b.cad", nullptr, "/lib/b.so", nullptr, 0, "B"});
+    auto const text = s2s_host_job(elements, {"/out/b.cad", "/out/.vmr-1", "/out/.vmr-1/b.cad"}, 1000);
+    EXPECT_EQ(text.find('\n'), std::string::npos);
+    json const expected = {{"job", 1},
+                           {"inputs",
+                            {{{"file", "/in/a.cad"},
+                              {"module", "/lib/a.so"},
+                              {"format", "A"},
+                              {"options", {{"testHealing", "true"}}}}}},
+                           {"output",
+                            {{"file", "/out/.vmr-1/b.cad"},
+                             {"final", "/out/b.cad"},
+                             {"module", "/lib/b.so"},
+                             {"format", "B"},
+                             {"options", json::object()}}},
+                           {"staging", "/out/.vmr-1"},
+                           {"memory_limit", 1000}};
+    EXPECT_EQ(json::parse(text), expected);
+}
+
+TEST(HostJob, MakesPathsAbsolute)
+{
+    s2sTranslationElements const elements({{"a.cad", nullptr, "a.so", 0, "A"}},
+                                          {"b.cad", nullptr, "b.so", nullptr, 0, "B"});
+    auto const job = json::parse(s2s_host_job(elements, {"/b.cad", "/.vmr-1", "/.vmr-1/b.cad"}, 0));
+    EXPECT_EQ(job["inputs"][0]["file"], (std::filesystem::current_path() / "a.cad").native());
+    EXPECT_EQ(job["output"]["module"], (std::filesystem::current_path() / "b.so").native());
+}
+
+TEST(HostJob, SendsTheOverrideInPlaceOfTheValueOfTheFile)
+{
+    kitTempFolder const folder;
+    vmrTableInstance options;
+    options.initialise(folder / "none.rsc");
+    options.default_table()->set_value("testTolerance", "1");
+    options.default_table()->set_value("testColour", "red");
+    options.add_resource("testTolerance", "2");
+    s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
+                                          {"/b", nullptr, "/b.so", nullptr, 0, "B"});
+    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0));
+    EXPECT_EQ(job["inputs"][0]["options"], (json{{"testTolerance", "2"}, {"testColour", "red"}}));
+}
+
+} // namespace
