@@ -12,7 +12,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds time_to_stop(300);
 // For a host that has said its last word or closed its socket and is still there.
-constexpr milliseconds time_to_leave(2000);
+constexpr milliseconds time_to_leave(1000);
 // How often to look for a request to stop where the channel could get no descriptor to wake us.
 constexpr milliseconds look_again(20);
 constexpr std::size_t longest_quote = 200;

@@ -1,5 +1,6 @@
 #include "s2s/s2sHostProcess.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -130,17 +131,23 @@ s2sHostExit s2sHostProcess::wait(std::chrono::milliseconds patience)
 
 bool s2sHostProcess::reap(int options)
 {
-    int status = 0;
-    pid_t result;
+    siginfo_t info{};
+    int result;
     do {
-        result = waitpid(m_pid, &status, options);
-    } while (result < 0 && errno == EINTR);
-    if (result == 0)
+        result = waitid(P_PID, static_cast<id_t>(m_pid), &info, WEXITED | WNOWAIT | options);
+    } while (result != 0 && errno == EINTR);
+    if (result == 0 && info.si_pid == 0)
         return false;
-    if (result == m_pid && WIFSIGNALED(status))
-        m_exit = {s2sHostExit::Kind::signal, WTERMSIG(status)};
-    else if (result == m_pid)
-        m_exit = {s2sHostExit::Kind::status, WEXITSTATUS(status)};
+    if (result == 0 && info.si_code == CLD_EXITED)
+        m_exit = {s2sHostExit::Kind::status, info.si_status};
+    else if (result == 0)
+        m_exit = {s2sHostExit::Kind::signal, info.si_status};
+
+    // Until it is reaped its number cannot belong to anybody else, so this is the time to end what it has
+    // started.
+    kill();
+    while (waitpid(m_pid, nullptr, 0) < 0 && errno == EINTR)
+        continue;
     m_pid = -1;
     return true;
 }

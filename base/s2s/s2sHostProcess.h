@@ -30,7 +30,8 @@ public:
     int descriptor() const { return m_descriptor; } ///< non-blocking socket; -1 before start
     void kill();                                    ///< at once, with everything that the host has started
 
-    /// Waits until the host has ended, and kills it when that takes longer than `patience`.
+    /// Waits until the host has ended, and kills it when that takes longer than `patience`. What the host has
+    /// started ends with it.
     s2sHostExit wait(std::chrono::milliseconds patience);
 
 private:

@@ -1,7 +1,5 @@
 #include "s2s/s2sJob.h"
 
-#include <exception>
-
 #include "s2s/s2sThreadComm.h"
 
 int s2s_run_job(s2sThreadComm & comm, std::function<int()> const & work)
@@ -12,7 +10,7 @@ int s2s_run_job(s2sThreadComm & comm, std::function<int()> const & work)
     int result = 0;
     try {
         result = work();
-    } catch (std::exception const &) {
+    } catch (...) {
         // What could be said has been said where it happened; a translation that is still open has failed.
         if (comm.current_translation_details().status() == s2sThreadNotEnded)
             comm.finish_translation(comm.writing() ? s2sThreadWriteError : s2sThreadReadError, 0, 0);
