@@ -1,0 +1,131 @@
+#include "nls/vmrnlsTranslatorWithDatabases.h"
+
+#include <atomic>
+#include <filesystem>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Surroundings.h"
+#include "kit/kitTempFolder.h"
+#include "nls/vmrnlsTranslatorDefault.h"
+
+namespace {
+
+class Translator : public testing::Test {
+protected:
+    Translator() { nlsDomainManager::language("de"); }
+
+    std::string text(char const * key, char const * domain = "sample") const
+    {
+        return translator.translate(domain, key).str();
+    }
+
+    Surroundings surroundings;
+    vmrnlsTranslatorWithDatabases translator{TEST_AUSTRIAN_FOLDER ":" TEST_LOCALE_FOLDER};
+};
+
+} // namespace
+
+TEST(DefaultTranslator, StripsTheContextAndLeavesTheTextInEnglish)
+{
+    vmrnlsTranslatorDefault const translator;
+    EXPECT_EQ(translator.translate("sample", "menu::Open"), utString("Open"));
+    EXPECT_EQ(translator.translate(nullptr, "cl:Open"), utString("cl:Open"));
+    EXPECT_EQ(translator.translate("sample", nullptr), utString(""));
+}
+
+TEST_F(Translator, FindsTheTextByItsContext)
+{
+    EXPECT_EQ(text("menu::Open"), "Öffnen");
+    EXPECT_EQ(text("state::Open"), "Offen");
+    EXPECT_EQ(text("Open"), "Auf");
+}
+
+TEST_F(Translator, FallsBackToEnglishWithoutTheContext)
+{
+    EXPECT_EQ(text("other::Open"), "Open");
+    EXPECT_EQ(text("menu::Close"), "Close");
+    EXPECT_EQ(text("menu::Open", "unknown domain"), "Open");
+    EXPECT_EQ(text("menu::Open", nullptr), "Open");
+}
+
+TEST_F(Translator, NeverTranslatesWhatIsNotToBe)
+{
+    EXPECT_EQ(text("menu::Open", "DO_NOT_TRANSLATE"), "Open");
+}
+
+TEST_F(Translator, DoesNotShowTheHeaderOfACatalogue)
+{
+    EXPECT_EQ(text(""), "");
+    EXPECT_EQ(text("menu::"), "");
+    EXPECT_EQ(translator.translate("sample", nullptr), utString(""));
+}
+
+TEST_F(Translator, TakesReorderedConversions)
+{
+    EXPECT_EQ(text("cl::File %s has %d parts\n"), "%2$d Teile hat die Datei %1$s\n");
+}
+
+TEST_F(Translator, PassesOverATranslationWithOtherConversions)
+{
+    EXPECT_EQ(text("bad::One argument %s"), "One argument %s");
+    EXPECT_EQ(text("bad::A number %d"), "A number %d");
+    EXPECT_EQ(text("bad::No argument"), "No argument");
+}
+
+TEST_F(Translator, FollowsTheLanguageInForce)
+{
+    nlsDomainManager::language("English");
+    EXPECT_EQ(text("menu::Open"), "Open");
+    nlsDomainManager::language("fr");
+    EXPECT_EQ(text("menu::Open"), "Open");
+    nlsDomainManager::language("de");
+    EXPECT_EQ(text("menu::Open"), "Öffnen");
+}
+
+TEST_F(Translator, UsesALanguageForItsCountries)
+{
+    nlsDomainManager::language("de_CH");
+    EXPECT_EQ(text("menu::Open"), "Öffnen");
+    nlsDomainManager::language("de_AT");
+    EXPECT_EQ(text("menu::January"), "Jänner");
+    nlsDomainManager::language("de");
+    EXPECT_EQ(text("menu::January"), "January");
+}
+
+TEST_F(Translator, IsNotLedAstrayByADamagedCatalogue)
+{
+    kitTempFolder const folder;
+    auto const whole = kit_read_file(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/sample.mo");
+    ASSERT_GT(whole.size(), 100u);
+    folder.write("de/LC_MESSAGES/garbage.mo", "this is no catalogue at all");
+    folder.write("de/LC_MESSAGES/empty.mo", "");
+    folder.write("de/LC_MESSAGES/half.mo", whole.substr(0, whole.size() / 2));
+    folder.write("de/LC_MESSAGES/stub.mo", whole.substr(0, 8));
+    vmrnlsTranslatorWithDatabases const damaged(folder.path().string());
+    for (char const * domain : {"garbage", "empty", "half", "stub"})
+        EXPECT_EQ(damaged.translate(domain, "other::Close"), utString("Close")) << domain;
+}
+
+TEST_F(Translator, WorksWithoutAnyFolder)
+{
+    vmrnlsTranslatorWithDatabases const homeless("");
+    EXPECT_EQ(homeless.translate("sample", "menu::Open"), utString("Open"));
+}
+
+TEST_F(Translator, ServesSeveralThreadsAtOnce)
+{
+    std::atomic<int> wrong = 0;
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([this, &wrong] {
+            for (int i = 0; i < 500; ++i)
+                wrong += text("menu::Open") != "Öffnen" || text("state::Open") != "Offen";
+        });
+    }
+    for (auto & thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
+}
