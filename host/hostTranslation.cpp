@@ -128,5 +128,5 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     if (auto result = writer->write(m_job.output.file, scope.Next(write_share)); !result) {
         return result;
     }
-    return sdk_check_written(m_job.output.file, m_job.final_name, 0);
+    return sdk_check_written(m_job.output.file, m_job.final_name);
 }

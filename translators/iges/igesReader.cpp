@@ -1,32 +1,141 @@
 #include "iges/igesReader.h"
 
+#include "iges/igesFile.h"
+#include "iges/igesSewing.h"
+#include "iges/igesUnits.h"
+#include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/sdkFiles.h"
+#include "sdk/sdkInputFile.h"
+
 #include <IGESControl_Controller.hxx>
+#include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESEntity.hxx>
+#include <IGESData_IGESModel.hxx>
 #include <Message_ProgressScope.hxx>
+#include <TCollection_HAsciiString.hxx>
+#include <XSControl_TransferReader.hxx>
+#include <XSControl_WorkSession.hxx>
+
+namespace {
+
+std::string unit_of(IGESData_GlobalSection const & section)
+{
+    if (auto const * unit = sdk_length_unit(section.UnitValue() * section.CascadeUnit())) {
+        return std::string(unit->english);
+    }
+    return section.UnitName().IsNull() ? "?" : section.UnitName()->ToCString();
+}
+
+} // namespace
 
 igesReader::igesReader(sdkContext & context) : m_context(context)
 {
+    auto const & options = context.options();
     IGESControl_Controller::Init();
+    if (double const precision = options.real("igesReadPrecision"); precision > 0.0) {
+        m_statics.set("read.precision.mode", "User");
+        m_statics.set("read.precision.val", precision);
+    }
     m_reader.emplace();
+    m_reader->SetReadVisible(options.boolean("igesReadVisibleOnly"));
+    m_reader->SetNameMode(options.boolean("igesReadNames"));
+    m_reader->SetColorMode(options.boolean("igesReadColours"));
+    m_reader->SetLayerMode(options.boolean("igesReadLayers"));
 }
 
 sdkResult igesReader::parse(std::string const & path, Message_ProgressRange const & range)
 {
-    if (m_reader->ReadFile(path.c_str()) != IFSelect_RetDone) {
-        return sdkResult::read_error(sdkText("iges::%s is not a valid IGES file", m_context.file()));
+    sdkInputFile file;
+    sdkText failure;
+    if (!file.open(path, failure)) {
+        return sdkResult::read_error(failure);
     }
-    return range.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
+    if (auto result = check_text(file); !result) {
+        return result;
+    }
+    Message_ProgressScope scope(range, nullptr, 1);
+    auto const status = m_reader->ReadFile(path.c_str());
+    auto const model = m_reader->IGESModel();
+    if (status != IFSelect_RetDone || model.IsNull() || model->NbEntities() == 0) {
+        return sdkResult::read_error(
+            sdkText("iges::%s has no entities that can be read; export it again from the "
+                    "program that made it",
+                    m_context.file()));
+    }
+    settle_unit();
+    sdk_report_load(model, m_context);
+    return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
+}
+
+sdkResult igesReader::check_text(sdkInputFile const & file) const
+{
+    igesFile const text(file.text());
+    auto const & name = m_context.file();
+    if (text.other_form) {
+        return sdkResult::read_error(sdkText(
+            "iges::%s is in the compressed or binary form of IGES, which is not supported; export it in the "
+            "form with records of 80 characters",
+            name));
+    }
+    if (!text.begins) {
+        return sdkResult::read_error(sdkText(
+            "iges::%s is not an IGES file: column 73 of its first line is not S; choose its real format",
+            name));
+    }
+    if (!text.is_whole()) {
+        return sdkResult::read_error(
+            sdkText("iges::%s is cut off after %d of its directory records, with no complete "
+                    "end; copy it or export it again",
+                    name, text.directory_records));
+    }
+    return sdkResult::completed();
+}
+
+void igesReader::settle_unit()
+{
+    auto const model = m_reader->IGESModel();
+    auto section = model->GlobalSection();
+    auto & reporter = m_context.reporter();
+    reporter.output("iges::Length unit of the file is %s", unit_of(section));
+    auto const * const wanted = sdk_length_unit(m_context.options().text("igesReadUnits"));
+    if (wanted) {
+        section.SetUnitFlag(iges_unit_flag(*wanted));
+        section.SetUnitName(new TCollection_HAsciiString(std::string(wanted->toolkit).c_str()));
+        model->SetGlobalSection(section);
+        reporter.output("iges::Its lengths are taken for %s, as the options ask", wanted->english);
+    }
 }
 
 sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
+    auto const & options = m_context.options();
+    TDF_LabelSequence const before = document.free_shapes();
+    sdkShapeProcessing const processing(sdkHealing::standard);
     Handle(TDocStd_Document) handle = document.handle();
-    Message_ProgressScope scope(range, nullptr, 1);
-    bool const transferred = m_reader->Transfer(handle, scope.Next());
+    bool const sewing = options.boolean("igesReadSolids");
+    Message_ProgressScope scope(range, nullptr, 10);
+    bool const transferred =
+        m_reader->NbRootsForTransfer() > 0 && m_reader->Transfer(handle, scope.Next(sewing ? 7 : 10));
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    if (!transferred) {
-        return sdkResult::read_error(sdkText("iges::%s has no shapes", m_context.file()));
+    sdk_report_transfer(m_reader->WS()->TransferReader()->TransientProcess(), m_reader->IGESModel(),
+                        STANDARD_TYPE(IGESData_IGESEntity), m_context);
+    auto const added = document.free_shapes_since(before);
+    if (!transferred || added.IsEmpty()) {
+        return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));
+    }
+    if (sewing) {
+        igesSewing sewer(document, options.real("igesReadSewTolerance"));
+        sewer.sew(added, sdk_file_stem(m_context.file()), scope.Next(3));
+        if (scope.UserBreak()) {
+            return sdkResult::cancelled();
+        }
+        if (sewer.solids() + sewer.shells() > 0) {
+            m_context.reporter().output("iges::%d faces were sewn into %d solids and %d open shells",
+                                        sewer.faces(), sewer.solids(), sewer.shells());
+        }
     }
     return sdkResult::completed();
 }

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkModule.h"
 
 #include <IGESCAFControl_Reader.hxx>
 
 #include <optional>
 
-// Reads files of IGES 5.3.
+class sdkInputFile;
+
+// Reads files of IGES up to version 5.3 in the form with records of 80 characters.
 class igesReader : public sdkReader {
 public:
     explicit igesReader(sdkContext & context);
@@ -15,6 +18,10 @@ public:
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
 
 private:
+    sdkResult check_text(sdkInputFile const & file) const;
+    void settle_unit();
+
     sdkContext & m_context;
+    sdkStatics m_statics;
     std::optional<IGESCAFControl_Reader> m_reader;
 };

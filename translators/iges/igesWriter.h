@@ -1,12 +1,13 @@
 #pragma once
 
+#include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkModule.h"
 
 #include <IGESCAFControl_Writer.hxx>
 
 #include <optional>
 
-// Writes files of IGES 5.3.
+// Writes files of IGES 5.3: trimmed surfaces, or solids as manifold solid B-rep objects.
 class igesWriter : public sdkWriter {
 public:
     explicit igesWriter(sdkContext & context);
@@ -16,5 +17,6 @@ public:
 
 private:
     sdkContext & m_context;
+    sdkStatics m_statics;
     std::optional<IGESCAFControl_Writer> m_writer;
 };

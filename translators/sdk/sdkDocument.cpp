@@ -2,6 +2,7 @@
 
 #include <BRep_Tool.hxx>
 #include <TCollection_AsciiString.hxx>
+#include <TDF_LabelMap.hxx>
 #include <TDataStd_Name.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
@@ -71,6 +72,21 @@ TDF_LabelSequence sdkDocument::free_shapes() const
     TDF_LabelSequence labels;
     m_shapes->GetFreeShapes(labels);
     return labels;
+}
+
+TDF_LabelSequence sdkDocument::free_shapes_since(TDF_LabelSequence const & before) const
+{
+    TDF_LabelMap known;
+    for (auto const & label : before) {
+        known.Add(label);
+    }
+    TDF_LabelSequence added;
+    for (auto const & label : free_shapes()) {
+        if (!known.Contains(label)) {
+            added.Append(label);
+        }
+    }
+    return added;
 }
 
 TDF_LabelSequence sdkDocument::parts() const

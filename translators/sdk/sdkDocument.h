@@ -40,6 +40,8 @@ public:
     Handle(XCAFDoc_LayerTool) const & layers() const { return m_layers; }
 
     TDF_LabelSequence free_shapes() const;
+    // The free shapes that are not among those that were there before.
+    TDF_LabelSequence free_shapes_since(TDF_LabelSequence const & before) const;
     // The definitions that are no assemblies, each once however often it is used.
     TDF_LabelSequence parts() const;
     bool empty() const;

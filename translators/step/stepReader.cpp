@@ -1,32 +1,131 @@
 #include "step/stepReader.h"
 
+#include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/sdkFlatten.h"
+#include "step/stepFile.h"
+
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
+#include <StepShape_Face.hxx>
+#include <TColStd_SequenceOfAsciiString.hxx>
+#include <XSControl_TransferReader.hxx>
+#include <XSControl_WorkSession.hxx>
+
+#include <istream>
+#include <set>
 
 stepReader::stepReader(sdkContext & context) : m_context(context)
 {
+    auto const & options = context.options();
     STEPControl_Controller::Init();
+    m_statics.set("read.step.codepage", options.text("stepReadCodePage"));
+    if (double const precision = options.real("stepReadPrecision"); precision > 0.0) {
+        m_statics.set("read.precision.mode", "User");
+        m_statics.set("read.precision.val", precision);
+    }
     m_reader.emplace();
+    m_reader->SetNameMode(options.boolean("stepReadNames"));
+    m_reader->SetColorMode(options.boolean("stepReadColours"));
+    m_reader->SetLayerMode(options.boolean("stepReadLayers"));
+    m_reader->SetPropsMode(Standard_False);
 }
 
 sdkResult stepReader::parse(std::string const & path, Message_ProgressRange const & range)
 {
-    if (m_reader->ReadFile(path.c_str()) != IFSelect_RetDone) {
-        return sdkResult::read_error(sdkText("step::%s is not a valid STEP file", m_context.file()));
+    sdkInputFile file;
+    sdkText failure;
+    if (!file.open(path, failure)) {
+        return sdkResult::read_error(failure);
     }
+    if (auto result = check_text(file); !result) {
+        return result;
+    }
+    file.advance(range);
+    std::istream stream(&file);
+    auto & reader = m_reader->ChangeReader();
+    auto const status = reader.ReadStream(path.c_str(), stream);
+    if (file.cancelled()) {
+        return sdkResult::cancelled();
+    }
+    if (status != IFSelect_RetDone || reader.Model().IsNull()) {
+        return sdkResult::read_error(
+            sdkText("step::%s breaks the rules of a STEP file and cannot be read; export it "
+                    "again from the program that made it",
+                    m_context.file()));
+    }
+    m_schema = stepFile(file.text()).schema;
+    sdk_report_load(reader.Model(), m_context);
     return range.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
+}
+
+sdkResult stepReader::check_text(sdkInputFile const & file) const
+{
+    stepFile const text(file.text());
+    auto const & name = m_context.file();
+    if (!text.begins) {
+        return sdkResult::read_error(sdkText(
+            "step::%s is not a STEP file: it does not begin with ISO-10303-21; choose its real format",
+            name));
+    }
+    if (!text.sections_end) {
+        return sdkResult::read_error(
+            sdkText("step::%s is cut off: the end of its data is missing after %d bytes; "
+                    "copy it or export it again",
+                    name, file.text().size()));
+    }
+    if (!text.ends) {
+        m_context.reporter().error(
+            "step::%s lacks its last line, END-ISO-10303-21; all data before it is read", name);
+    }
+    return sdkResult::completed();
 }
 
 sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
+    auto const & options = m_context.options();
+    if (m_reader->NbRootsForTransfer() == 0) {
+        return sdkResult::read_error(
+            sdkText("step::%s has no shapes that can be read; its schema is %s", m_context.file(), m_schema));
+    }
+    TDF_LabelSequence const before = document.free_shapes();
+    sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
+                                                                           : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
     Message_ProgressScope scope(range, nullptr, 1);
     bool const transferred = m_reader->Transfer(handle, scope.Next());
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    if (!transferred) {
-        return sdkResult::read_error(sdkText("step::%s has no shapes", m_context.file()));
+    auto & reader = m_reader->ChangeReader();
+    sdk_report_transfer(reader.WS()->TransferReader()->TransientProcess(), reader.Model(),
+                        STANDARD_TYPE(StepShape_Face), m_context);
+    TDF_LabelSequence const added = document.free_shapes_since(before);
+    if (!transferred || added.IsEmpty()) {
+        return sdkResult::read_error(sdkText("step::None of the shapes of %s could be read; its schema is %s",
+                                             m_context.file(), m_schema));
+    }
+    report_units();
+    if (options.text("stepReadStructure") == "flat") {
+        if (int const assemblies = sdk_flatten(document, added); assemblies > 0) {
+            m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),
+                                        assemblies);
+        }
     }
     return sdkResult::completed();
+}
+
+void stepReader::report_units()
+{
+    TColStd_SequenceOfAsciiString lengths;
+    TColStd_SequenceOfAsciiString angles;
+    TColStd_SequenceOfAsciiString solid_angles;
+    m_reader->ChangeReader().FileUnits(lengths, angles, solid_angles);
+    std::set<std::string> names;
+    for (auto const & length : lengths) {
+        names.insert(length.ToCString());
+    }
+    for (auto const & name : names) {
+        m_context.reporter().output("step::Length unit of the file is %s", name);
+    }
 }

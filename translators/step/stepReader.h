@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sdk/exchange/sdkStatics.h"
+#include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
 
 #include <STEPCAFControl_Reader.hxx>
@@ -15,6 +17,11 @@ public:
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
 
 private:
+    sdkResult check_text(sdkInputFile const & file) const;
+    void report_units();
+
     sdkContext & m_context;
+    sdkStatics m_statics;
     std::optional<STEPCAFControl_Reader> m_reader;
+    std::string m_schema;
 };

@@ -1,33 +1,106 @@
 #include "step/stepWriter.h"
 
+#include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/sdkFiles.h"
+#include "sdk/sdkFlatten.h"
+#include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkOutputFile.h"
+#include "step/stepHeader.h"
+#include "step/stepTextEncoding.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
+#include <StepData_Protocol.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepData_StepWriter.hxx>
+#include <Transfer_FinderProcess.hxx>
+#include <XSControl_TransferWriter.hxx>
+#include <XSControl_WorkSession.hxx>
+
+#include <algorithm>
+#include <ostream>
+#include <string_view>
+
+namespace {
+
+char const * schema_of(std::string const & option)
+{
+    if (option == "AP203") {
+        return "AP203";
+    }
+    return option == "AP242" ? "AP242DIS" : "AP214IS";
+}
+
+} // namespace
 
 stepWriter::stepWriter(sdkContext & context) : m_context(context)
 {
+    auto const & options = context.options();
     STEPControl_Controller::Init();
+    m_statics.set("write.step.schema", schema_of(options.text("stepWriteSchema")));
+    m_statics.set("write.step.unit",
+                  std::string(sdk_length_unit(options.text("vmrOptOutputUnits"))->toolkit));
+    m_statics.set("write.step.product.name", sdk_file_stem(context.file()));
+    if (double const precision = options.real("stepWritePrecision"); precision > 0.0) {
+        m_statics.set("write.precision.mode", "User");
+        m_statics.set("write.precision.val", precision);
+    }
     m_writer.emplace();
+    m_writer->SetNameMode(options.boolean("stepWriteNames"));
+    m_writer->SetColorMode(options.boolean("stepWriteColours"));
+    m_writer->SetLayerMode(options.boolean("stepWriteLayers"));
+    m_writer->SetPropsMode(Standard_False);
 }
 
 sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
+    auto const & options = m_context.options();
+    auto & reporter = m_context.reporter();
+    if (options.text("stepWriteStructure") == "flat") {
+        if (int const assemblies = sdk_flatten(document, document.free_shapes()); assemblies > 0) {
+            reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
+        }
+    }
+    auto const count = document.count_entities();
+    if (count.entities() == 0) {
+        reporter.error("step::There is nothing to write to %s", m_context.file());
+        return sdkResult::completed();
+    }
+    sdkShapeProcessing const processing(sdkHealing::standard);
     Message_ProgressScope scope(range, nullptr, 1);
     bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next());
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
+    auto const process = m_writer->ChangeWriter().WS()->TransferWriter()->FinderProcess();
+    auto const failed = std::min(sdk_report_transfer(process, m_context), count.entities());
+    reporter.failed(failed);
     if (!transferred) {
-        return sdkResult::write_error(sdkText("step::Nothing could be converted for %s", m_context.file()));
+        return sdkResult::write_error(
+            sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
-    m_context.reporter().processed(document.count_entities().entities());
+    reporter.processed(count.entities() - failed);
+    reporter.output("step::Length unit of the output is %s",
+                    sdk_length_unit(options.text("vmrOptOutputUnits"))->english);
     return sdkResult::completed();
 }
 
 sdkResult stepWriter::write(std::string const & path, Message_ProgressRange const & range)
 {
-    Message_ProgressScope scope(range, nullptr, 1);
-    m_writer->Write(path.c_str());
-    return sdk_check_written(path, m_context.file(), 0);
+    auto & writer = m_writer->ChangeWriter();
+    auto const model = writer.Model();
+    auto const & options = m_context.options();
+    stepHeader{sdk_file_name(m_context.file()), options.text("stepWriteAuthor"),
+               options.text("stepWriteOrganisation")}
+        .apply(model);
+
+    StepData_StepWriter text(model);
+    text.SendModel(Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()));
+    sdkOutputFile file(path, range);
+    stepTextEncoding encoding(file);
+    std::ostream stream(&encoding);
+    text.Print(stream);
+    encoding.finish();
+    return file.close(m_context.file());
 }

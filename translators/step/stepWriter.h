@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkModule.h"
 
 #include <STEPCAFControl_Writer.hxx>
@@ -16,5 +17,6 @@ public:
 
 private:
     sdkContext & m_context;
+    sdkStatics m_statics;
     std::optional<STEPCAFControl_Writer> m_writer;
 };

@@ -1,0 +1,76 @@
+#include "sdk/exchange/sdkShapeProcessing.h"
+
+#include <BRep_Tool.hxx>
+#include <Geom_ElementarySurface.hxx>
+#include <Geom_OffsetSurface.hxx>
+#include <Geom_RectangularTrimmedSurface.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopLoc_Location.hxx>
+#include <TopoDS.hxx>
+#include <XSAlgo.hxx>
+#include <XSAlgo_AlgoContainer.hxx>
+
+#include <string_view>
+
+namespace {
+
+// Surfaces whose axes are left-handed must be turned round before they are written.
+bool is_left_handed(Handle(Geom_Surface) surface)
+{
+    for (;;) {
+        if (auto const trimmed = Handle(Geom_RectangularTrimmedSurface)::DownCast(surface);
+            !trimmed.IsNull()) {
+            surface = trimmed->BasisSurface();
+        } else if (auto const offset = Handle(Geom_OffsetSurface)::DownCast(surface); !offset.IsNull()) {
+            surface = offset->BasisSurface();
+        } else {
+            break;
+        }
+    }
+    auto const elementary = Handle(Geom_ElementarySurface)::DownCast(surface);
+    return !elementary.IsNull() && !elementary->Position().Direct();
+}
+
+bool has_left_handed_surface(TopoDS_Shape const & shape)
+{
+    TopLoc_Location location;
+    for (TopExp_Explorer explorer(shape, TopAbs_FACE); explorer.More(); explorer.Next()) {
+        if (is_left_handed(BRep_Tool::Surface(TopoDS::Face(explorer.Current()), location))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+class Container : public XSAlgo_AlgoContainer {
+public:
+    explicit Container(sdkHealing reading) : m_reading(reading) {}
+
+    TopoDS_Shape ProcessShape(TopoDS_Shape const & shape, Standard_Real precision, Standard_Real tolerance,
+                              Standard_CString resource_file, Standard_CString sequence,
+                              Handle(Standard_Transient) & info, Message_ProgressRange const & range,
+                              Standard_Boolean non_manifold) const override
+    {
+        bool const writing = std::string_view(sequence).starts_with("write.");
+        if (writing ? !has_left_handed_surface(shape) : m_reading == sdkHealing::none) {
+            return shape;
+        }
+        return XSAlgo_AlgoContainer::ProcessShape(shape, precision, tolerance, resource_file, sequence, info,
+                                                  range, non_manifold);
+    }
+
+private:
+    sdkHealing m_reading;
+};
+
+} // namespace
+
+sdkShapeProcessing::sdkShapeProcessing(sdkHealing reading) : m_old(XSAlgo::AlgoContainer())
+{
+    XSAlgo::SetAlgoContainer(new Container(reading));
+}
+
+sdkShapeProcessing::~sdkShapeProcessing()
+{
+    XSAlgo::SetAlgoContainer(m_old);
+}

@@ -1,0 +1,59 @@
+#include "step/stepFile.h"
+
+#include <algorithm>
+
+namespace {
+
+// A header that is longer than this would be a very odd one; no schema is looked for beyond.
+constexpr std::size_t header_size = 64 * 1024;
+
+std::string_view without_space_and_comments(std::string_view text)
+{
+    for (;;) {
+        auto const begin = text.find_first_not_of(" \t\r\n\f\v");
+        text.remove_prefix(std::min(begin, text.size()));
+        if (!text.starts_with("/*")) {
+            return text;
+        }
+        auto const end = text.find("*/", 2);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
+    }
+}
+
+std::string schema_in(std::string_view header)
+{
+    std::string schema;
+    auto const begin = header.find("FILE_SCHEMA");
+    if (begin == std::string_view::npos) {
+        return schema;
+    }
+    auto rest = header.substr(begin);
+    rest = rest.substr(0, rest.find(';'));
+    for (auto quote = rest.find('\''); quote != std::string_view::npos; quote = rest.find('\'')) {
+        rest.remove_prefix(quote + 1);
+        auto const name = rest.substr(0, rest.find('\''));
+        schema += (schema.empty() ? "" : ", ");
+        schema += name.substr(0, name.find_first_of(" {"));
+        rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    }
+    return schema;
+}
+
+} // namespace
+
+stepFile::stepFile(std::string_view text)
+{
+    // Some exporters put a byte order mark before the text.
+    if (text.starts_with("\xEF\xBB\xBF")) {
+        text.remove_prefix(3);
+    }
+    begins = without_space_and_comments(text).starts_with("ISO-10303-21");
+    auto const end = text.rfind("END-ISO-10303-21");
+    ends = end != std::string_view::npos;
+    auto const sections = text.substr(0, end);
+    auto const data = sections.rfind("DATA");
+    auto const section_end = sections.rfind("ENDSEC");
+    sections_end =
+        data != std::string_view::npos && section_end != std::string_view::npos && data < section_end;
+    schema = schema_in(text.substr(0, header_size));
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "sdk/sdkText.h"
+
+#include <string>
+#include <string_view>
+
+// What the text of a STEP file shows before it is parsed, so that a file that is no use can be refused with
+// its reason.
+struct stepFile {
+    // Only white space and comments come before the words ISO-10303-21;
+    bool begins = false;
+    // The last section is closed. Nothing but white space, comments and signatures should follow it.
+    bool sections_end = false;
+    // The words END-ISO-10303-21; are there.
+    bool ends = false;
+    // What FILE_SCHEMA names, such as "AUTOMOTIVE_DESIGN", joined by commas.
+    std::string schema;
+
+    explicit stepFile(std::string_view text);
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <Standard_Handle.hxx>
+
+#include <string>
+
+class StepData_StepModel;
+
+// What the header section of an output says of where it comes from. Texts are UTF-8; empty ones are left out.
+struct stepHeader {
+    std::string file;
+    std::string author;
+    std::string organisation;
+
+    void apply(Handle(StepData_StepModel) const & model) const;
+};
