@@ -1,0 +1,189 @@
+#include "sdk/geometry/sdkPartEdit.h"
+
+#include <BRep_Builder.hxx>
+#include <Message_ProgressScope.hxx>
+#include <TNaming_Builder.hxx>
+#include <TopAbs.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+TopoDS_Shape without_place(TopoDS_Shape const & shape)
+{
+    return shape.Located(TopLoc_Location()).Oriented(TopAbs_FORWARD);
+}
+
+TopoDS_Shape at_place_of(TopoDS_Shape const & shape, TopoDS_Shape const & place)
+{
+    if (shape.IsNull()) {
+        return shape;
+    }
+    auto const moved = shape.Moved(place.Location());
+    return moved.Oriented(TopAbs::Compose(place.Orientation(), shape.Orientation()));
+}
+
+class Edit {
+public:
+    Edit(TDF_Label part, sdkShapeEdit const & edit) : m_part(std::move(part)), m_edit(edit) {}
+
+    sdkShapeHistory const & history() const { return m_history; }
+
+    TopoDS_Shape operator()(TopoDS_Shape const & shape)
+    {
+        auto const base = without_place(shape);
+        TopoDS_Shape edited;
+        if (!m_done.Find(base, edited)) {
+            edited = edited_base(base);
+            m_done.Bind(base, edited);
+            if (!edited.IsEqual(base)) {
+                m_history.replace(base, edited);
+            }
+        }
+        return at_place_of(edited, shape);
+    }
+
+private:
+    TopoDS_Shape edited_base(TopoDS_Shape const & base)
+    {
+        if (auto const edited = m_edit(m_part, base, m_history)) {
+            return *edited;
+        }
+        if (base.ShapeType() != TopAbs_COMPOUND) {
+            return base;
+        }
+        BRep_Builder builder;
+        TopoDS_Compound compound;
+        builder.MakeCompound(compound);
+        bool changed = false;
+        bool empty = true;
+        for (TopoDS_Iterator member(base); member.More(); member.Next()) {
+            auto const edited = (*this)(member.Value());
+            changed = changed || !edited.IsEqual(member.Value());
+            if (!edited.IsNull()) {
+                builder.Add(compound, edited);
+                empty = false;
+            }
+        }
+        if (empty) {
+            return {};
+        }
+        return changed ? TopoDS_Shape(compound) : base;
+    }
+
+    TDF_Label m_part;
+    sdkShapeEdit const & m_edit;
+    sdkShapeHistory m_history;
+    TopTools_DataMapOfShapeShape m_done;
+};
+
+void remove_everywhere(sdkDocument & document, TDF_Label const & label)
+{
+    TDF_LabelSequence users;
+    XCAFDoc_ShapeTool::GetUsers(label, users);
+    for (auto const & user : users) {
+        auto const assembly = user.Father();
+        document.shapes()->RemoveComponent(user);
+        if (XCAFDoc_ShapeTool::NbComponents(assembly) == 0) {
+            remove_everywhere(document, assembly);
+        }
+    }
+    document.shapes()->RemoveShape(label, Standard_True);
+}
+
+void forget_detail(sdkDocument & document, TDF_Label const & detail)
+{
+    for (auto const type : {XCAFDoc_ColorGen, XCAFDoc_ColorSurf, XCAFDoc_ColorCurv}) {
+        document.colours()->UnSetColor(detail, type);
+    }
+    document.layers()->UnSetLayers(detail);
+    detail.ForgetAllAttributes(Standard_True);
+}
+
+// Gives the part another shape and lets its labelled sub-shapes follow. Returns how many of them are gone.
+std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Shape const & shape,
+                       sdkShapeHistory const & history)
+{
+    TDF_LabelSequence details;
+    XCAFDoc_ShapeTool::GetSubShapes(part, details);
+    std::vector<std::pair<TDF_Label, TopoDS_Shape>> places;
+    for (auto const & detail : details) {
+        places.emplace_back(detail, XCAFDoc_ShapeTool::GetShape(detail));
+    }
+    document.shapes()->SetShape(part, shape);
+    std::int64_t gone = 0;
+    for (auto const & [detail, before] : places) {
+        auto const now = history.now(before);
+        if (now.IsNull() || !document.shapes()->IsSubShape(part, now)) {
+            forget_detail(document, detail);
+            ++gone;
+        } else if (!now.IsEqual(before)) {
+            TNaming_Builder(detail).Generated(now);
+        }
+    }
+    return gone;
+}
+
+} // namespace
+
+void sdkShapeHistory::replace(TopoDS_Shape const & before, TopoDS_Shape const & after)
+{
+    auto const back = before.Location().Inverted();
+    auto const base = without_place(before);
+    auto const orientation = TopAbs::Compose(before.Orientation(), TopAbs_FORWARD);
+    m_after.UnBind(base);
+    if (after.IsNull()) {
+        m_after.Bind(base, after);
+    } else {
+        m_after.Bind(base, after.Moved(back).Oriented(TopAbs::Compose(orientation, after.Orientation())));
+    }
+}
+
+TopoDS_Shape sdkShapeHistory::now(TopoDS_Shape const & before) const
+{
+    TopoDS_Shape after;
+    if (!m_after.Find(without_place(before), after)) {
+        return before;
+    }
+    return at_place_of(after, before);
+}
+
+sdkEditCounts sdk_edit_parts(sdkDocument & document, TDF_LabelSequence const & parts,
+                             sdkShapeEdit const & edit, Message_ProgressRange const & range)
+{
+    sdkEditCounts counts;
+    Message_ProgressScope scope(range, nullptr, parts.Length());
+    TDF_LabelSequence emptied;
+    for (auto const & part : parts) {
+        auto const before = XCAFDoc_ShapeTool::GetShape(part);
+        Edit part_edit(part, edit);
+        auto const after = before.IsNull() ? before : part_edit(before);
+        if (after.IsNull()) {
+            emptied.Append(part);
+        } else if (!after.IsEqual(before)) {
+            counts.details += set_shape(document, part, after, part_edit.history());
+            ++counts.changed;
+        }
+        scope.Next();
+        if (scope.UserBreak()) {
+            counts.cancelled = true;
+            break;
+        }
+    }
+    for (auto const & part : emptied) {
+        remove_everywhere(document, part);
+        ++counts.emptied;
+    }
+    if (counts.changed + counts.emptied > 0) {
+        document.shapes()->UpdateAssemblies();
+    }
+    return counts;
+}
+
+TopoDS_Shape sdk_edit_shape(TopoDS_Shape const & shape, sdkShapeEdit const & edit)
+{
+    return shape.IsNull() ? shape : Edit({}, edit)(shape);
+}
