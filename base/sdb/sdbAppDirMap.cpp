@@ -45,7 +45,8 @@ bool can_be_written(std::filesystem::path directory)
 
 sdbAppDirMap::sdbAppDirMap(utObserverPtr<apIProcessEnvironmentOperations const> environment)
     : m_environment(environment)
-{}
+{
+}
 
 sdbSearchPath const & sdbAppDirMap::search_path(sdbHRKDirectory kind) const
 {

@@ -10,7 +10,8 @@ public:
     /// Neither is owned.
     sdbFindFileByExtension(apIFileOperations const * files, apIStringCompare const * compare)
         : m_files(files), m_compare(compare)
-    {}
+    {
+    }
 
     bool find(apPathName const & directory, apString const & extension,
               std::vector<apPathName> & paths) const override;

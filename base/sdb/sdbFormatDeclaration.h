@@ -9,7 +9,7 @@
 /// What the manifest of a module says of one format.
 struct sdbFormatDeclaration {
     std::string name;
-    std::string filter; ///< label of the file filter, a key of the module's string table; may be empty
+    std::string filter; ///< label of the file filter, a key of the modules' string table; may be empty
     std::string category;
     std::vector<std::string> extensions; ///< without dots; new files get the first
     std::vector<sdbFormatSignature> signatures;

@@ -63,7 +63,9 @@ public:
     }
     std::uint64_t whole(std::uint64_t least, std::uint64_t most) const
     {
-        demand(m_value->is_number_unsigned(), "must be a whole number and not negative");
+        demand(m_value->is_number_unsigned() ||
+                   (m_value->is_number_integer() && m_value->get<std::int64_t>() >= 0),
+               "must be a whole number and not negative");
         auto const result = m_value->get<std::uint64_t>();
         demand(result >= least && result <= most,
                "must lie between " + std::to_string(least) + " and " + std::to_string(most));

@@ -14,11 +14,6 @@ constexpr std::size_t largest_manifest = 4 << 20;
 
 } // namespace
 
-std::string sdbTranslatorModule::domain() const
-{
-    return std::filesystem::path(module_path).stem().string();
-}
-
 std::string sdbModuleReader::module_path(std::string const & manifest_path)
 {
     return std::filesystem::path(manifest_path).replace_extension(".so").string();

@@ -17,7 +17,8 @@ sdbSearchPath with_user_first(apPathName const & user, sdbSearchPath const & ins
 sdbSchemaDir::sdbSchemaDir(apPathName const & user, sdbSearchPath const & installation)
     : m_user(user.utf8()), m_installation(installation.ut_path_string(nullptr)),
       m_all(with_user_first(user, installation))
-{}
+{
+}
 
 template <class Accept>
 utString sdbSchemaDir::find(utString const & name, Accept accept) const

@@ -13,7 +13,8 @@ public:
     sdbSdbFileFactory(utObserverPtr<apIStringEncoding const> encoding,
                       utObserverPtr<apIFileOperations const> files)
         : m_encoding(encoding), m_files(files)
-    {}
+    {
+    }
 
     /// Nothing is opened or made on the disk yet.
     virtual sdbFile make_file(utString const & path) const;

@@ -9,7 +9,8 @@ sdbServiceDllManager::sdbServiceDllManager(sdbSearchPath const & services_path,
                                            utObserverPtr<sdbIDynamicLibraryLoader> loader,
                                            utObserverPtr<vmrabsAppInfo> info)
     : m_path(services_path), m_loader(loader), m_info(info)
-{}
+{
+}
 
 void sdbServiceDllManager::load_services(sduServices & services)
 {

@@ -7,7 +7,8 @@ sdbTranslatorDllsFactory::sdbTranslatorDllsFactory(apIStringEncoding const *,
                                                    apIStringCompare const * compare,
                                                    sdbTranslatorInfoFactory const * infos)
     : m_compare(compare), m_infos(infos)
-{}
+{
+}
 
 sdbTranslatorLoadStatus sdbTranslatorDllsFactory::create_translator_dlls(
     apPathName const & cache_file, sdbTranslatorSearchPath const & search_path,

@@ -11,7 +11,8 @@ sdbTranslatorInfo::sdbTranslatorInfo(std::shared_ptr<sdbTranslatorModule const> 
                                      s2sTranslatorLoader * loader)
     : m_module(std::move(module)), m_format(format), m_name(apString::from_utf8(format.name)),
       m_category_order(category_order), m_loader(loader)
-{}
+{
+}
 
 void sdbTranslatorInfo::load(sdbTranslatorLoadStatus & status) const
 {
@@ -37,7 +38,7 @@ void sdbTranslatorInfo::load(sdbTranslatorLoadStatus & status) const
 
 sdbUntranslatedFilterElement sdbTranslatorInfo::filter() const
 {
-    return {utString(m_format.filter_text()), utString(m_module->domain()), m_category_order};
+    return {utString(m_format.filter_text()), sdb_module_domain, m_category_order};
 }
 
 apPathName sdbTranslatorInfo::change_extension(apPathName const & path) const

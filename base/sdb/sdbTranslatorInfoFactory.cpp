@@ -5,7 +5,8 @@
 sdbTranslatorInfoFactory::sdbTranslatorInfoFactory(s2sTranslatorLoader * loader, apIStringEncoding const *,
                                                    apIStringCompare const *)
     : m_loader(loader)
-{}
+{
+}
 
 std::unique_ptr<sdbTranslatorInfo>
 sdbTranslatorInfoFactory::make(std::shared_ptr<sdbTranslatorModule const> module,

@@ -9,6 +9,9 @@
 #include "sdb/sdbFileStamp.h"
 #include "sdb/sdbFormatDeclaration.h"
 
+/// The string-table domain of the texts of all modules and of the translation process.
+inline constexpr char const * sdb_module_domain = "vmrhost";
+
 /// One translator module: its files, what they looked like when the manifest was read, and what the manifest
 /// says.
 struct sdbTranslatorModule {
@@ -18,9 +21,6 @@ struct sdbTranslatorModule {
     sdbFileStamp module_stamp;
     std::shared_ptr<nlohmann::json const> manifest;
     std::vector<sdbFormatDeclaration> formats;
-
-    /// The string-table domain of the module's texts: the module's name without directory and extension.
-    std::string domain() const;
 };
 
 /// A module that could not be taken into the catalogue.

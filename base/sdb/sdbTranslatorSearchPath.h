@@ -12,7 +12,8 @@ public:
     /// The finder is not owned.
     sdbTranslatorSearchPath(sdbSearchPath search_path, sdbIFindByExtension const * finder)
         : m_search_path(std::move(search_path)), m_finder(finder)
-    {}
+    {
+    }
 
     std::vector<std::string> directories() const;
     /// The manifests in one of the directories, in the order of their names. False when it cannot be read.

@@ -8,7 +8,8 @@ public:
     sdbUntranslatedFilterElement() = default;
     sdbUntranslatedFilterElement(utString const & filter_string, utString const & tag, int category_order)
         : m_filter_string(filter_string), m_tag(tag), m_category_order(category_order)
-    {}
+    {
+    }
 
     int category_order() const
     {
