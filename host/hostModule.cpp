@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 #include <filesystem>
+#include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -46,6 +48,7 @@ std::unique_ptr<hostModule> hostModule::load(std::string const & path, std::stri
         failure = other_version(path, found);
         return nullptr;
     }
+    module->m_path = path;
     module->m_format = format;
     module->m_module = reinterpret_cast<decltype(&sdk_module)>(entry)();
     return module;
@@ -53,10 +56,14 @@ std::unique_ptr<hostModule> hostModule::load(std::string const & path, std::stri
 
 std::unique_ptr<sdkReader> hostModule::make_reader(sdkContext & context) const
 {
-    return m_module->make_reader(m_format, context);
+    auto reader = m_module->make_reader(m_format, context);
+    return reader ? std::move(reader)
+                  : throw std::logic_error(m_path + " does not make the reader it declares");
 }
 
 std::unique_ptr<sdkWriter> hostModule::make_writer(sdkContext & context) const
 {
-    return m_module->make_writer(m_format, context);
+    auto writer = m_module->make_writer(m_format, context);
+    return writer ? std::move(writer)
+                  : throw std::logic_error(m_path + " does not make the writer it declares");
 }

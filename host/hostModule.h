@@ -16,6 +16,7 @@ public:
                                             bool for_reading, sdkText & failure);
 
     std::vector<sdkResource> const & resources() const { return m_manifest.format(m_format)->resources; }
+    // A module that does not keep what its manifest declares throws std::logic_error.
     std::unique_ptr<sdkReader> make_reader(sdkContext & context) const;
     std::unique_ptr<sdkWriter> make_writer(sdkContext & context) const;
 
@@ -23,6 +24,7 @@ private:
     hostModule() = default;
 
     sdkManifest m_manifest;
+    std::string m_path;
     std::string m_format;
     sdkModule const * m_module = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "host/hostTranslation.h"
 
+#include "host/hostMerge.h"
 #include "host/hostModule.h"
 #include "host/hostProgress.h"
 #include "sdk/sdkFiles.h"
@@ -9,6 +10,7 @@
 #include <Standard_OutOfMemory.hxx>
 
 #include <filesystem>
+#include <optional>
 
 namespace {
 
@@ -66,10 +68,21 @@ sdkResult hostTranslation::translate()
     Message_ProgressScope scope(progress->Start(), nullptr, reading + write_transfer_share + write_share);
 
     sdkDocument document;
+    std::optional<hostMerge> merge;
+    if (m_job.inputs.size() > 1) {
+        merge.emplace(document, m_job.final_name);
+    }
     for (auto const & input : m_job.inputs) {
+        auto const before = document.free_shapes();
         if (auto result = read(input, document, scope.Next(reading / inputs)); !result) {
             return result;
         }
+        if (merge) {
+            merge->add(document.free_shapes_since(before), input.file);
+        }
+    }
+    if (merge) {
+        merge->finish();
     }
     return write(document, scope.Next(write_transfer_share + write_share));
 }
@@ -121,6 +134,7 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     if (auto result = writer->transfer(document, scope.Next(write_transfer_share)); !result) {
         return result;
     }
+    // Nothing was converted: the writer has said why, and an empty file helps nobody.
     if (m_reporter.processed() == 0) {
         return sdkResult::completed();
     }

@@ -1,6 +1,10 @@
 #include "host/hostChannel.h"
 #include "host/hostTranslation.h"
 
+#include <Message.hxx>
+#include <Message_Messenger.hxx>
+#include <Message_Printer.hxx>
+
 #include <csignal>
 #include <cstdio>
 #include <sys/resource.h>
@@ -27,6 +31,14 @@ int take_standard_output()
     return descriptor;
 }
 
+// What goes on in detail interests nobody; each printed line costs time.
+void quieten_toolkit()
+{
+    for (auto const & printer : Message::DefaultMessenger()->ChangePrinters()) {
+        printer->SetTraceLevel(Message_Alarm);
+    }
+}
+
 void limit_memory(std::uint64_t bytes)
 {
     if (bytes > 0) {
@@ -50,6 +62,7 @@ int main()
     }
     channel.watch(job.staging);
     limit_memory(job.memory_limit);
+    quieten_toolkit();
 
     hostTranslation translation(job, events, channel.cancelled());
     auto const result = translation.run();

@@ -5,6 +5,7 @@
 #include "iges/igesUnits.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkInputFile.h"
 
@@ -137,5 +138,6 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
                                         sewer.faces(), sewer.solids(), sewer.shells());
         }
     }
+    sdk_filter_by_options(document, sdkDocument::parts_of(document.free_shapes_since(before)), m_context);
     return sdkResult::completed();
 }

@@ -1,3 +1,145 @@
 #include "iges/igesSewing.h"
 
-void igesSewing::sew(TDF_LabelSequence const &, std::string const &, Message_ProgressRange const &) {}
+#include "sdk/geometry/sdkSolids.h"
+#include "sdk/sdkAttributes.h"
+
+#include <BRepBuilderAPI_Sewing.hxx>
+#include <BRep_Builder.hxx>
+#include <Message_ProgressScope.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
+
+namespace {
+
+bool can_be_sewn(TopoDS_Shape const & shape)
+{
+    return shape.ShapeType() == TopAbs_FACE || shape.ShapeType() == TopAbs_SHELL;
+}
+
+void append(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, TopAbs_ShapeEnum avoided,
+            std::vector<TopoDS_Shape> & found)
+{
+    for (TopExp_Explorer explorer(shape, kind, avoided); explorer.More(); explorer.Next()) {
+        found.push_back(explorer.Current());
+    }
+}
+
+TopoDS_Shape together(std::vector<TopoDS_Shape> const & shapes)
+{
+    if (shapes.size() == 1) {
+        return shapes.front();
+    }
+    BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (auto const & shape : shapes) {
+        builder.Add(compound, shape);
+    }
+    return compound;
+}
+
+} // namespace
+
+void igesSewing::sew(TDF_LabelSequence const & labels, std::string const & name,
+                     Message_ProgressRange const & range)
+{
+    auto const gathered = gather_single_faces(labels, name);
+    auto const edit = [this](TDF_Label const &, TopoDS_Shape const & shape,
+                             sdkShapeHistory & history) -> std::optional<TopoDS_Shape> {
+        if (can_be_sewn(shape) || shape.ShapeType() == TopAbs_COMPOUND) {
+            return sewn(shape, history);
+        }
+        return std::nullopt;
+    };
+    sdk_edit_parts(m_document, sdkDocument::parts_of(gathered), edit, range);
+}
+
+// A cube may come as six faces that belong to no group, each of them a free shape. They become one part.
+TDF_LabelSequence igesSewing::gather_single_faces(TDF_LabelSequence const & labels, std::string const & name)
+{
+    TDF_LabelSequence single;
+    TDF_LabelSequence others;
+    std::vector<TopoDS_Shape> faces;
+    for (auto const & label : labels) {
+        auto const shape = XCAFDoc_ShapeTool::GetShape(label);
+        if (shape.ShapeType() == TopAbs_FACE) {
+            single.Append(label);
+            faces.push_back(shape);
+        } else {
+            others.Append(label);
+        }
+    }
+    if (single.Length() < 2) {
+        return labels;
+    }
+    auto const part = m_document.add_shape(together(faces), name);
+    for (auto const & label : single) {
+        TDF_Label detail;
+        if (m_document.shapes()->AddSubShape(part, XCAFDoc_ShapeTool::GetShape(label), detail)) {
+            sdk_add_attributes(m_document, label, detail);
+        }
+        m_document.shapes()->RemoveShape(label, Standard_True);
+    }
+    others.Append(part);
+    return others;
+}
+
+TopoDS_Shape igesSewing::sewn(TopoDS_Shape const & shape, sdkShapeHistory & history)
+{
+    std::vector<TopoDS_Shape> faces;
+    std::vector<TopoDS_Shape> results;
+    bool changed = false;
+    if (can_be_sewn(shape)) {
+        append(shape, TopAbs_FACE, TopAbs_SHAPE, faces);
+    } else {
+        for (TopoDS_Iterator member(shape); member.More(); member.Next()) {
+            if (can_be_sewn(member.Value())) {
+                append(member.Value(), TopAbs_FACE, TopAbs_SHAPE, faces);
+            } else if (member.Value().ShapeType() == TopAbs_COMPOUND) {
+                results.push_back(sewn(member.Value(), history));
+                changed = changed || !results.back().IsEqual(member.Value());
+            } else {
+                results.push_back(member.Value());
+            }
+        }
+    }
+    if (faces.size() < 2 && !changed) {
+        return shape;
+    }
+    sew_faces(faces, results, history);
+    return together(results);
+}
+
+void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<TopoDS_Shape> & results,
+                           sdkShapeHistory & history)
+{
+    if (faces.size() < 2) {
+        results.insert(results.end(), faces.begin(), faces.end());
+        return;
+    }
+    BRepBuilderAPI_Sewing sewing(m_tolerance);
+    for (auto const & face : faces) {
+        sewing.Add(face);
+    }
+    sewing.Perform();
+    auto const whole = sewing.SewedShape();
+    if (whole.IsNull()) {
+        results.insert(results.end(), faces.begin(), faces.end());
+        return;
+    }
+    for (auto const & face : faces) {
+        if (sewing.IsModified(face)) {
+            history.replace(face, sewing.Modified(face));
+        }
+    }
+    std::vector<TopoDS_Shape> shells;
+    append(whole, TopAbs_SHELL, TopAbs_SHAPE, shells);
+    for (auto const & body : sdk_make_solids(shells)) {
+        (body.ShapeType() == TopAbs_SOLID ? m_solids : m_shells) += 1;
+        results.push_back(body);
+    }
+    // Faces that touch no other one.
+    append(whole, TopAbs_FACE, TopAbs_SHELL, results);
+    m_faces += static_cast<std::int64_t>(faces.size());
+}

@@ -1,40 +1,36 @@
 #pragma once
 
-#include "sdk/sdkDocument.h"
+#include "sdk/geometry/sdkPartEdit.h"
 
 #include <Message_ProgressRange.hxx>
 
 #include <string>
 #include <vector>
 
-class BRepBuilderAPI_Sewing;
-class TopoDS_Shape;
-
 // Sews faces that a file gives one by one into shells, and closed shells into solids. Faces of one group of
 // the file are sewn to each other only; faces that stand alone are sewn to all others that stand alone.
+// Names, colours and layers stay with the faces.
 class igesSewing {
 public:
     igesSewing(sdkDocument & document, double tolerance) : m_document(document), m_tolerance(tolerance) {}
 
-    // Replaces those of the labels that have faces to sew. The name is for what comes from faces that stood
-    // alone. Names, colours and layers stay with their faces. When the user cancels, nothing more is
-    // replaced.
+    // Works on these free shapes. The name is for what comes of faces that stood alone. When the user
+    // cancels, what is not sewn yet stays as it is.
     void sew(TDF_LabelSequence const & labels, std::string const & name, Message_ProgressRange const & range);
 
-    int faces() const { return m_faces; }
-    int solids() const { return m_solids; }
-    int shells() const { return m_shells; }
+    std::int64_t faces() const { return m_faces; }
+    std::int64_t solids() const { return m_solids; }
+    std::int64_t shells() const { return m_shells; }
 
 private:
-    bool sew_together(TDF_LabelSequence const & labels, std::string const & name,
-                      Message_ProgressRange const & range);
-    TopoDS_Shape with_solids(TopoDS_Shape const & sewn);
-    void carry_attributes(TDF_Label const & from, TDF_Label const & to, BRepBuilderAPI_Sewing const & sewing);
-    void copy_attributes(TDF_Label const & from, TDF_Label const & to);
+    TDF_LabelSequence gather_single_faces(TDF_LabelSequence const & labels, std::string const & name);
+    TopoDS_Shape sewn(TopoDS_Shape const & shape, sdkShapeHistory & history);
+    void sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<TopoDS_Shape> & results,
+                   sdkShapeHistory & history);
 
     sdkDocument & m_document;
     double m_tolerance;
-    int m_faces = 0;
-    int m_solids = 0;
-    int m_shells = 0;
+    std::int64_t m_faces = 0;
+    std::int64_t m_solids = 0;
+    std::int64_t m_shells = 0;
 };

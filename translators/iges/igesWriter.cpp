@@ -1,5 +1,6 @@
 #include "iges/igesWriter.h"
 
+#include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/sdkFiles.h"
@@ -35,25 +36,24 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
 sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
     auto & reporter = m_context.reporter();
-    auto const count = document.count_entities();
-    if (count.entities() == 0) {
-        reporter.error("iges::There is nothing to write to %s", m_context.file());
-        return sdkResult::completed();
+    Message_ProgressScope scope(range, nullptr, 10);
+    sdkBrepOutput output("IGES", "iges", m_context);
+    if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
+        return result;
     }
+    auto const entities = output.count().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
-    Message_ProgressScope scope(range, nullptr, 1);
-    bool const transferred = m_writer->Transfer(document.handle(), scope.Next());
+    bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    auto const failed =
-        std::min(sdk_report_transfer(m_writer->TransferProcess(), m_context), count.entities());
+    auto const failed = std::min(sdk_report_transfer(m_writer->TransferProcess(), m_context), entities);
     reporter.failed(failed);
     if (!transferred) {
         return sdkResult::write_error(
             sdkText("iges::The shapes for %s could not be converted to IGES", m_context.file()));
     }
-    reporter.processed(count.entities() - failed);
+    reporter.processed(entities - failed);
     reporter.output("iges::Length unit of the output is %s",
                     sdk_length_unit(m_context.options().text("vmrOptOutputUnits"))->english);
     return sdkResult::completed();

@@ -102,6 +102,33 @@ TDF_LabelSequence sdkDocument::parts() const
     return parts;
 }
 
+TDF_LabelSequence sdkDocument::parts_of(TDF_LabelSequence const & shapes)
+{
+    TDF_LabelMap seen;
+    TDF_LabelSequence waiting = shapes;
+    TDF_LabelSequence parts;
+    while (!waiting.IsEmpty()) {
+        TDF_Label const label = waiting.Last();
+        waiting.Remove(waiting.Length());
+        if (!seen.Add(label)) {
+            continue;
+        }
+        if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
+            parts.Append(label);
+            continue;
+        }
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(label, components);
+        for (auto const & component : components) {
+            TDF_Label referred;
+            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+                waiting.Append(referred);
+            }
+        }
+    }
+    return parts;
+}
+
 bool sdkDocument::empty() const
 {
     return free_shapes().IsEmpty();

@@ -44,6 +44,8 @@ public:
     TDF_LabelSequence free_shapes_since(TDF_LabelSequence const & before) const;
     // The definitions that are no assemblies, each once however often it is used.
     TDF_LabelSequence parts() const;
+    // Those of them that the given shapes are or use.
+    static TDF_LabelSequence parts_of(TDF_LabelSequence const & shapes);
     bool empty() const;
 
     sdkEntityCount count_entities() const;

@@ -1,13 +1,11 @@
 #include "sdk/sdkFlatten.h"
 
+#include "sdk/sdkAttributes.h"
+
 #include <TopLoc_Location.hxx>
 #include <TopoDS_Shape.hxx>
 
-#include <array>
-
 namespace {
-
-constexpr std::array colour_types{XCAFDoc_ColorGen, XCAFDoc_ColorSurf, XCAFDoc_ColorCurv};
 
 class Flattening {
 public:
@@ -37,9 +35,9 @@ private:
     {
         auto const shape = XCAFDoc_ShapeTool::GetShape(part).Moved(location);
         auto const label = m_document.shapes()->AddShape(shape, Standard_False);
-        copy_attributes(part, label);
+        sdk_add_attributes(m_document, part, label);
         for (int place = places.Length(); place >= 1; --place) {
-            copy_attributes(places(place), label);
+            sdk_add_attributes(m_document, places(place), label);
         }
         TDF_LabelSequence details;
         XCAFDoc_ShapeTool::GetSubShapes(part, details);
@@ -48,26 +46,8 @@ private:
             auto const moved = XCAFDoc_ShapeTool::GetShape(detail).Moved(location);
             m_document.shapes()->AddSubShape(label, moved, copy);
             if (!copy.IsNull()) {
-                copy_attributes(detail, copy);
+                sdk_add_attributes(m_document, detail, copy);
             }
-        }
-    }
-
-    void copy_attributes(TDF_Label const & from, TDF_Label const & to)
-    {
-        if (sdkDocument::name(to).empty()) {
-            sdkDocument::set_name(to, sdkDocument::name(from));
-        }
-        for (auto const type : colour_types) {
-            TDF_Label colour;
-            if (!m_document.colours()->IsSet(to, type) && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
-                m_document.colours()->SetColor(to, colour, type);
-            }
-        }
-        TDF_LabelSequence layers;
-        m_document.layers()->GetLayers(from, layers);
-        for (auto const & layer : layers) {
-            m_document.layers()->SetLayer(to, layer);
         }
     }
 

@@ -45,6 +45,12 @@ std::optional<double> number_of(sdkResource const & resource, std::string const 
     return 0.0;
 }
 
+// The command line gives the general options to every format, whether or not they mean anything there.
+bool is_general(std::string const & name)
+{
+    return name.starts_with("vmrOpt") || name.starts_with("vmrTol");
+}
+
 bool in_range(sdkResource const & resource, double number)
 {
     return (!resource.minimum || number >= *resource.minimum) &&
@@ -66,6 +72,9 @@ sdkOptions::sdkOptions(std::vector<sdkResource> const & declared,
     for (auto const & [name, text] : values) {
         auto const resource = std::find_if(declared.begin(), declared.end(),
                                            [&](auto const & one) { return one.name == name; });
+        if (resource == declared.end() && is_general(name)) {
+            continue;
+        }
         if (resource == declared.end()) {
             problems.emplace_back("host::The format has no option %s; its value %s has no effect", name,
                                   text);

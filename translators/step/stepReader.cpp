@@ -2,6 +2,7 @@
 
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
 #include "step/stepFile.h"
 
@@ -112,6 +113,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
                                         assemblies);
         }
     }
+    sdk_filter_by_options(document, sdkDocument::parts_of(document.free_shapes_since(before)), m_context);
     return sdkResult::completed();
 }
 
@@ -123,7 +125,9 @@ void stepReader::report_units()
     m_reader->ChangeReader().FileUnits(lengths, angles, solid_angles);
     std::set<std::string> names;
     for (auto const & length : lengths) {
-        names.insert(length.ToCString());
+        TCollection_AsciiString name = length;
+        name.LowerCase();
+        names.insert(name.ToCString());
     }
     for (auto const & name : names) {
         m_context.reporter().output("step::Length unit of the file is %s", name);

@@ -1,5 +1,6 @@
 #include "step/stepWriter.h"
 
+#include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/sdkFiles.h"
@@ -62,25 +63,25 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
         }
     }
-    auto const count = document.count_entities();
-    if (count.entities() == 0) {
-        reporter.error("step::There is nothing to write to %s", m_context.file());
-        return sdkResult::completed();
+    Message_ProgressScope scope(range, nullptr, 10);
+    sdkBrepOutput output("STEP", "step", m_context);
+    if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
+        return result;
     }
+    auto const entities = output.count().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
-    Message_ProgressScope scope(range, nullptr, 1);
-    bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next());
+    bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next(9));
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
     auto const process = m_writer->ChangeWriter().WS()->TransferWriter()->FinderProcess();
-    auto const failed = std::min(sdk_report_transfer(process, m_context), count.entities());
+    auto const failed = std::min(sdk_report_transfer(process, m_context), entities);
     reporter.failed(failed);
     if (!transferred) {
         return sdkResult::write_error(
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
-    reporter.processed(count.entities() - failed);
+    reporter.processed(entities - failed);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->english);
     return sdkResult::completed();
