@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
+#include <optional>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 
@@ -9,126 +12,191 @@ namespace {
 
 using nlohmann::json;
 
-json const * member(json const & object, char const * name)
+/// The fields that lines of the host have, each as far as it was there and of its type.
+struct Fields {
+    std::optional<std::string> event;
+    std::optional<std::string> path;
+    std::optional<std::string> direction;
+    std::optional<std::string> stream;
+    std::optional<std::string> domain;
+    std::optional<std::string> key;
+    std::optional<std::string> status;
+    std::optional<double> percent;
+    std::optional<double> processed;
+    std::optional<double> failed;
+    bool legal_arguments = true;
+    utTextArguments arguments;
+};
+
+using TextField = std::optional<std::string> Fields::*;
+using NumberField = std::optional<double> Fields::*;
+
+constexpr std::pair<std::string_view, TextField> text_fields[] = {
+    {"event", &Fields::event},        {"stream", &Fields::stream},
+    {"domain", &Fields::domain},      {"key", &Fields::key},
+    {"status", &Fields::status},      {"path", &Fields::path},
+    {"direction", &Fields::direction}};
+constexpr std::pair<std::string_view, NumberField> number_fields[] = {
+    {"percent", &Fields::percent}, {"processed", &Fields::processed}, {"failed", &Fields::failed}};
+
+template <class Table>
+auto field_named(Table const & table, std::string_view name) -> decltype(table[0].second)
 {
-    auto const found = object.find(name);
-    return found == object.end() ? nullptr : &*found;
+    for (auto const & [field_name, field] : table)
+        if (field_name == name)
+            return field;
+    return nullptr;
 }
 
-bool read_text(json const & object, char const * name, std::string & text)
-{
-    auto const value = member(object, name);
-    if (!value || !value->is_string())
-        return false;
-    text = value->get_ref<std::string const &>();
-    return true;
-}
+/// Takes the fields straight from the parser, without a tree of values in between: a translation may have
+/// hundreds of thousands of messages.
+class FieldReader : public nlohmann::json_sax<json> {
+public:
+    explicit FieldReader(Fields & fields) : m_fields(fields) {}
 
-bool read_count(json const & object, char const * name, int & count)
-{
-    auto const value = member(object, name);
-    if (!value || !value->is_number())
-        return false;
-    count = static_cast<int>(std::clamp(value->get<double>(), 0.0, static_cast<double>(INT_MAX)));
-    return true;
-}
-
-bool read_arguments(json const & values, utTextArguments & arguments)
-{
-    for (auto const & value : values) {
-        if (value.is_string())
-            arguments.emplace_back(value.get_ref<std::string const &>());
-        else if (value.is_number_float())
-            arguments.emplace_back(value.get<double>());
-        else if (value.is_number_integer())
-            arguments.emplace_back(value.get<std::int64_t>());
-        else
-            return false;
+    bool null() override { return refuse_argument(); }
+    bool boolean(bool) override { return refuse_argument(); }
+    bool number_integer(std::int64_t value) override { return number(value, static_cast<double>(value)); }
+    bool number_unsigned(std::uint64_t value) override
+    {
+        auto const real = static_cast<double>(value);
+        return value > INT64_MAX ? number(real, real) : number(static_cast<std::int64_t>(value), real);
     }
-    return true;
+    bool number_float(double value, std::string const &) override { return number(value, value); }
+    bool string(std::string & value) override
+    {
+        if (m_in_arguments && m_depth == 2)
+            m_fields.arguments.emplace_back(std::move(value));
+        else if (auto const field = m_depth == 1 ? field_named(text_fields, m_key) : nullptr)
+            m_fields.*field = std::move(value);
+        else
+            refuse_argument();
+        return true;
+    }
+    bool binary(json::binary_t &) override { return false; }
+
+    bool key(std::string & name) override
+    {
+        if (m_depth == 1)
+            m_key = std::move(name);
+        return true;
+    }
+    bool start_object(std::size_t) override { return enter(true); }
+    bool end_object() override { return leave(); }
+    bool start_array(std::size_t) override { return enter(false); }
+    bool end_array() override { return leave(); }
+    bool parse_error(std::size_t, std::string const &, json::exception const &) override { return false; }
+
+private:
+    bool number(utTextArgument argument, double value)
+    {
+        if (m_in_arguments && m_depth == 2)
+            m_fields.arguments.push_back(std::move(argument));
+        else if (auto const field = m_depth == 1 ? field_named(number_fields, m_key) : nullptr)
+            m_fields.*field = value;
+        else
+            refuse_argument();
+        return true;
+    }
+    bool enter(bool object)
+    {
+        if (m_depth == 0 && !object)
+            return false;
+        if (m_depth == 1 && m_key == "args" && !object)
+            m_in_arguments = true;
+        else
+            refuse_argument();
+        ++m_depth;
+        return true;
+    }
+    bool leave()
+    {
+        if (--m_depth == 1)
+            m_in_arguments = false;
+        return true;
+    }
+    bool refuse_argument()
+    {
+        if (m_depth >= 1 && m_key == "args")
+            m_fields.legal_arguments = false;
+        return true;
+    }
+
+    Fields & m_fields;
+    std::string m_key;
+    int m_depth = 0;
+    bool m_in_arguments = false;
+};
+
+bool read_fields(std::string_view line, Fields & fields)
+{
+    FieldReader reader(fields);
+    return json::sax_parse(line, &reader);
 }
 
-s2sHostEvent read_file(json const & object)
+s2sHostEvent file_event(Fields & fields)
 {
-    std::string path;
-    std::string direction;
-    if (!read_text(object, "path", path) || !read_text(object, "direction", direction))
+    if (!fields.path || (fields.direction != "reading" && fields.direction != "writing"))
         return {};
-    if (direction != "reading" && direction != "writing")
-        return {};
-    return s2sHostFile{path, direction == "writing" ? s2sReadWriteWriting : s2sReadWriteReading};
+    return s2sHostFile{std::move(*fields.path),
+                       fields.direction == "writing" ? s2sReadWriteWriting : s2sReadWriteReading};
 }
 
-s2sHostEvent read_progress(json const & object)
+s2sHostEvent progress_event(Fields const & fields)
 {
-    s2sHostProgress progress;
-    if (!read_count(object, "percent", progress.percent))
+    if (!fields.percent)
         return {};
-    progress.percent = std::min(progress.percent, 100);
-    return progress;
+    return s2sHostProgress{static_cast<int>(std::clamp(*fields.percent, 0.0, 100.0))};
 }
 
-s2sHostEvent read_message(json const & object)
+s2sHostEvent message_event(Fields & fields)
 {
-    s2sHostMessage message;
-    std::string stream;
-    std::string domain;
-    std::string key;
-    if (!read_text(object, "stream", stream) || !read_text(object, "domain", domain) ||
-        !read_text(object, "key", key) || (stream != "output" && stream != "error"))
+    if (!fields.domain || !fields.key || !fields.legal_arguments ||
+        (fields.stream != "output" && fields.stream != "error"))
         return {};
-    auto const arguments = member(object, "args");
-    if (arguments && (!arguments->is_array() || !read_arguments(*arguments, message.arguments)))
-        return {};
-    message.error = stream == "error";
-    message.domain = std::move(domain);
-    message.key = std::move(key);
-    return message;
+    return s2sHostMessage{fields.stream == "error", std::move(*fields.domain), std::move(*fields.key),
+                          std::move(fields.arguments)};
 }
 
-s2sHostEvent read_end(json const & object)
+int count_of(double number)
 {
-    static constexpr std::pair<char const *, s2sThreadStatus> statuses[] = {
+    return static_cast<int>(std::clamp(number, 0.0, static_cast<double>(INT_MAX)));
+}
+
+s2sHostEvent end_event(Fields const & fields)
+{
+    static constexpr std::pair<std::string_view, s2sThreadStatus> statuses[] = {
         {"completed", s2sThreadCompleted},
         {"read_error", s2sThreadReadError},
         {"write_error", s2sThreadWriteError},
         {"too_big", s2sThreadFileTooBig},
         {"cancelled", s2sThreadCancelled}};
-    s2sHostEnd end;
-    std::string status;
-    if (!read_text(object, "status", status) || !read_count(object, "processed", end.processed) ||
-        !read_count(object, "failed", end.failed))
+    if (!fields.processed || !fields.failed)
         return {};
-    auto const found = std::find_if(std::begin(statuses), std::end(statuses),
-                                    [&](auto const & s) { return status == s.first; });
-    if (found == std::end(statuses))
-        return {};
-    end.status = found->second;
-    return end;
-}
-
-json parse(std::string_view line)
-{
-    auto value = json::parse(line, nullptr, false);
-    return value.is_discarded() ? json::parse(s2s_repair_utf8(line), nullptr, false) : value;
+    for (auto const & [name, status] : statuses)
+        if (fields.status == name)
+            return s2sHostEnd{status, count_of(*fields.processed), count_of(*fields.failed)};
+    return {};
 }
 
 } // namespace
 
 s2sHostEvent s2s_parse_host_event(std::string_view line)
 {
-    auto const object = parse(line);
-    std::string event;
-    if (!object.is_object() || !read_text(object, "event", event))
-        return {};
-    if (event == "message")
-        return read_message(object);
-    if (event == "progress")
-        return read_progress(object);
-    if (event == "file")
-        return read_file(object);
-    if (event == "end")
-        return read_end(object);
+    Fields fields;
+    if (!read_fields(line, fields)) {
+        fields = {};
+        if (!read_fields(s2s_repair_utf8(line), fields))
+            return {};
+    }
+    if (fields.event == "message")
+        return message_event(fields);
+    if (fields.event == "progress")
+        return progress_event(fields);
+    if (fields.event == "file")
+        return file_event(fields);
+    if (fields.event == "end")
+        return end_event(fields);
     return {};
 }
 

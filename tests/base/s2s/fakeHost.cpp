@@ -41,13 +41,6 @@ void print(std::string const & text)
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-void message(char const * stream, char const * key, json const & arguments)
-{
-    json const line = {
-        {"event", "message"}, {"stream", stream}, {"domain", "test"}, {"key", key}, {"args", arguments}};
-    print(line.dump() + "\n");
-}
-
 void write_file(fs::path const & file, std::istringstream & words)
 {
     std::string text;
@@ -110,13 +103,17 @@ void do_step(std::string const & verb, std::istringstream & words, json const & 
         words >> word;
         print_bytes(word);
     } else if (verb == "ready") {
-        message("output", "ready", json::array());
+        print(R"({"event":"message","stream":"output","domain":"test","key":"ready","args":[]})"
+              "\n");
         std::fflush(stdout);
     } else if (verb == "flood") {
         int count = 0;
         words >> count;
         for (int i = 0; i < count; ++i)
-            message(i % 10 == 9 ? "error" : "output", "test::Entity %d of %s\n", {i, "face"});
+            std::printf(R"({"event":"message","stream":"%s","domain":"test",)"
+                        R"("key":"test::Entity %%d of %%s\n","args":[%d,"face"]})"
+                        "\n",
+                        i % 10 == 9 ? "error" : "output", i);
     } else if (verb == "write") {
         words >> word;
         write_file(fs::path(job["staging"].get<std::string>()) / word, words);

@@ -1,0 +1,8 @@
+if(TARGET s2s_fake_host)
+  find_package(benchmark REQUIRED)
+  add_executable(bench_s2s ${CMAKE_CURRENT_LIST_DIR}/s2s_messages.cpp)
+  target_link_libraries(bench_s2s PRIVATE vmr_options base_s2s benchmark::benchmark)
+  target_include_directories(bench_s2s PRIVATE ${CMAKE_CURRENT_LIST_DIR}/../tests)
+  target_compile_definitions(bench_s2s PRIVATE FAKE_HOST="$<TARGET_FILE:s2s_fake_host>")
+  add_dependencies(bench_s2s s2s_fake_host)
+endif()
