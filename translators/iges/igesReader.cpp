@@ -15,7 +15,6 @@
 #include <IGESData_IGESModel.hxx>
 #include <Message_ProgressScope.hxx>
 #include <TCollection_HAsciiString.hxx>
-#include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 
 namespace {
@@ -65,7 +64,7 @@ sdkResult igesReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     settle_unit();
-    sdk_report_load(model, m_context);
+    sdk_report_load(m_reader->WS(), m_context);
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
@@ -121,8 +120,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->WS()->TransferReader()->TransientProcess(), m_reader->IGESModel(),
-                        STANDARD_TYPE(IGESData_IGESEntity), m_context);
+    sdk_report_transfer(m_reader->WS(), STANDARD_TYPE(IGESData_IGESEntity), m_context);
     auto const added = document.free_shapes_since(before);
     if (!transferred || added.IsEmpty()) {
         return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));

@@ -8,13 +8,28 @@
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
+#include <StepGeom_CartesianPoint.hxx>
+#include <StepGeom_CartesianTransformationOperator.hxx>
 #include <StepShape_Face.hxx>
 #include <TColStd_SequenceOfAsciiString.hxx>
-#include <XSControl_TransferReader.hxx>
+#include <TCollection_HAsciiString.hxx>
 #include <XSControl_WorkSession.hxx>
 
+#include <algorithm>
 #include <istream>
 #include <set>
+
+namespace {
+
+bool has_geometry(TDF_LabelSequence const & shapes)
+{
+    auto const parts = sdkDocument::parts_of(shapes);
+    return std::any_of(parts.begin(), parts.end(), [](TDF_Label const & part) {
+        return sdk_count_entities(XCAFDoc_ShapeTool::GetShape(part)).entities() > 0;
+    });
+}
+
+} // namespace
 
 stepReader::stepReader(sdkContext & context) : m_context(context)
 {
@@ -56,7 +71,10 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     m_schema = stepFile(file.text()).schema;
-    sdk_report_load(reader.Model(), m_context);
+    sdk_report_load(reader.WS(), m_context);
+    if (auto result = check_transformations(); !result) {
+        return result;
+    }
     return range.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
@@ -86,8 +104,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     if (m_reader->NbRootsForTransfer() == 0) {
-        return sdkResult::read_error(
-            sdkText("step::%s has no shapes that can be read; its schema is %s", m_context.file(), m_schema));
+        return without_shapes();
     }
     TDF_LabelSequence const before = document.free_shapes();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
@@ -98,13 +115,10 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    auto & reader = m_reader->ChangeReader();
-    sdk_report_transfer(reader.WS()->TransferReader()->TransientProcess(), reader.Model(),
-                        STANDARD_TYPE(StepShape_Face), m_context);
-    TDF_LabelSequence const added = document.free_shapes_since(before);
-    if (!transferred || added.IsEmpty()) {
-        return sdkResult::read_error(sdkText("step::None of the shapes of %s could be read; its schema is %s",
-                                             m_context.file(), m_schema));
+    sdk_report_transfer(m_reader->ChangeReader().WS(), STANDARD_TYPE(StepShape_Face), m_context);
+    auto const added = document.free_shapes_since(before);
+    if (!transferred || !has_geometry(added)) {
+        return without_shapes();
     }
     report_units();
     if (options.text("stepReadStructure") == "flat") {
@@ -115,6 +129,36 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     sdk_filter_by_options(document, sdkDocument::parts_of(document.free_shapes_since(before)), m_context);
     return sdkResult::completed();
+}
+
+sdkResult stepReader::check_transformations() const
+{
+    // The toolkit follows the missing point without looking.
+    auto const model = m_reader->Reader().Model();
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        auto const transformation =
+            Handle(StepGeom_CartesianTransformationOperator)::DownCast(model->Value(number));
+        if (!transformation.IsNull() && transformation->LocalOrigin().IsNull()) {
+            return sdkResult::read_error(sdkText(
+                "step::%s, %s: the transformation has no origin that can be read; export the file without "
+                "copied curves and surfaces (replicas)",
+                m_context.file(), std::string(model->StringLabel(transformation)->ToCString())));
+        }
+    }
+    return sdkResult::completed();
+}
+
+sdkResult stepReader::without_shapes() const
+{
+    auto const unknown = sdk_unknown_kinds(m_reader->Reader().WS());
+    if (unknown.empty()) {
+        return sdkResult::read_error(
+            sdkText("step::%s has no shapes that can be read; its schema is %s", m_context.file(), m_schema));
+    }
+    return sdkResult::read_error(
+        sdkText("step::%s has no shapes that can be read; its schema is %s, and it "
+                "has entities of kinds that are not known: %s. Export it with exact geometry",
+                m_context.file(), m_schema, unknown));
 }
 
 void stepReader::report_units()

@@ -18,6 +18,8 @@ public:
 
 private:
     sdkResult check_text(sdkInputFile const & file) const;
+    sdkResult check_transformations() const;
+    sdkResult without_shapes() const;
     void report_units();
 
     sdkContext & m_context;

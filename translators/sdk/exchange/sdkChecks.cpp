@@ -1,5 +1,6 @@
 #include "sdk/exchange/sdkChecks.h"
 
+#include <IFSelect_Signature.hxx>
 #include <Interface_Check.hxx>
 #include <Interface_InterfaceModel.hxx>
 #include <Interface_ReportEntity.hxx>
@@ -10,6 +11,14 @@
 #include <Transfer_Binder.hxx>
 #include <Transfer_FinderProcess.hxx>
 #include <Transfer_TransientProcess.hxx>
+#include <XSControl_TransferReader.hxx>
+#include <XSControl_WorkSession.hxx>
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -41,12 +50,15 @@ private:
     std::int64_t m_count = 0;
 };
 
-std::string place_of(Handle(Interface_InterfaceModel) const & model,
-                     Handle(Standard_Transient) const & entity)
+using Session = Handle(XSControl_WorkSession);
+
+// The number and the kind that the file gives an entity, such as "#15 CSG_SOLID".
+std::string place_of(Session const & session, Handle(Standard_Transient) const & entity)
 {
+    auto const model = session->Model();
     auto const label = model->StringLabel(entity);
-    std::string place = label.IsNull() ? "?" : label->ToCString();
-    return place + " " + entity->DynamicType()->Name();
+    std::string const kind = session->SignType()->Value(entity, model);
+    return (label.IsNull() ? std::string("?") : std::string(label->ToCString())) + " " + kind;
 }
 
 std::string text_of(Handle(Interface_Check) const & check)
@@ -54,25 +66,49 @@ std::string text_of(Handle(Interface_Check) const & check)
     return check.IsNull() || check->NbFails() == 0 ? std::string() : std::string(check->CFail(1));
 }
 
-} // namespace
-
-std::int64_t sdk_report_load(Handle(Interface_InterfaceModel) const & model, sdkContext & context)
+// What the toolkit reads by its name and parameters only.
+bool is_undefined(Handle(Standard_Transient) const & entity)
 {
-    Problems problems(context);
-    for (int number = 1; number <= model->NbEntities(); ++number) {
-        if (model->IsErrorEntity(number)) {
-            auto const report = model->ReportEntity(number);
-            problems.add(place_of(model, report->Concerned()), text_of(report->Check()));
-        }
-    }
-    return problems.count();
+    return std::string_view(entity->DynamicType()->Name()) == "StepData_UndefinedEntity";
 }
 
-void sdk_report_transfer(Handle(Transfer_TransientProcess) const & process,
-                         Handle(Interface_InterfaceModel) const & model,
-                         Handle(Standard_Type) const & counted, sdkContext & context)
+// Tolerances, styles and drawings have no part in the shapes.
+bool matters_to_shapes(Handle(Standard_Transient) const & entity)
+{
+    std::string_view const type = entity->DynamicType()->Name();
+    return type.starts_with("StepGeom_") || type.starts_with("StepShape_") ||
+           type.starts_with("StepBasic_") || type.starts_with("IGES");
+}
+
+} // namespace
+
+void sdk_report_load(Session const & session, sdkContext & context)
 {
     Problems problems(context);
+    std::int64_t others = 0;
+    auto const model = session->Model();
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        if (!model->IsErrorEntity(number)) {
+            continue;
+        }
+        auto const report = model->ReportEntity(number);
+        if (matters_to_shapes(report->Concerned())) {
+            problems.add(place_of(session, report->Concerned()), text_of(report->Check()));
+        } else {
+            ++others;
+        }
+    }
+    if (others > 0) {
+        context.reporter().output(
+            "exchange::%s: %d entities that are no shapes are not as the standard has them and are left out",
+            context.file(), others);
+    }
+}
+
+void sdk_report_transfer(Session const & session, Handle(Standard_Type) const & counted, sdkContext & context)
+{
+    Problems problems(context);
+    auto const process = session->TransferReader()->TransientProcess();
     for (int number = 1; number <= process->NbMapped(); ++number) {
         auto const binder = process->MapItem(number);
         if (binder.IsNull()) {
@@ -80,12 +116,33 @@ void sdk_report_transfer(Handle(Transfer_TransientProcess) const & process,
         }
         auto const & entity = process->Mapped(number);
         if (binder->Check()->HasFailed()) {
-            problems.add(place_of(model, entity), text_of(binder->Check()));
+            problems.add(place_of(session, entity), text_of(binder->Check()));
         }
         if (!binder->HasResult() && entity->IsKind(counted)) {
             context.reporter().failed(1);
         }
     }
+}
+
+std::string sdk_unknown_kinds(Session const & session)
+{
+    std::map<std::string, int> counts;
+    auto const model = session->Model();
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        if (model->IsUnknownEntity(number) || is_undefined(model->Value(number))) {
+            ++counts[session->SignType()->Value(model->Value(number), model)];
+        }
+    }
+    std::vector<std::pair<int, std::string>> kinds;
+    for (auto const & [kind, count] : counts) {
+        kinds.emplace_back(count, kind);
+    }
+    std::sort(kinds.rbegin(), kinds.rend());
+    std::string text;
+    for (std::size_t at = 0; at < kinds.size() && at < 3; ++at) {
+        text += (at == 0 ? "" : ", ") + kinds[at].second;
+    }
+    return text;
 }
 
 std::int64_t sdk_report_transfer(Handle(Transfer_FinderProcess) const & process, sdkContext & context)
