@@ -4,13 +4,18 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 /// What a path really names: two paths with equal identities are one file, whatever links lie between.
 struct apFileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
 
-    friend auto operator<=>(apFileIdentity const &, apFileIdentity const &) = default;
+    friend bool operator==(apFileIdentity const &, apFileIdentity const &) = default;
+    friend auto operator<=>(apFileIdentity const & a, apFileIdentity const & b)
+    {
+        return std::pair(a.device, a.inode) <=> std::pair(b.device, b.inode);
+    }
 };
 
 /// Follows links; none when nothing is there.

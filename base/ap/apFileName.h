@@ -20,7 +20,7 @@ public:
     change_extension(apString const & extension) const; ///< given without the dot; empty removes it
 
     friend bool operator==(apFileName const &, apFileName const &) = default;
-    friend auto operator<=>(apFileName const &, apFileName const &) = default;
+    friend auto operator<=>(apFileName const & a, apFileName const & b) { return a.m_name <=> b.m_name; }
 
 private:
     apString m_name;

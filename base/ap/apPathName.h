@@ -35,7 +35,7 @@ public:
     change_extension(apString const & extension) const; ///< given without the dot; empty removes it
 
     friend bool operator==(apPathName const &, apPathName const &) = default;
-    friend auto operator<=>(apPathName const &, apPathName const &) = default;
+    friend auto operator<=>(apPathName const & a, apPathName const & b) { return a.m_path <=> b.m_path; }
 
 private:
     apString m_path;

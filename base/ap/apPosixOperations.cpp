@@ -71,7 +71,9 @@ void * apPosixLibraryLoaderOperations::load(apPathName const & path, utString & 
     // An empty name would give the program itself.
     void * const handle = path.empty() ? nullptr : ::dlopen(path.utf8().c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!handle) {
-        char const * const words = path.empty() ? "no file name" : ::dlerror();
+        // The C library here keeps this text for each thread.
+        char const * const words =
+            path.empty() ? "no file name" : ::dlerror(); // NOLINT(concurrency-mt-unsafe)
         error = utString(words ? words : "unknown error");
     }
     return handle;

@@ -23,7 +23,7 @@ apString::apString(std::wstring_view text)
 {
     auto const out = std::back_inserter(m_bytes);
     for (wchar_t const c : text) {
-        auto const point = static_cast<code_point>(c);
+        code_point const point = std::char_traits<wchar_t>::to_int_type(c);
         if (point >= first_escaped_byte && point <= last_escaped_byte)
             m_bytes += static_cast<char>(point - first_escaped_byte + 0x80);
         else

@@ -27,6 +27,8 @@ apIStringEncoding const * apStringEncodingChooser::ut_encoding()
 
 apIStringEncoding const * apStringEncodingChooser::mb_encoding()
 {
-    static auto const encoding = multi_byte_encoding(std::setlocale(LC_TIME, nullptr));
+    // Only asks, and the first call comes at start-up on the main thread.
+    static auto const encoding =
+        multi_byte_encoding(std::setlocale(LC_TIME, nullptr)); // NOLINT(concurrency-mt-unsafe)
     return encoding.get();
 }

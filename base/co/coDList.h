@@ -20,7 +20,8 @@ public:
     coDList() = default;
     coDList(coDList const & other) : m_elements(other.m_elements) {}
     coDList(coDList && other) noexcept : m_elements(std::move(other.m_elements)) { other.clear(); }
-    coDList & operator=(coDList other) noexcept {
+    coDList & operator=(coDList other) noexcept
+    {
         m_elements.swap(other.m_elements);
         reset_cursor();
         return *this;
@@ -31,20 +32,24 @@ public:
     T & operator[](int index) { return *seek(index); }
     T const & operator[](int index) const { return *seek(index); }
 
-    void append(T element) {
+    void append(T element)
+    {
         m_elements.push_back(std::move(element));
         reset_cursor();
     }
     /// Puts the element before the one at `index`; an index equal to the count appends.
-    void insert(int index, T element) {
+    void insert(int index, T element)
+    {
         m_elements.insert(seek(index), std::move(element));
         reset_cursor();
     }
-    void remove(int index) {
+    void remove(int index)
+    {
         m_elements.erase(seek(index));
         reset_cursor();
     }
-    void clear() {
+    void clear()
+    {
         m_elements.clear();
         reset_cursor();
     }
@@ -55,11 +60,13 @@ public:
     const_iterator end() const { return m_elements.end(); }
 
 private:
-    void reset_cursor() const {
+    void reset_cursor() const
+    {
         m_cursor = m_elements.begin();
         m_cursor_index = 0;
     }
-    iterator seek(int index) const {
+    iterator seek(int index) const
+    {
         if (m_cursor_index < 0)
             reset_cursor();
         std::advance(m_cursor, index - m_cursor_index);

@@ -26,7 +26,8 @@ public:
     void append(T element) { m_elements.push_back(std::move(element)); }
     void insert(int index, T element) { m_elements.insert(m_elements.begin() + index, std::move(element)); }
     /// The element at `index`, which is not negative; an array that is too short grows first.
-    T & at_grow(int index) {
+    T & at_grow(int index)
+    {
         if (index >= count())
             m_elements.resize(static_cast<std::size_t>(index) + 1);
         return (*this)[index];

@@ -27,7 +27,8 @@ public:
     void append(T element) { m_elements.push_back(std::move(element)); }
     /// The element at `index`, which is not negative; an array that is too short grows first, and its count
     /// becomes `index` + 1.
-    T & at_grow(int index) {
+    T & at_grow(int index)
+    {
         if (index >= count())
             m_elements.resize(static_cast<std::size_t>(index) + 1);
         return (*this)[index];

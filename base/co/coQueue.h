@@ -13,7 +13,8 @@ public:
     T & first() { return m_elements.front(); }             ///< only when not empty
     T const & first() const { return m_elements.front(); } ///< only when not empty
     /// Takes the first element out; only when not empty.
-    T take_first() {
+    T take_first()
+    {
         T element = std::move(m_elements.front());
         m_elements.pop_front();
         return element;

@@ -26,7 +26,8 @@ public:
     explicit itIterator(std::unique_ptr<itIteratorObject<T>> object) : m_object(std::move(object)) {}
     itIterator(itIterator const & other) : m_object(other.m_object ? other.m_object->clone() : nullptr) {}
     itIterator(itIterator && other) noexcept = default;
-    itIterator & operator=(itIterator other) noexcept {
+    itIterator & operator=(itIterator other) noexcept
+    {
         m_object = std::move(other.m_object);
         return *this;
     }
@@ -45,12 +46,16 @@ template <class T>
 class itVectorIteratorObject : public itIteratorObject<T> {
 public:
     explicit itVectorIteratorObject(std::vector<T> values)
-        : m_values(std::make_shared<std::vector<T> const>(std::move(values))) {}
+        : m_values(std::make_shared<std::vector<T> const>(std::move(values)))
+    {
+    }
     bool undefined() const override { return false; }
-    std::unique_ptr<itIteratorObject<T>> clone() const override {
+    std::unique_ptr<itIteratorObject<T>> clone() const override
+    {
         return std::make_unique<itVectorIteratorObject<T>>(*this);
     }
-    bool operator++() override {
+    bool operator++() override
+    {
         if (m_next < m_values->size()) {
             ++m_next;
             return true;
@@ -65,6 +70,7 @@ private:
 };
 
 template <class T>
-itIterator<T> it_iterator_over(std::vector<T> values) {
+itIterator<T> it_iterator_over(std::vector<T> values)
+{
     return itIterator<T>(std::make_unique<itVectorIteratorObject<T>>(std::move(values)));
 }

@@ -14,16 +14,19 @@ public:
     using const_iterator = std::list<value_type>::const_iterator;
 
     /// Sizing: the buckets to begin with and how full, in per cent, they may become before there are more.
-    explicit utStringutStringcoTable(int buckets = 4, int fill_percent = 50) {
+    explicit utStringutStringcoTable(int buckets = 4, int fill_percent = 50)
+    {
         m_index.max_load_factor(static_cast<float>(std::clamp(fill_percent, 1, 1000)) / 100.0F);
         m_index.rehash(static_cast<std::size_t>(std::max(buckets, 1)));
     }
-    utStringutStringcoTable(utStringutStringcoTable const & other) {
+    utStringutStringcoTable(utStringutStringcoTable const & other)
+    {
         m_index.max_load_factor(other.m_index.max_load_factor());
         for (auto const & [key, value] : other)
             (*this)[key] = value;
     }
-    utStringutStringcoTable & operator=(utStringutStringcoTable const & other) {
+    utStringutStringcoTable & operator=(utStringutStringcoTable const & other)
+    {
         utStringutStringcoTable copy(other);
         m_entries.swap(copy.m_entries);
         m_index.swap(copy.m_index);
@@ -32,7 +35,8 @@ public:
 
     /// The value of the key, which is put in with an empty value when it is not there. The reference stays
     /// valid until the key is removed.
-    utString & operator[](utString const & key) {
+    utString & operator[](utString const & key)
+    {
         auto const found = m_index.find(key);
         if (found != m_index.end())
             return found->second->second;
@@ -43,12 +47,14 @@ public:
     }
     int member(utString const & key) const { return m_index.contains(key) ? 1 : 0; }
     /// The value of the key, or an invalid string.
-    utString read(utString const & key) const {
+    utString read(utString const & key) const
+    {
         auto const found = m_index.find(key);
         return found == m_index.end() ? utString::make_invalid() : found->second->second;
     }
     /// Gives 0 and leaves `value` alone when the key is not there.
-    int read(utString const & key, utString & value) const {
+    int read(utString const & key, utString & value) const
+    {
         auto const found = m_index.find(key);
         if (found == m_index.end())
             return 0;
@@ -56,7 +62,8 @@ public:
         return 1;
     }
     /// Gives 0 when the key was not there.
-    int remove(utString const & key) {
+    int remove(utString const & key)
+    {
         auto const found = m_index.find(key);
         if (found == m_index.end())
             return 0;
@@ -64,7 +71,8 @@ public:
         m_index.erase(found);
         return 1;
     }
-    void clear() {
+    void clear()
+    {
         m_entries.clear();
         m_index.clear();
     }
