@@ -20,7 +20,12 @@ public:
     }
     ~TempDirectory()
     {
+        // A test may have taken away the rights that the removal needs.
         std::error_code error;
+        std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, error);
+        for (auto const & entry : std::filesystem::directory_iterator(m_path, error))
+            if (std::filesystem::is_directory(entry.symlink_status(error)))
+                std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all, error);
         std::filesystem::remove_all(m_path, error);
     }
     TempDirectory(TempDirectory const &) = delete;
