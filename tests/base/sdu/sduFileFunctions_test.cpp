@@ -106,7 +106,7 @@ TEST_F(SduFiles, CopiesTheContent)
 
 TEST_F(SduFiles, SurvivePathsOfAnyLength)
 {
-    utString const endless("/" + std::string(4000, 'x'));
+    auto const endless = path(std::string(4000, 'x'));
     EXPECT_EQ(sdu_check_file_exists(endless), sduFileIOError);
     EXPECT_EQ(sdu_check_directory_exists(endless), sduFileIOError);
     EXPECT_EQ(sdu_make_directory(endless), sduFileIOError);

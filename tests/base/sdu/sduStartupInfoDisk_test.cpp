@@ -69,6 +69,7 @@ TEST_F(StartupInfoDisk, NeverWritesOverAFileThatItCannotRead)
         info.add_field("b", "2");
         return info.using_defaults() != 0 && info.find_field("b") == utString("2");
     }));
+    ASSERT_EQ(chmod(m_path.c_str(), 0600), 0);
     EXPECT_EQ(m_temp.read("startup.hrk"), "a = 1\n");
 }
 
