@@ -63,10 +63,14 @@ void hostEvents::message(sdkStream stream, sdkText const & text)
     for (auto const & argument : text.arguments()) {
         std::visit([&](auto const & value) { arguments.push_back(value); }, argument);
     }
+    // Every message is a line of its own wherever it is shown.
+    std::string key(text.key());
+    if (!key.ends_with('\n'))
+        key += '\n';
     auto const line = line_of({{"event", "message"},
                                {"stream", stream == sdkStream::output ? "output" : "error"},
                                {"domain", message_domain},
-                               {"key", text.key()},
+                               {"key", std::move(key)},
                                {"args", std::move(arguments)}});
     std::lock_guard const lock(m_mutex);
     add(line);

@@ -95,7 +95,7 @@ protected:
     virtual void initialise_directory_mapper();
     virtual void end_main_window(int code) = 0;
 
-    bool Initialize(int & argc, wxChar ** argv) override;
+    bool Initialize(int & count, wxChar ** arguments) override;
     bool OnInit() override;
     int OnExit() override;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "co/coPageArr.h"
+#include "co/coStrings.h"
 #include "sdu/sduStartupInfo.h"
 #include "ut/utString.h"
 

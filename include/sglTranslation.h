@@ -21,6 +21,7 @@
 class sglApp;
 class sglNlsHelp;
 class sglProgressDialogBase;
+class vmrabsAppInfo;
 
 /// What execute() reports. It says whether the engine ran, not whether the translation succeeded.
 class sglTranslationResult {
@@ -88,6 +89,7 @@ protected:
 
     sglThreadComm & channel() { return m_channel; }
     s2sWrapperBase * wrapper() const { return m_wrapper.get(); }
+    void set_wrapper(std::unique_ptr<s2sWrapperBase> wrapper) { m_wrapper = std::move(wrapper); }
     wxTimer & timer() { return m_timer; }
 
     wxDECLARE_EVENT_TABLE();

@@ -19,23 +19,31 @@ void sdbOstream::auto_flush(int on)
 
 void sdbOstream::print(char const * text)
 {
-    if (text)
-        write(text);
+    if (!text || !*text)
+        return;
+    apCriticalSectionScope const scope(m_section);
+    if (m_in_row && *text != '\n')
+        write("\n");
+    m_in_row = false;
+    write(text);
 }
 
 void sdbOstream::print_dot()
 {
+    apCriticalSectionScope const scope(m_section);
+    m_in_row = true;
     write(".");
 }
 
 void sdbOstream::print_percent(int value)
 {
+    apCriticalSectionScope const scope(m_section);
+    m_in_row = true;
     write(std::to_string(value) + "%");
 }
 
 void sdbOstream::write(std::string_view text)
 {
-    apCriticalSectionScope const scope(m_section);
     for (auto * stream : m_streams) {
         stream->write(text.data(), static_cast<std::streamsize>(text.size()));
         if (m_auto_flush)

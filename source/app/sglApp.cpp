@@ -2,6 +2,7 @@
 
 #include "sglNlsHelp.h"
 #include "sglResourceString.h"
+#include "sglToolkitMessages.h"
 #include "sglWxNlsApplicationSettings.h"
 
 #include "nls/nlsDomainManager.h"
@@ -57,14 +58,12 @@ void sglApp::register_translation(utPtrClaimTag, sdbTranslationData const * tran
     m_translations.append(std::unique_ptr<sdbTranslationData const>(translation));
 }
 
-bool sglApp::Initialize(int & argc, wxChar ** argv)
+bool sglApp::Initialize(int & count, wxChar ** arguments)
 {
     if (m_has_display)
-        return wxApp::Initialize(argc, argv);
-    // A dialog object that never becomes a window makes the toolkit ask for a display that is not there; its
-    // complaints about that would land on standard error.
-    GTKSuppressDiagnostics();
-    return wxAppConsole::Initialize(argc, argv);
+        return wxApp::Initialize(count, arguments);
+    sgl_silence_toolkit_messages();
+    return wxAppConsole::Initialize(count, arguments);
 }
 
 void sglApp::pre_splash_screen_init()

@@ -4,8 +4,7 @@
 
 #include "sglMessageBox.h"
 
-#include "ap/apStringCPEncoding.h"
-#include "ap/apStringCRTEncoding.h"
+#include "ap/apStringEncodingChooser.h"
 #include "ap/apStringUTF8Encoding.h"
 #include "wxt/wxtApStringConverter.h"
 #include "wxt/wxtStringConverter.h"
@@ -18,16 +17,8 @@
 void sglApp::find_string_encodings()
 {
     m_ut_encoding = std::make_shared<apStringUTF8Encoding>();
-
-    utString const locale = std::setlocale(LC_TIME, nullptr);
-    if (int const dot = locale.locate_substring("."); dot >= 0) {
-        int code_page = 0;
-        int position = dot + 1;
-        if (locale.parse(code_page, position))
-            m_mb_encoding = std::make_shared<apStringCPEncoding>(code_page);
-    }
-    if (!m_mb_encoding)
-        m_mb_encoding = std::make_shared<apStringCRTEncoding>();
+    // A name with a dot and a number behind it, as in "German_Germany.1252", gives a code page.
+    m_mb_encoding = apStringEncodingChooser::multi_byte_encoding(std::setlocale(LC_TIME, nullptr));
 
     m_info->set_ut_encoding(m_ut_encoding.get());
     m_info->set_mb_encoding(m_mb_encoding.get());

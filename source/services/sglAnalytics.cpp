@@ -1,6 +1,7 @@
 #include "sglAnalytics.h"
 
 #include "ani/aniUsageDialogs.h"
+#include "ap/apIStringEncoding.h"
 
 #include <wx/window.h>
 

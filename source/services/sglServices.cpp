@@ -39,7 +39,7 @@ void sglServices::initialise_services(utObserverPtr<vmrabsAppInfo> info, sdbSear
     add_service(sduXMLDOCUMENTFACTORY, sduServicePtr<std::shared_ptr<axmDocumentFactory>>(&m_document_factory));
 
     auto manager = std::make_unique<sdbServiceDllManager>(
-        services_path, utObserverPtr<sdbIDynamicLibraryLoader const>(&m_loader), info);
+        services_path, utObserverPtr<sdbIDynamicLibraryLoader>(&m_loader), info);
     set_dll_manager(manager, info);
 
     add_service(sdbSDBFILEFACTORY, sduServicePtr<sdbSdbFileFactory const>(m_file_factory.get()));

@@ -1,0 +1,115 @@
+#include "kit/kitAppTest.h"
+
+#include "sdb/sdbFormatName.h"
+
+namespace {
+
+/// An application object whose catalogues come from the manifests that a test installs.
+struct Catalogue : kitAppTest {
+    void install_format(std::string const & name, std::string const & module)
+    {
+        // Any shared object does for a listing: the module itself is opened by the translator host alone.
+        install("lib/vmr/translators/" + module + ".so", std::string("\x7f" "ELF\2\1\1", 7));
+        install("lib/vmr/translators/" + module + ".json",
+                R"({"interface":1,"formats":[{"name":")" + name + R"(","filter":"format.filter::)" + name +
+                    R"( Files","category":"Test","extensions":[")" + module +
+                    R"("],"signatures":[],"sides":["input","output"],"viewer":false,"resource_file":")" + module +
+                    R"(.rsc","resources":[]}]})");
+    }
+};
+
+int count(itIterator<sdbFormatName> formats)
+{
+    int number = 0;
+    while (++formats)
+        ++number;
+    return number;
+}
+
+} // namespace
+
+TEST_F(Catalogue, OfAnEmptyDirectoryExistsAndIsEmpty)
+{
+    start();
+    EXPECT_EQ(count(app().input_dlls().formats()), 0);
+    EXPECT_EQ(count(app().output_dlls().formats()), 0);
+    EXPECT_EQ(app().input_dlls().translator_for_format("STEP"), nullptr);
+    EXPECT_EQ(app().output_dlls().translator_for_file("part.stp"), nullptr);
+}
+
+TEST_F(Catalogue, HoldsWhatTheScanFound)
+{
+    install_format("ALPHA", "alpha");
+    start();
+    EXPECT_TRUE(app().translators_were_scanned());
+    ASSERT_NE(app().input_dlls().translator_for_format("ALPHA"), nullptr);
+    EXPECT_EQ(app().input_dlls().translator_for_format("alpha"), nullptr);
+}
+
+TEST_F(Catalogue, ComesFromTheCacheAtTheNextStart)
+{
+    install_format("ALPHA", "alpha");
+    start();
+    app().make_translator_dll_cache_file();
+    app().build_translator_dlls(
+        app().file_locator().schema_dir(sdbHRKDirectory::translator_cache).find_file("translators.lst"),
+        app().file_locator().search_path(sdbHRKDirectory::translators), utString::make_invalid());
+    EXPECT_FALSE(app().translators_were_scanned());
+    EXPECT_NE(app().output_dlls().translator_for_format("ALPHA"), nullptr);
+}
+
+TEST_F(Catalogue, CacheMakesTheUsersDirectoryFirst)
+{
+    start();
+    ASSERT_FALSE(std::filesystem::exists(user_folder()));
+    app().make_translator_dll_cache_file();
+    EXPECT_TRUE(std::filesystem::exists(user_folder() + "/cache/translators.lst"));
+}
+
+TEST_F(Catalogue, TellsOfNoFileWhenNoneFailed)
+{
+    start();
+    testing::internal::CaptureStderr();
+    app().display_dll_load_error(sdbTranslatorLoadStatus(sdbTranslatorLoadStatusType{}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(Catalogue, TellsWhichFileFailedAndKeepsTheRest)
+{
+    install_format("ALPHA", "alpha");
+    install("lib/vmr/translators/broken.json", "{ this is no manifest");
+    install("lib/vmr/translators/broken.so", "x");
+    testing::internal::CaptureStderr();
+    start();
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find("Error : unable to load "), std::string::npos) << told;
+    EXPECT_NE(told.find("broken"), std::string::npos) << told;
+    EXPECT_NE(app().input_dlls().translator_for_format("ALPHA"), nullptr);
+}
+
+TEST_F(Catalogue, ResourceFileThatIsNowhereGivesTheDefaultWhateverItsName)
+{
+    start();
+    EXPECT_EQ(app().rsc_dir(apFileName(L"one.rsc")), utString(user_folder() + "/resources/default"));
+    EXPECT_EQ(app().rsc_dir(apFileName(L"other.rsc")), utString(user_folder() + "/resources/default"));
+}
+
+TEST_F(Catalogue, ResourceFileOfTheUserComesBeforeThatOfTheInstallation)
+{
+    auto const installed = install("share/vmr/resources/alpha.rsc", "");
+    start();
+    EXPECT_EQ(app().rsc_dir(apFileName(L"alpha.rsc")), utString(installed));
+    auto const users = folder().write("user/Tester/resources/alpha.rsc", "");
+    EXPECT_EQ(app().rsc_dir(apFileName(L"alpha.rsc")), utString(users));
+}
+
+TEST_F(Catalogue, FactorySettingsAreThoseOfTheInstallation)
+{
+    install_format("ALPHA", "alpha");
+    auto const installed = install("share/vmr/resources/alpha.rsc", "");
+    folder().write("user/Tester/resources/alpha.rsc", "");
+    start();
+    auto const * const alpha = app().input_dlls().translator_for_format("ALPHA");
+    ASSERT_NE(alpha, nullptr);
+    EXPECT_EQ(app().installation_resource_file(*alpha), utString(installed));
+}

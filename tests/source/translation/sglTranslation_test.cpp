@@ -1,0 +1,300 @@
+#include "sglTranslation.h"
+
+#include "sglNlsHelp.h"
+#include "sglProgressDialogBase.h"
+
+#include "kit/kitFormat.h"
+#include "kit/kitWrapper.h"
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+/// Keeps what the driver tells it and lets the run go on without a window.
+class Recorder : public sglProgressDialogBase {
+public:
+    Recorder() : sglProgressDialogBase(nullptr, nullptr, "DLG_DUMMY") {}
+
+    std::vector<std::string> told;
+    int last_percent = -1;
+    bool ended = false;
+    std::function<void()> at_first_tick;
+
+    vmrnlsDisplayer * output_display() override { return new Silence; }
+    vmrnlsDisplayer * error_display() override { return new Silence; }
+    int progress(int percent) override
+    {
+        if (at_first_tick)
+            std::exchange(at_first_tick, nullptr)();
+        return std::exchange(last_percent, percent) < percent;
+    }
+    void fileLabel(utString const & file) override { last_file = file; }
+    void operationLabel(utString const & label) override { last_label = label; }
+    void reset() override { clear_cancelled(); }
+    void translation_cancelled() override { end("cancelled"); }
+    void translation_ended_ok() override { end("ok"); }
+    void translation_error(utString const & text) override { end("error: " + text.str()); }
+    int begin(sglTranslation const * translation) override
+    {
+        getNlsHelp()->set_translating(1);
+        Unlock();
+        wxTimer timer;
+        while (!ended) {
+            wxTimerEvent tick(timer);
+            const_cast<sglTranslation *>(translation)->ProcessEvent(tick);
+            std::this_thread::yield();
+        }
+        return wxID_OK;
+    }
+
+    utString last_file;
+    utString last_label;
+
+private:
+    struct Silence : vmrnlsDisplayer {
+        void display(char const *) override {}
+    };
+    void end(std::string const & outcome)
+    {
+        told.push_back(outcome);
+        ended = true;
+    }
+};
+
+/// A request whose job does no work and ends as the test says.
+class Request : public sglTranslation {
+public:
+    std::vector<kitOutcome> outcomes{{}};
+    std::function<void(s2sThreadComm &)> while_running;
+
+    using sglTranslation::channel;
+    using sglTranslation::find_input_dlls;
+    using sglTranslation::find_output_dlls;
+
+protected:
+    void create_wrapper() override
+    {
+        s2sTranslatorElementscoPageArr inputs;
+        for (int i = 0; i < num_input_files(); ++i)
+            inputs.append(input_elements(i));
+        auto job = std::make_unique<kitWrapper>(channel(), s2sTranslationElements(inputs, output_elements(0)), outcomes);
+        if (while_running)
+            job->while_running = [this] { while_running(channel()); };
+        set_wrapper(std::move(job));
+    }
+};
+
+struct Driver : kitAppTest {
+    void SetUp() override
+    {
+        kitAppTest::SetUp();
+        kit_install_format(folder(), "installation", "ALPHA", "alpha");
+        kit_install_format(folder(), "installation", "BETA", "beta");
+        start();
+        input = folder().write("in.alpha", "input");
+        output = folder().write("out.beta", "output");
+    }
+    void fill(sglTranslation & request)
+    {
+        vmrTableInstance table(nullptr);
+        request.input_file(utString(input), 0);
+        request.input_format("ALPHA", 0);
+        request.input_resource_table(table, 0);
+        request.output_file(utString(output), 0);
+        request.output_format("BETA", 0);
+        request.output_resource_table(table, 0);
+        request.output_document(nullptr, 0);
+    }
+    std::string outcome_of(kitOutcome outcome)
+    {
+        Request request;
+        Recorder dialog;
+        fill(request);
+        request.outcomes = {outcome};
+        request.progress(&dialog);
+        EXPECT_EQ(request.execute().value(), sglTranslationResult::started);
+        EXPECT_EQ(dialog.last_percent, 100);
+        EXPECT_EQ(dialog.told.size(), 1u);
+        return dialog.told.empty() ? "" : dialog.told[0];
+    }
+    bool output_is_there() const { return std::filesystem::exists(output); }
+
+    std::string input, output;
+};
+
+} // namespace
+
+TEST_F(Driver, IsInvalidUntilEveryListHasAnEntryAndTakesANullDocumentForOne)
+{
+    Request request;
+    EXPECT_TRUE(request.invalid());
+    vmrTableInstance table(nullptr);
+    request.input_file("in", 0);
+    request.input_format("ALPHA", 0);
+    request.input_resource_table(table, 0);
+    request.output_file("out", 0);
+    request.output_format("BETA", 0);
+    request.output_resource_table(table, 0);
+    EXPECT_TRUE(request.invalid());
+    request.output_document(nullptr, 0);
+    EXPECT_FALSE(request.invalid());
+}
+
+TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
+{
+    Request request;
+    EXPECT_EQ(request.input_file(0), utString());
+    request.input_file("third", 2);
+    EXPECT_EQ(request.num_input_files(), 3);
+    EXPECT_EQ(request.input_file(2), utString("third"));
+}
+
+TEST_F(Driver, NeedsAFormatForEveryInput)
+{
+    Request request;
+    Recorder dialog;
+    fill(request);
+    request.input_file("b", 1);
+    request.input_file("c", 2);
+    request.progress(&dialog);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::no_input_translator);
+    EXPECT_EQ(request.num_input_formats(), 2);
+}
+
+TEST_F(Driver, TellsOfAnOutputFormatThatIsUnknown)
+{
+    Request request;
+    fill(request);
+    request.output_format("GAMMA", 0);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::no_output_translator);
+}
+
+TEST_F(Driver, FailsWithoutADialogAndTellsNobody)
+{
+    Request request;
+    fill(request);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::failed);
+    EXPECT_TRUE(output_is_there());
+}
+
+TEST_F(Driver, RunsOnceOnly)
+{
+    Request request;
+    Recorder dialog;
+    fill(request);
+    request.progress(&dialog);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::started);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::failed);
+}
+
+TEST_F(Driver, KeepsTheOutputOfATranslationThatProducedSomething)
+{
+    EXPECT_EQ(outcome_of({s2sThreadCompleted, 3, 0}), "ok");
+    EXPECT_TRUE(output_is_there());
+    EXPECT_EQ(getNlsHelp()->translating(), 0);
+}
+
+TEST_F(Driver, TakesACompletedTranslationWithoutEntitiesForAnErrorAndDeletesItsOutput)
+{
+    EXPECT_EQ(outcome_of({s2sThreadCompleted, 0, 0}),
+              "error: No entities were translated and no output file produced");
+    EXPECT_FALSE(output_is_there());
+}
+
+TEST_F(Driver, TellsOfEachKindOfFailureAndLeavesNoOutput)
+{
+    struct {
+        s2sThreadStatus status;
+        std::string text;
+    } const failures[] = {{s2sThreadFileTooBig, "error: Input file too big"},
+                          {s2sThreadReadError, "error: Unable to read input file " + input},
+                          {s2sThreadWriteError, "error: Fatal error writing to output file"},
+                          {s2sThreadCancelled, "cancelled"},
+                          {static_cast<s2sThreadStatus>(5), "error: Unknown translation error"}};
+    for (auto const & failure : failures) {
+        folder().write("out.beta", "output");
+        EXPECT_EQ(outcome_of({failure.status, 1, 0}), failure.text);
+        EXPECT_FALSE(output_is_there()) << failure.text;
+    }
+}
+
+TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
+{
+    Request request;
+    Recorder dialog;
+    fill(request);
+    request.outcomes = {{s2sThreadCancelled, 0, 0}};
+    request.while_running = [](s2sThreadComm & channel) {
+        while (!channel.termination_requested())
+            std::this_thread::yield();
+    };
+    dialog.at_first_tick = [&] { dialog.OnCancel(); };
+    request.progress(&dialog);
+    request.execute();
+    EXPECT_EQ(dialog.told, std::vector<std::string>{"cancelled"});
+    EXPECT_FALSE(output_is_there());
+}
+
+TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
+{
+    Request request;
+    Recorder dialog;
+    fill(request);
+    std::atomic<bool> seen = false;
+    request.while_running = [&](s2sThreadComm & channel) {
+        channel.currentFile("written.beta", s2sReadWriteWriting);
+        while (!seen)
+            std::this_thread::yield();
+    };
+    struct Watcher : Recorder {
+        std::atomic<bool> * seen = nullptr;
+        void operationLabel(utString const & label) override
+        {
+            Recorder::operationLabel(label);
+            if (label == "Writing :" && last_file == "written.beta")
+                *seen = true;
+        }
+    } watcher;
+    watcher.seen = &seen;
+    request.progress(&watcher);
+    request.execute();
+    EXPECT_EQ(watcher.last_label, utString("Writing :"));
+    EXPECT_EQ(watcher.last_file, utString("written.beta"));
+}
+
+TEST_F(Driver, AnswersWithTheDetailsAfterTheDialogIsClosed)
+{
+    Request request;
+    Recorder dialog;
+    fill(request);
+    request.outcomes = {{s2sThreadCompleted, 7, 2}};
+    request.progress(&dialog);
+    request.execute();
+    ASSERT_EQ(request.communicator().num_translations(), 1);
+    EXPECT_EQ(request.communicator().translation_details(0).num_processed(), 7);
+    EXPECT_EQ(request.communicator().translation_details(0).num_failed(), 2);
+}
+
+TEST_F(Driver, NeverDeletesAnInputThatIsAlsoTheOutput)
+{
+    sglTranslation real;
+    Recorder dialog;
+    fill(real);
+    real.output_file(utString(input), 0);
+    real.progress(&dialog);
+    EXPECT_EQ(real.execute().value(), sglTranslationResult::started);
+    EXPECT_EQ(dialog.told.size(), 1u);
+    EXPECT_NE(dialog.told[0], "ok");
+    EXPECT_EQ(kit_read_file(input), "input");
+}
+
+TEST_F(Driver, RecordsTheUseOfFormatsThatAreNoViewers)
+{
+    auto const log = folder() / "usage.log";
+    app().analytics_reporter()->initialise(app().application_information(), utString(log), "", "text");
+    outcome_of({s2sThreadCompleted, 3, 0});
+    auto const reporter = app().analytics_reporter();
+    EXPECT_EQ(reporter->num_read(apString(L"ALPHA")), 1);
+    EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
+}
