@@ -1,0 +1,44 @@
+#include "brep/brepFlatten.h"
+
+#include <BRep_Builder.hxx>
+#include <TopoDS_Compound.hxx>
+
+#include <vector>
+
+namespace {
+
+void collect(TDF_Label const & label, TopLoc_Location const & location, std::vector<TopoDS_Shape> & shapes)
+{
+    if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
+        shapes.push_back(XCAFDoc_ShapeTool::GetShape(label).Moved(location));
+        return;
+    }
+    TDF_LabelSequence components;
+    XCAFDoc_ShapeTool::GetComponents(label, components);
+    for (auto const & component : components) {
+        TDF_Label referred;
+        if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+            collect(referred, location * XCAFDoc_ShapeTool::GetLocation(component), shapes);
+        }
+    }
+}
+
+} // namespace
+
+TopoDS_Shape brep_flattened(sdkDocument const & document)
+{
+    std::vector<TopoDS_Shape> shapes;
+    for (auto const & label : document.free_shapes()) {
+        collect(label, TopLoc_Location(), shapes);
+    }
+    if (shapes.size() < 2) {
+        return shapes.empty() ? TopoDS_Shape() : shapes.front();
+    }
+    BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (auto const & shape : shapes) {
+        builder.Add(compound, shape);
+    }
+    return compound;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+enum class brepForm { text, binary, neither };
+
+// What the beginning of a file tells. Both forms have a line with a version; the text form may have a line of
+// the interactive test program before it.
+struct brepHeader {
+    brepForm form = brepForm::neither;
+    int version = 0;
+
+    static constexpr int newest_text = 3;
+    static constexpr int newest_binary = 4;
+
+    bool too_new() const { return version > (form == brepForm::text ? newest_text : newest_binary); }
+};
+
+brepHeader brep_header(std::string_view content);

@@ -1,0 +1,36 @@
+#include "stl/stlPlacedMesh.h"
+
+#include <BRep_Tool.hxx>
+#include <TopLoc_Location.hxx>
+
+#include <utility>
+
+stlPlacedMesh::stlPlacedMesh(TopoDS_Face const & face, double millimetres_per_unit, bool single)
+    : m_factor(1 / millimetres_per_unit), m_single(single)
+{
+    TopLoc_Location location;
+    m_mesh = BRep_Tool::Triangulation(face, location);
+    m_place = location.Transformation();
+    m_turned = (face.Orientation() == TopAbs_REVERSED) != m_place.IsNegative();
+}
+
+stlCorners stlPlacedMesh::corners(int number) const
+{
+    std::array<int, 3> nodes{};
+    m_mesh->Triangle(number).Get(nodes[0], nodes[1], nodes[2]);
+    if (m_turned) {
+        std::swap(nodes[1], nodes[2]);
+    }
+    stlCorners corners;
+    for (std::size_t corner = 0; corner < 3; ++corner) {
+        auto point = m_mesh->Node(nodes[corner]).XYZ();
+        m_place.Transforms(point);
+        point *= m_factor;
+        if (m_single) {
+            point.SetCoord(static_cast<float>(point.X()), static_cast<float>(point.Y()),
+                           static_cast<float>(point.Z()));
+        }
+        corners[corner] = point;
+    }
+    return corners;
+}

@@ -1,0 +1,195 @@
+#include "stl/stlWriter.h"
+
+#include "sdk/geometry/sdkGeneralOptions.h"
+#include "sdk/geometry/sdkLosses.h"
+#include "sdk/sdkFiles.h"
+#include "sdk/sdkOutputFile.h"
+#include "stl/stlName.h"
+#include "stl/stlOutput.h"
+
+#include <BRep_Tool.hxx>
+#include <Message_ProgressScope.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace {
+
+bool has_area(stlCorners const & corners)
+{
+    return stl_area_vector(corners).SquareModulus() > 0;
+}
+
+bool is_text(sdkOptions const & options)
+{
+    return options.text("stlWriteForm") == "text";
+}
+
+bool too_large(stlCorners const & corners)
+{
+    return !std::isfinite(corners[0].SquareModulus() + corners[1].SquareModulus() +
+                          corners[2].SquareModulus());
+}
+
+} // namespace
+
+sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
+{
+    Message_ProgressScope scope(range, nullptr, 10);
+    auto & reporter = m_context.reporter();
+    auto const & options = m_context.options();
+    bool const had_entities = document.count_entities().entities() > 0;
+    sdk_filter_by_options(document, document.parts(), m_context);
+    bool const each = is_text(options) && options.text("stlWriteParts") == "each";
+    sdkCapabilities const capabilities{.structure = false,
+                                       .names = each,
+                                       .colours = false,
+                                       .layers = false,
+                                       .curves = false,
+                                       .points = false,
+                                       .surfaces = false};
+    auto const lost = sdk_report_losses(document, capabilities, "STL", reporter);
+    reporter.failed(lost);
+
+    auto const tessellation = sdk_tessellate(
+        document, sdk_tessellation_tolerances(options, options.real("stlAngularDeflection")), scope.Next(9));
+    if (tessellation.cancelled) {
+        return sdkResult::cancelled();
+    }
+    if (tessellation.failed > 0) {
+        reporter.error("stl::%d faces could not be tessellated and are not in the file; repair them or "
+                       "change the tolerance",
+                       tessellation.failed);
+        reporter.failed(tessellation.failed);
+    }
+    for (auto const & label : document.free_shapes()) {
+        collect(label, TopLoc_Location());
+    }
+    if (!each && m_solids.size() > 1) {
+        reporter.output("stl::%d parts are written as one solid", m_solids.size());
+    }
+    std::int64_t whole = 0;
+    for (auto const & solid : m_solids) {
+        for (auto const & mesh : solid.meshes) {
+            whole += mesh.size();
+        }
+    }
+    auto const triangles = count_triangles();
+    if (triangles < 0) {
+        return sdkResult::write_error(
+            sdkText("stl::%s: the coordinates are too large for the %s; choose a larger unit",
+                    m_context.file(), sdk_output_unit(options).english));
+    }
+    if (!is_text(options) && triangles > std::numeric_limits<std::uint32_t>::max()) {
+        return sdkResult::write_error(
+            sdkText("stl::%s: a binary STL file cannot hold %d triangles; write a text file",
+                    m_context.file(), triangles));
+    }
+    if (whole > triangles) {
+        reporter.output("stl::%d triangles without area are left out", whole - triangles);
+    }
+    if (triangles == 0) {
+        sdk_report_nothing(m_context, had_entities && document.empty());
+        m_solids.clear();
+        return sdkResult::completed();
+    }
+    reporter.output("stl::%d triangles are written, in units of one %s", triangles,
+                    sdk_output_unit(options).english);
+    reporter.processed(tessellation.faces);
+    scope.Next();
+    return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
+}
+
+void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & location)
+{
+    if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(label, components);
+        for (auto const & component : components) {
+            TDF_Label referred;
+            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+                collect(referred, location * XCAFDoc_ShapeTool::GetLocation(component));
+            }
+        }
+        return;
+    }
+    Solid solid{sdkDocument::name(label), {}};
+    double const unit = sdk_output_unit(m_context.options()).millimetres;
+    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location);
+    for (TopExp_Explorer face(placed, TopAbs_FACE); face.More(); face.Next()) {
+        TopLoc_Location ignored;
+        auto const & one = TopoDS::Face(face.Current());
+        if (!BRep_Tool::Triangulation(one, ignored).IsNull()) {
+            solid.meshes.emplace_back(one, unit, !is_text(m_context.options()));
+        }
+    }
+    if (!solid.meshes.empty()) {
+        m_solids.push_back(std::move(solid));
+    }
+}
+
+// Those with area; negative when a coordinate cannot be written.
+std::int64_t stlWriter::count_triangles() const
+{
+    std::int64_t count = 0;
+    for (auto const & solid : m_solids) {
+        for (auto const & mesh : solid.meshes) {
+            for (int number = 1; number <= mesh.size(); ++number) {
+                auto const corners = mesh.corners(number);
+                if (too_large(corners)) {
+                    return -1;
+                }
+                count += has_area(corners) ? 1 : 0;
+            }
+        }
+    }
+    return count;
+}
+
+sdkResult stlWriter::write(std::string const & path, Message_ProgressRange const & range)
+{
+    auto const & options = m_context.options();
+    sdkOutputFile file(path, range);
+    auto const stem = stl_name_for(sdk_file_stem(m_context.file()));
+    auto const each_triangle = [](Solid const & solid, auto & output) {
+        for (auto const & mesh : solid.meshes) {
+            for (int number = 1; number <= mesh.size(); ++number) {
+                if (auto const corners = mesh.corners(number); has_area(corners)) {
+                    output.triangle(corners);
+                }
+            }
+        }
+    };
+    if (is_text(options)) {
+        stlTextOutput output(file, static_cast<int>(options.integer("stlWriteDigits")));
+        bool const each = options.text("stlWriteParts") == "each";
+        if (!each) {
+            output.begin_solid(stem);
+        }
+        for (auto const & solid : m_solids) {
+            auto const name = solid.name.empty() ? stem : stl_name_for(solid.name);
+            if (each) {
+                output.begin_solid(name);
+            }
+            each_triangle(solid, output);
+            if (each) {
+                output.end_solid(name);
+            }
+        }
+        if (!each) {
+            output.end_solid(stem);
+        }
+    } else {
+        stlBinaryOutput output(file);
+        // Readers take a header that begins with the word "solid" for the text form.
+        output.begin("Binary STL, unit " + std::string(sdk_output_unit(options).name) + ": " + stem,
+                     static_cast<std::uint32_t>(count_triangles()));
+        for (auto const & solid : m_solids) {
+            each_triangle(solid, output);
+        }
+    }
+    return file.close(m_context.file());
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "sdk/sdkModule.h"
+#include "stl/stlPlacedMesh.h"
+
+#include <vector>
+
+// Writes stereolithography files, text or binary, of all faces of the document.
+class stlWriter : public sdkWriter {
+public:
+    explicit stlWriter(sdkContext & context) : m_context(context) {}
+
+    sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
+    sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
+
+private:
+    // One solid of a text file.
+    struct Solid {
+        std::string name;
+        std::vector<stlPlacedMesh> meshes;
+    };
+
+    void collect(TDF_Label const & label, TopLoc_Location const & location);
+    std::int64_t count_triangles() const;
+
+    sdkContext & m_context;
+    std::vector<Solid> m_solids;
+};
