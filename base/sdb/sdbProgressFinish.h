@@ -1,7 +1,7 @@
 #pragma once
 
 /// How a translation ended, as the record and the report of it say. The numbers are fixed.
-enum sdbProgressFinish {
+enum sdbProgressFinish : int {
     sdbProgressCompleted = 0,
     sdbProgressCancelled = 1,
     sdbProgressFailed = 2,

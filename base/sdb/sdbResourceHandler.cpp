@@ -24,7 +24,7 @@ utString sdbResourceHandler::display(coResourceBase const * resource)
 {
     if (!resource)
         return utString::make_invalid();
-    auto const value = resource->value_text();
+    auto value = resource->value_text();
     auto const type = sdbResourceType::look_up_type(m_name);
     auto const text = type ? type->declaration().canonical(value.view()) : std::nullopt;
     if (!text)

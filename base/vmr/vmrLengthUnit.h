@@ -3,7 +3,7 @@
 #include "ut/utString.h"
 
 /// A unit of length. 0 stands for a unit that is not known.
-enum vmrLengthUnit {
+enum vmrLengthUnit : int {
     vmrLengthUnitNone = 0,
     vmrLengthUnitMicron,
     vmrLengthUnitMillimetre,
