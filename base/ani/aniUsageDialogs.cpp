@@ -19,5 +19,5 @@ void aniUsageDialogs::set_presenter(Presenter new_presenter)
 
 int aniUsageDialogs::display_dialog(aniUsageDialogsShow show, void * parent, apString text)
 {
-    return presenter() ? presenter()(show, parent, text) : 0;
+    return presenter() ? presenter()(show, parent, std::move(text)) : 0;
 }

@@ -15,7 +15,7 @@ enum aniUsageDialogsShow {
 class aniUsageDialogs {
 public:
     /// Shows the dialog on a native parent window, which may be null; returns non-zero when the user agreed.
-    using Presenter = std::function<int(aniUsageDialogsShow show, void * parent, apString const & text)>;
+    using Presenter = std::function<int(aniUsageDialogsShow show, void * parent, apString text)>;
 
     static void set_presenter(Presenter presenter); ///< replaces the one before; an empty one takes it away
 
