@@ -156,9 +156,8 @@ sdbFormatDeclaration read_format(Field const & field)
         format.viewer = field["viewer"].boolean();
     if (field.has("default_output"))
         format.default_output = field["default_output"].text();
-    if (field.has("resources"))
-        for (auto const & resource : field["resources"].elements())
-            format.resources.push_back(read_resource(resource));
+    for (auto const & resource : field["resources"].elements())
+        format.resources.push_back(read_resource(resource));
     return format;
 }
 

@@ -9,7 +9,7 @@
 #include "sdb/sdbFormatDeclaration.h"
 
 /// Reads the manifest of a translator module; docs/host-protocol.md has the form. Of a format, "signatures",
-/// "viewer", "default_output" and "resources" may be absent, and fields that are not known are passed over.
+/// "viewer" and "default_output" may be absent, and fields that are not known are passed over.
 class sdbManifestReader {
 public:
     /// The version of the module interface that this program serves.

@@ -78,7 +78,7 @@ TEST(ManifestReader, ReadsEveryFieldOfAFormat)
 TEST(ManifestReader, TakesAFormatWithoutTheFieldsThatMayBeAbsent)
 {
     auto manifest = step_manifest();
-    for (auto const * const field : {"signatures", "viewer", "default_output", "resources"})
+    for (auto const * const field : {"signatures", "viewer", "default_output"})
         manifest["formats"][0].erase(field);
     sdbManifestReader reader("step.json");
     ASSERT_TRUE(reader.read(manifest)) << reader.problem();
@@ -86,7 +86,6 @@ TEST(ManifestReader, TakesAFormatWithoutTheFieldsThatMayBeAbsent)
     EXPECT_TRUE(step.signatures.empty());
     EXPECT_FALSE(step.viewer);
     EXPECT_TRUE(step.default_output.empty());
-    EXPECT_TRUE(step.resources.empty());
 }
 
 TEST(ManifestReader, PassesOverFieldsThatItDoesNotKnow)
@@ -97,7 +96,8 @@ TEST(ManifestReader, PassesOverFieldsThatItDoesNotKnow)
 
 TEST(ManifestReader, NamesTheManifestAndTheMissingField)
 {
-    for (auto const * const field : {"name", "filter", "category", "extensions", "sides", "resource_file"})
+    for (auto const * const field :
+         {"name", "filter", "category", "extensions", "sides", "resource_file", "resources"})
         EXPECT_EQ(problem_of(without("/formats/0", field)),
                   std::string("/modules/step.json: formats[0].") + field + " is missing");
     EXPECT_EQ(problem_of(without("", "formats")), "/modules/step.json: formats is missing");
