@@ -24,7 +24,7 @@ s2sBatchWrapper::s2sBatchWrapper(s2sVmr2vmr const & context, vmrabsAppInfo const
 
 int s2sBatchWrapper::run() const
 {
-    return s2s_run_job(m_parts.comm, [this] { return run_all(); });
+    return s2s_run_job(m_parts.comm, m_files, [this] { return run_all(); });
 }
 
 int s2sBatchWrapper::run_all() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <vector>
 
 #include "s2s/s2sTranslationElements.h"
@@ -14,8 +15,11 @@ public:
     void add(s2sTranslationElements const & elements);
 
     std::vector<std::filesystem::path> const & inputs() const { return m_inputs; }
+    /// Where outputs are to be written, links followed.
+    std::set<std::filesystem::path> const & output_folders() const { return m_output_folders; }
 
 private:
     std::vector<std::filesystem::path> m_inputs;
+    std::set<std::filesystem::path> m_output_folders;
     std::vector<sduFileProtection> m_protections;
 };

@@ -1,14 +1,18 @@
 #include "s2s/s2sJob.h"
 
+#include "s2s/s2sFileGuard.h"
+#include "s2s/s2sStagingFolder.h"
 #include "s2s/s2sThreadComm.h"
 
-int s2s_run_job(s2sThreadComm & comm, std::function<int()> const & work)
+int s2s_run_job(s2sThreadComm & comm, s2sFileGuard const & files, std::function<int()> const & work)
 {
     {
         apCriticalSectionScope const start(*comm.getLock());
     }
     int result = 0;
     try {
+        for (auto const & folder : files.output_folders())
+            s2s_remove_left_behind(folder);
         result = work();
     } catch (...) {
         // What could be said has been said where it happened; a translation that is still open has failed.

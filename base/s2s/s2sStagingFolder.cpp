@@ -47,18 +47,6 @@ bool belongs_to_dead_process(fs::path const & folder, std::string const & start)
     return kill(pid, 0) != 0 && errno == ESRCH;
 }
 
-void remove_left_behind(fs::path const & parent)
-{
-    auto const start = name_start();
-    std::error_code error;
-    for (auto entry = fs::directory_iterator(parent, error); !error && entry != fs::directory_iterator();
-         entry.increment(error)) {
-        std::error_code ignored;
-        if (belongs_to_dead_process(entry->path(), start))
-            fs::remove_all(entry->path(), ignored);
-    }
-}
-
 s2sMessage reason_for(int error, fs::path const & parent, fs::path const & output)
 {
     switch (error) {
@@ -78,6 +66,18 @@ s2sMessage reason_for(int error, fs::path const & parent, fs::path const & outpu
 
 } // namespace
 
+void s2s_remove_left_behind(fs::path const & folder)
+{
+    auto const start = name_start();
+    std::error_code error;
+    for (auto entry = fs::directory_iterator(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error)) {
+        std::error_code ignored;
+        if (belongs_to_dead_process(entry->path(), start))
+            fs::remove_all(entry->path(), ignored);
+    }
+}
+
 s2sStagingFolder::~s2sStagingFolder()
 {
     std::error_code error;
@@ -88,7 +88,6 @@ s2sStagingFolder::~s2sStagingFolder()
 s2sFailure s2sStagingFolder::create(fs::path const & output)
 {
     auto const parent = output.parent_path();
-    remove_left_behind(parent);
     auto name = (parent / (name_start() + std::to_string(getpid()) + "-XXXXXX")).native();
     if (!mkdtemp(name.data()))
         return reason_for(errno, parent, output);

@@ -14,7 +14,7 @@ s2sWrapper::s2sWrapper(s2sVmr2vmr const & context, vmrabsAppInfo const & app_inf
 
 int s2sWrapper::run() const
 {
-    return s2s_run_job(m_parts.comm, [this] {
+    return s2s_run_job(m_parts.comm, m_files, [this] {
         m_parts.comm.begin_translation(m_elements);
         return s2sTranslationRun(m_parts, m_elements, m_files.inputs()).run() == s2sThreadCompleted ? 1 : 0;
     });

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "engineKit.h"
@@ -32,6 +33,24 @@ TEST_F(WrapperOutput, MovesTheFilesThatGoWithTheOutputToo)
     EXPECT_EQ(read_text(folder / "out/part.mtl"), "colours");
     EXPECT_EQ(read_text(folder / "out/textures/a.png"), "pixels");
     EXPECT_THAT(left_behind(), IsEmpty());
+}
+
+TEST_F(WrapperOutput, TidiesUpAfterARunThatWasKilled)
+{
+    auto const child = fork();
+    if (child == 0)
+        _exit(0);
+    waitpid(child, nullptr, 0);
+    std::string staging;
+    output_stream.on_message = [&](Message const &) { staging = left_behind().at(0); };
+    run_script("ready\nend completed 0 0");
+    auto const own = "-" + std::to_string(getpid()) + "-";
+    staging.replace(staging.find(own), own.size(), "-" + std::to_string(child) + "-");
+    fs::create_directory(folder.path() / "out" / staging);
+    comm.reset();
+    output_stream.on_message = nullptr;
+    run_script("chief x\nend completed 1 0");
+    EXPECT_THAT(names_in(folder / "out"), ElementsAre("part.cad"));
 }
 
 TEST_F(WrapperOutput, KeepsTheOldOutputWhenTheHostFails)
