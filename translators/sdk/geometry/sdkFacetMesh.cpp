@@ -16,8 +16,9 @@
 #include <TopoDS_Wire.hxx>
 #include <gp_Pln.hxx>
 
-#include <numeric>
+#include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -28,16 +29,17 @@ gp_XYZ area_vector(std::vector<gp_XYZ> const & points, sdkFacetMesh::Triangle co
         .Crossed(points[static_cast<std::size_t>(triangle[2])] - origin);
 }
 
-std::uint64_t directed(int from, int to)
+std::uint64_t edge_of(int one, int other)
 {
-    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(from)) << 32U |
-           static_cast<std::uint32_t>(to);
+    auto const [low, high] = std::minmax(one, other);
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(low)) << 32U |
+           static_cast<std::uint32_t>(high);
 }
 
 // Makes faces of triangles so that triangles with common points share vertices and edges.
 class FaceMaker {
 public:
-    explicit FaceMaker(std::vector<gp_XYZ> const & points) : m_points(points), m_vertices(points.size()) {}
+    explicit FaceMaker(std::vector<gp_XYZ> const & points) : m_points(points) {}
 
     TopoDS_Face make(sdkFacetMesh::Triangle const & triangle)
     {
@@ -58,19 +60,16 @@ public:
 private:
     TopoDS_Shape edge(int from, int to)
     {
-        if (auto const found = m_edges.find(directed(to, from)); found != m_edges.end()) {
-            return found->second.Reversed();
-        }
-        auto & made = m_edges[directed(from, to)];
+        auto & made = m_edges[edge_of(from, to)];
         if (made.IsNull()) {
-            made = BRepBuilderAPI_MakeEdge(vertex(from), vertex(to)).Edge();
+            made = BRepBuilderAPI_MakeEdge(vertex(std::min(from, to)), vertex(std::max(from, to))).Edge();
         }
-        return made;
+        return from < to ? made : made.Reversed();
     }
 
     TopoDS_Vertex const & vertex(int number)
     {
-        auto & made = m_vertices[static_cast<std::size_t>(number)];
+        auto & made = m_vertices[number];
         if (made.IsNull()) {
             m_builder.MakeVertex(made, gp_Pnt(m_points[static_cast<std::size_t>(number)]),
                                  Precision::Confusion());
@@ -79,55 +78,20 @@ private:
     }
 
     std::vector<gp_XYZ> const & m_points;
-    std::vector<TopoDS_Vertex> m_vertices;
+    std::unordered_map<int, TopoDS_Vertex> m_vertices;
     std::unordered_map<std::uint64_t, TopoDS_Edge> m_edges;
     BRep_Builder m_builder;
 };
 
-// Numbers that are joined to sets.
-class Sets {
-public:
-    explicit Sets(std::size_t size) : m_parent(size)
-    {
-        std::iota(m_parent.begin(), m_parent.end(), std::size_t{0});
-    }
-
-    std::size_t find(std::size_t number)
-    {
-        while (m_parent[number] != number) {
-            m_parent[number] = m_parent[m_parent[number]];
-            number = m_parent[number];
-        }
-        return number;
-    }
-
-    void join(std::size_t one, std::size_t other) { m_parent[find(other)] = find(one); }
-
-private:
-    std::vector<std::size_t> m_parent;
-};
-
-// How many triangles run along each edge in each direction.
-std::unordered_map<std::uint64_t, int> directed_edges(std::vector<sdkFacetMesh::Triangle> const & triangles)
-{
-    std::unordered_map<std::uint64_t, int> uses;
-    uses.reserve(3 * triangles.size());
-    for (auto const & triangle : triangles) {
-        for (std::size_t corner = 0; corner < 3; ++corner) {
-            ++uses[directed(triangle[corner], triangle[(corner + 1) % 3])];
-        }
-    }
-    return uses;
-}
-
-std::uint64_t opposite(std::uint64_t edge)
-{
-    return edge << 32U | edge >> 32U;
-}
-
 } // namespace
 
 sdkFacetMesh::sdkFacetMesh(TopTools_ListOfShape const & faces, double tolerance)
+{
+    collect(faces, tolerance);
+    connect();
+}
+
+void sdkFacetMesh::collect(TopTools_ListOfShape const & faces, double tolerance)
 {
     sdkVertexMerger merger(tolerance, 0);
     for (auto const & face : faces) {
@@ -164,72 +128,113 @@ sdkFacetMesh::sdkFacetMesh(TopTools_ListOfShape const & faces, double tolerance)
     m_points = merger.points();
 }
 
-bool sdkFacetMesh::regular() const
+std::vector<sdkFacetMesh::Side> sdkFacetMesh::sorted_sides() const
 {
-    for (auto const & [edge, uses] : directed_edges(m_triangles)) {
-        if (uses > 1) {
-            return false;
+    std::vector<Side> sides;
+    sides.reserve(3 * m_triangles.size());
+    for (std::size_t at = 0; at < m_triangles.size(); ++at) {
+        for (std::size_t corner = 0; corner < 3; ++corner) {
+            int const from = m_triangles[at][corner];
+            int const to = m_triangles[at][(corner + 1) % 3];
+            sides.push_back({edge_of(from, to), at, from < to});
         }
     }
-    return true;
+    std::sort(sides.begin(), sides.end(),
+              [](Side const & one, Side const & other) { return one.edge < other.edge; });
+    return sides;
 }
 
-bool sdkFacetMesh::open() const
+void sdkFacetMesh::connect()
 {
-    auto const edges = directed_edges(m_triangles);
-    for (auto const & [edge, uses] : edges) {
-        if (!edges.contains(opposite(edge))) {
-            return true;
+    struct Neighbour {
+        std::size_t triangle;
+        bool turned;
+    };
+    auto const sides = sorted_sides();
+    auto const end_of_edge = [&](std::size_t begin) {
+        std::size_t end = begin;
+        while (end < sides.size() && sides[end].edge == sides[begin].edge) {
+            ++end;
+        }
+        return end;
+    };
+    std::vector<std::vector<Neighbour>> neighbours(m_triangles.size());
+    for (std::size_t at = 0; at < sides.size(); at = end_of_edge(at)) {
+        auto const uses = end_of_edge(at) - at;
+        if (uses == 2) {
+            bool const turned = sides[at].forward == sides[at + 1].forward;
+            neighbours[sides[at].triangle].push_back({sides[at + 1].triangle, turned});
+            neighbours[sides[at + 1].triangle].push_back({sides[at].triangle, turned});
         }
     }
-    return false;
+
+    constexpr auto none = static_cast<std::size_t>(-1);
+    m_sets.assign(m_triangles.size(), none);
+    std::vector<bool> turned(m_triangles.size(), false);
+    for (std::size_t seed = 0; seed < m_triangles.size(); ++seed) {
+        if (m_sets[seed] != none) {
+            continue;
+        }
+        auto const set = m_closed.size();
+        m_closed.push_back(true);
+        m_sets[seed] = set;
+        std::vector<std::size_t> reached{seed};
+        std::size_t count_turned = 0;
+        for (std::size_t at = 0; at < reached.size(); ++at) {
+            auto const triangle = reached[at];
+            for (auto const & neighbour : neighbours[triangle]) {
+                if (m_sets[neighbour.triangle] == none) {
+                    m_sets[neighbour.triangle] = set;
+                    turned[neighbour.triangle] = turned[triangle] != neighbour.turned;
+                    count_turned += turned[neighbour.triangle] ? 1 : 0;
+                    reached.push_back(neighbour.triangle);
+                }
+            }
+        }
+        // The side to which most of them looked at first is the one that was meant.
+        bool const others = 2 * count_turned > reached.size();
+        for (auto const triangle : reached) {
+            if (turned[triangle] != others) {
+                std::swap(m_triangles[triangle][1], m_triangles[triangle][2]);
+                ++m_turned;
+            }
+        }
+    }
+
+    for (std::size_t at = 0; at < sides.size();) {
+        auto const end = end_of_edge(at);
+        for (std::size_t one = at; one < end; ++one) {
+            auto const set = m_sets[sides[one].triangle];
+            auto const uses = std::count_if(sides.begin() + static_cast<std::ptrdiff_t>(at),
+                                            sides.begin() + static_cast<std::ptrdiff_t>(end),
+                                            [&](Side const & side) { return m_sets[side.triangle] == set; });
+            if (uses % 2 != 0) {
+                m_closed[set] = false;
+            }
+        }
+        at = end;
+    }
+    m_open = std::count_if(m_sets.begin(), m_sets.end(), [&](std::size_t set) { return !m_closed[set]; });
 }
 
 std::vector<TopoDS_Shape> sdkFacetMesh::shells() const
 {
-    Sets sets(m_triangles.size());
-    std::unordered_map<std::uint64_t, std::size_t> first_of;
-    std::vector<bool> closed(m_triangles.size(), true);
-    for (std::size_t at = 0; at < m_triangles.size(); ++at) {
-        for (std::size_t corner = 0; corner < 3; ++corner) {
-            auto const edge = directed(m_triangles[at][corner], m_triangles[at][(corner + 1) % 3]);
-            first_of.emplace(edge, at);
-            if (auto const found = first_of.find(opposite(edge)); found != first_of.end()) {
-                sets.join(found->second, at);
-            }
-        }
+    std::vector<std::vector<std::size_t>> members(m_closed.size());
+    for (std::size_t at = 0; at < m_sets.size(); ++at) {
+        members[m_sets[at]].push_back(at);
     }
-    for (auto const & [edge, at] : first_of) {
-        if (!first_of.contains(opposite(edge))) {
-            closed[sets.find(at)] = false;
-        }
-    }
-
-    FaceMaker maker(m_points);
     BRep_Builder builder;
-    std::unordered_map<std::size_t, std::size_t> places;
     std::vector<TopoDS_Shape> shells;
-    for (std::size_t at = 0; at < m_triangles.size(); ++at) {
-        auto const [place, added] = places.try_emplace(sets.find(at), shells.size());
-        if (added) {
-            TopoDS_Shell shell;
-            builder.MakeShell(shell);
-            shell.Closed(closed[place->first]);
-            shells.push_back(shell);
+    for (std::size_t set = 0; set < members.size(); ++set) {
+        // Shells that only touch share no edges.
+        FaceMaker maker(m_points);
+        TopoDS_Shell shell;
+        builder.MakeShell(shell);
+        for (auto const triangle : members[set]) {
+            builder.Add(shell, maker.make(m_triangles[triangle]));
         }
-        builder.Add(shells[place->second], maker.make(m_triangles[at]));
+        shell.Closed(m_closed[set]);
+        shells.push_back(shell);
     }
     return shells;
-}
-
-std::vector<TopoDS_Shape> sdkFacetMesh::loose_faces() const
-{
-    std::vector<TopoDS_Shape> faces;
-    for (auto const & triangle : m_triangles) {
-        faces.push_back(FaceMaker({m_points[static_cast<std::size_t>(triangle[0])],
-                                   m_points[static_cast<std::size_t>(triangle[1])],
-                                   m_points[static_cast<std::size_t>(triangle[2])]})
-                            .make({0, 1, 2}));
-    }
-    return faces;
 }

@@ -23,6 +23,9 @@
 
 namespace {
 
+// Sewing takes time that grows with the square of the number of faces.
+constexpr std::int64_t most_to_sew = 15'000;
+
 bool facets_only(TopoDS_Shape const & face)
 {
     TopLoc_Location location;
@@ -123,8 +126,9 @@ private:
         if (mesh.triangles().empty()) {
             return {};
         }
-        auto shells = mesh.regular() ? mesh.shells() : sewn(mesh.loose_faces());
-        if (mesh.regular() && m_options.tolerance > 0 && mesh.open()) {
+        m_counts.turned += mesh.turned();
+        auto shells = mesh.shells();
+        if (m_options.tolerance > 0 && mesh.open() > 0 && mesh.open() <= most_to_sew) {
             shells = sewn(shells);
         }
         if (m_options.solids) {
@@ -140,12 +144,16 @@ private:
 
     std::vector<TopoDS_Shape> sewn(std::vector<TopoDS_Shape> const & shapes)
     {
+        std::vector<TopoDS_Shape> result;
         BRepBuilderAPI_Sewing sewing(std::max(m_options.tolerance, Precision::Confusion()));
         for (auto const & shape : shapes) {
-            sewing.Add(shape);
+            if (BRep_Tool::IsClosed(shape)) {
+                result.push_back(shape);
+            } else {
+                sewing.Add(shape);
+            }
         }
         sewing.Perform(m_scope.Next());
-        std::vector<TopoDS_Shape> result;
         for (TopExp_Explorer shell(sewing.SewedShape(), TopAbs_SHELL); shell.More(); shell.Next()) {
             result.push_back(shell.Current());
         }

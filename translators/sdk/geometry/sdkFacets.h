@@ -21,9 +21,9 @@ sdkText sdk_facets_refused(std::vector<sdkFacetPart> const & parts, std::string 
                            std::string const & option);
 
 struct sdkFacetOptions {
-    double tolerance = 1.0e-4;   // in millimetres; points and edges this close are joined
-    bool solids = true;          // closed shells become solids that look outward, those inside them cavities
-    bool merge_coplanar = false; // neighbouring facets of one plane become one face
+    double tolerance = 1.0e-4; // in millimetres; points this close are joined; edges of small open meshes too
+    bool solids = true;        // closed shells become solids that look outward, those inside them cavities
+    bool merge_coplanar = false;       // neighbouring facets of one plane become one face
     std::int64_t max_facets = 100'000; // in the whole document
 };
 
@@ -31,6 +31,7 @@ struct sdkFacetCounts {
     std::int64_t parts = 0;
     std::int64_t triangles = 0; // that were there
     std::int64_t dropped = 0;   // of these, triangles without area
+    std::int64_t turned = 0;    // of the others, those that looked to another side than their neighbours
     std::int64_t faces = 0;     // that came of the others
     std::int64_t shells = 0;    // that stayed open or were to stay shells
     std::int64_t solids = 0;

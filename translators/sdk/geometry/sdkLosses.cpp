@@ -73,9 +73,7 @@ std::int64_t sdk_report_losses(sdkDocument const & document, sdkCapabilities con
            attributes.layered);
     report(capabilities.surfaces, "geometry::%s files hold no surfaces: %d faces become triangles",
            entities.faces - entities.facets_only);
-    report(capabilities.curves, "geometry::%s files hold no curves: %d curves are left out",
-           entities.curves);
-    report(capabilities.points, "geometry::%s files hold no points: %d points are left out",
-           entities.points);
+    report(capabilities.curves, "geometry::%s files hold no curves: %d curves are left out", entities.curves);
+    report(capabilities.points, "geometry::%s files hold no points: %d points are left out", entities.points);
     return (capabilities.curves ? 0 : entities.curves) + (capabilities.points ? 0 : entities.points);
 }

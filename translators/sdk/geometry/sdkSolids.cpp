@@ -7,20 +7,56 @@
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <GProp_GProps.hxx>
+#include <Geom_Line.hxx>
+#include <Geom_Plane.hxx>
 #include <Precision.hxx>
+#include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Solid.hxx>
 
 #include <cmath>
+#include <optional>
 
 namespace {
 
+// The area vector of a plane face with straight edges, from Stokes' theorem; nothing for other faces. A point
+// of the face is put into `point`.
+std::optional<gp_XYZ> area_of_polygon(TopoDS_Face const & face, gp_XYZ & point)
+{
+    TopLoc_Location location;
+    if (Handle(Geom_Plane)::DownCast(BRep_Tool::Surface(face, location)).IsNull()) {
+        return std::nullopt;
+    }
+    gp_XYZ doubled;
+    for (TopExp_Explorer explorer(face, TopAbs_EDGE); explorer.More(); explorer.Next()) {
+        auto const & edge = TopoDS::Edge(explorer.Current());
+        double first = 0;
+        double last = 0;
+        if (Handle(Geom_Line)::DownCast(BRep_Tool::Curve(edge, location, first, last)).IsNull()) {
+            return std::nullopt;
+        }
+        point = BRep_Tool::Pnt(TopExp::FirstVertex(edge, Standard_True)).XYZ();
+        doubled += point.Crossed(BRep_Tool::Pnt(TopExp::LastVertex(edge, Standard_True)).XYZ());
+    }
+    return doubled * 0.5;
+}
+
+// By the theorem of Gauss; integration over many facets takes long.
 double signed_volume(TopoDS_Shape const & shell)
 {
-    GProp_GProps properties;
-    BRepGProp::VolumeProperties(shell, properties);
-    return properties.Mass();
+    double volume = 0;
+    for (TopExp_Explorer face(shell, TopAbs_FACE); face.More(); face.Next()) {
+        gp_XYZ point;
+        if (auto const area = area_of_polygon(TopoDS::Face(face.Current()), point)) {
+            volume += point.Dot(*area) / 3;
+        } else {
+            GProp_GProps properties;
+            BRepGProp::VolumeProperties(shell, properties);
+            return properties.Mass();
+        }
+    }
+    return volume;
 }
 
 Bnd_Box box_of(TopoDS_Shape const & shape)
