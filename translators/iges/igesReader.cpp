@@ -1,6 +1,7 @@
 #include "iges/igesReader.h"
 
 #include "iges/igesFile.h"
+#include "iges/igesNames.h"
 #include "iges/igesSewing.h"
 #include "iges/igesUnits.h"
 #include "sdk/exchange/sdkChecks.h"
@@ -33,10 +34,6 @@ igesReader::igesReader(sdkContext & context) : m_context(context)
 {
     auto const & options = context.options();
     IGESControl_Controller::Init();
-    if (double const precision = options.real("igesReadPrecision"); precision > 0.0) {
-        m_statics.set("read.precision.mode", "User");
-        m_statics.set("read.precision.val", precision);
-    }
     m_reader.emplace();
     m_reader->SetReadVisible(options.boolean("igesReadVisibleOnly"));
     m_reader->SetNameMode(options.boolean("igesReadNames"));
@@ -64,6 +61,7 @@ sdkResult igesReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     settle_unit();
+    iges_decode_names(model, m_context.options().text("igesReadCodePage"));
     sdk_report_load(m_reader->WS(), m_context);
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }

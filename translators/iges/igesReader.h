@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkModule.h"
 
 #include <IGESCAFControl_Reader.hxx>
@@ -22,6 +21,5 @@ private:
     void settle_unit();
 
     sdkContext & m_context;
-    sdkStatics m_statics;
     std::optional<IGESCAFControl_Reader> m_reader;
 };

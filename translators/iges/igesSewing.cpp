@@ -1,11 +1,10 @@
 #include "iges/igesSewing.h"
 
-#include "sdk/geometry/sdkSolids.h"
+#include "iges/igesSolids.h"
 #include "sdk/sdkAttributes.h"
 
 #include <BRepBuilderAPI_Sewing.hxx>
 #include <BRep_Builder.hxx>
-#include <Message_ProgressScope.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
@@ -47,10 +46,17 @@ void igesSewing::sew(TDF_LabelSequence const & labels, std::string const & name,
     auto const gathered = gather_single_faces(labels, name);
     auto const edit = [this](TDF_Label const &, TopoDS_Shape const & shape,
                              sdkShapeHistory & history) -> std::optional<TopoDS_Shape> {
-        if (can_be_sewn(shape) || shape.ShapeType() == TopAbs_COMPOUND) {
-            return sewn(shape, history);
+        if (!can_be_sewn(shape) && shape.ShapeType() != TopAbs_COMPOUND) {
+            return std::nullopt;
         }
-        return std::nullopt;
+        auto const faces = m_faces;
+        auto const shells = sewn(shape, history);
+        if (m_faces == faces) {
+            return shape;
+        }
+        auto const bodies = iges_with_solids(shells);
+        count_bodies(bodies);
+        return bodies;
     };
     sdk_edit_parts(m_document, sdkDocument::parts_of(gathered), edit, range);
 }
@@ -133,13 +139,18 @@ void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<
             history.replace(face, sewing.Modified(face));
         }
     }
-    std::vector<TopoDS_Shape> shells;
-    append(whole, TopAbs_SHELL, TopAbs_SHAPE, shells);
-    for (auto const & body : sdk_make_solids(shells)) {
-        (body.ShapeType() == TopAbs_SOLID ? m_solids : m_shells) += 1;
-        results.push_back(body);
-    }
+    append(whole, TopAbs_SHELL, TopAbs_SHAPE, results);
     // Faces that touch no other one.
     append(whole, TopAbs_FACE, TopAbs_SHELL, results);
     m_faces += static_cast<std::int64_t>(faces.size());
+}
+
+void igesSewing::count_bodies(TopoDS_Shape const & shape)
+{
+    std::vector<TopoDS_Shape> solids;
+    append(shape, TopAbs_SOLID, TopAbs_SHAPE, solids);
+    std::vector<TopoDS_Shape> shells;
+    append(shape, TopAbs_SHELL, TopAbs_SOLID, shells);
+    m_solids += static_cast<std::int64_t>(solids.size());
+    m_shells += static_cast<std::int64_t>(shells.size());
 }

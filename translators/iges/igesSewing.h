@@ -27,6 +27,7 @@ private:
     TopoDS_Shape sewn(TopoDS_Shape const & shape, sdkShapeHistory & history);
     void sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<TopoDS_Shape> & results,
                    sdkShapeHistory & history);
+    void count_bodies(TopoDS_Shape const & shape);
 
     sdkDocument & m_document;
     double m_tolerance;

@@ -1,14 +1,20 @@
 #include "iges/igesWriter.h"
 
+#include "iges/igesNames.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
+#include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
 
 #include <IGESControl_Controller.hxx>
+#include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESModel.hxx>
 #include <Message_ProgressScope.hxx>
+#include <TCollection_HAsciiString.hxx>
 #include <Transfer_FinderProcess.hxx>
 
 #include <algorithm>
@@ -21,8 +27,6 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
     m_statics.set("write.iges.unit",
                   std::string(sdk_length_unit(options.text("vmrOptOutputUnits"))->toolkit));
     m_statics.set("write.iges.brep.mode", options.boolean("igesWriteSolids") ? "BRep" : "Faces");
-    m_statics.set("write.iges.header.author", options.text("igesWriteAuthor"));
-    m_statics.set("write.iges.header.company", options.text("igesWriteOrganisation"));
     if (double const precision = options.real("igesWritePrecision"); precision > 0.0) {
         m_statics.set("write.precision.mode", "User");
         m_statics.set("write.precision.val", precision);
@@ -41,6 +45,8 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
         return result;
     }
+    report_losses(document);
+    flatten(document);
     auto const entities = output.count().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
@@ -59,10 +65,55 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     return sdkResult::completed();
 }
 
+void igesWriter::report_losses(sdkDocument & document)
+{
+    auto const & options = m_context.options();
+    auto & reporter = m_context.reporter();
+    if (options.boolean("igesWriteNames")) {
+        if (auto const names = iges_make_names_ascii(document); names > 0) {
+            reporter.output(
+                "iges::IGES files hold ASCII names only: %d names have underscores for other characters",
+                names);
+        }
+    }
+    TDF_LabelSequence layers;
+    document.layers()->GetLayerLabels(layers);
+    if (!layers.IsEmpty() && options.boolean("igesWriteLayers")) {
+        reporter.output("iges::IGES files hold no names of layers: %d layers became level numbers",
+                        layers.Length());
+    }
+}
+
+// The parts of an assembly keep their names, colours and levels only as separate entities.
+void igesWriter::flatten(sdkDocument & document)
+{
+    auto const attributes = sdk_count_attributes(document);
+    if (attributes.assemblies == 0) {
+        return;
+    }
+    sdk_flatten(document, document.free_shapes(), sdkPlacing::compound);
+    m_context.reporter().output("iges::IGES files hold no assembly structure: %d assemblies with %d "
+                                "instances became %d separate shapes",
+                                attributes.assemblies, attributes.instances, document.free_shapes().Length());
+}
+
 sdkResult igesWriter::write(std::string const & path, Message_ProgressRange const & range)
 {
     sdkOutputFile file(path, range);
+    fill_header();
     std::ostream stream(&file);
     m_writer->Write(stream);
     return file.close(m_context.file());
+}
+
+void igesWriter::fill_header()
+{
+    auto const text = [](std::string const & value) { return new TCollection_HAsciiString(value.c_str()); };
+    auto const & options = m_context.options();
+    auto const model = m_writer->Model();
+    auto section = model->GlobalSection();
+    section.SetFileName(text(sdk_file_name(m_context.file())));
+    section.SetAuthorName(text(options.text("igesWriteAuthor")));
+    section.SetCompanyName(text(options.text("igesWriteOrganisation")));
+    model->SetGlobalSection(section);
 }

@@ -16,6 +16,10 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void report_losses(sdkDocument & document);
+    void flatten(sdkDocument & document);
+    void fill_header();
+
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<IGESCAFControl_Writer> m_writer;

@@ -61,6 +61,8 @@ sdkEntityCount sdk_count_entities(TopoDS_Shape const & shape)
 sdkDocument::sdkDocument()
 {
     XCAFApp_Application::GetApplication()->NewDocument("BinXCAF", m_document);
+    // Shapes without a name have none; they are not called SOLID or COMPOUND.
+    XCAFDoc_ShapeTool::SetAutoNaming(Standard_False);
     m_shapes = XCAFDoc_DocumentTool::ShapeTool(m_document->Main());
     m_colours = XCAFDoc_DocumentTool::ColorTool(m_document->Main());
     m_layers = XCAFDoc_DocumentTool::LayerTool(m_document->Main());

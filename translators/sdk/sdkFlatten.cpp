@@ -2,14 +2,51 @@
 
 #include "sdk/sdkAttributes.h"
 
+#include <BRepBuilderAPI_Transform.hxx>
+#include <BRep_Builder.hxx>
 #include <TopLoc_Location.hxx>
-#include <TopoDS_Shape.hxx>
+#include <TopoDS_Compound.hxx>
+
+#include <optional>
 
 namespace {
 
+// A copy of a shape whose place has become part of its geometry: a free shape of a document has no place of
+// its own.
+class Placement {
+public:
+    Placement(TopoDS_Shape const & shape, TopLoc_Location const & location, sdkPlacing placing)
+        : m_location(location)
+    {
+        // Triangles without a surface are not transformed.
+        if (placing == sdkPlacing::compound || sdk_count_entities(shape).facets_only > 0) {
+            TopoDS_Compound compound;
+            BRep_Builder builder;
+            builder.MakeCompound(compound);
+            builder.Add(compound, shape.Moved(location));
+            m_shape = compound;
+        } else {
+            m_transform.emplace(shape, location.Transformation(), Standard_True);
+            m_shape = m_transform->Shape();
+        }
+    }
+
+    TopoDS_Shape const & shape() const { return m_shape; }
+
+    TopoDS_Shape placed(TopoDS_Shape const & detail) const
+    {
+        return m_transform ? m_transform->ModifiedShape(detail) : detail.Moved(m_location);
+    }
+
+private:
+    TopLoc_Location m_location;
+    TopoDS_Shape m_shape;
+    std::optional<BRepBuilderAPI_Transform> m_transform;
+};
+
 class Flattening {
 public:
-    explicit Flattening(sdkDocument & document) : m_document(document) {}
+    Flattening(sdkDocument & document, sdkPlacing placing) : m_document(document), m_placing(placing) {}
 
     // The places are those from the assembly down to the label, the outermost first.
     void flatten(TDF_Label const & label, TopLoc_Location const & location, TDF_LabelSequence const & places)
@@ -33,8 +70,8 @@ public:
 private:
     void add_part(TDF_Label const & part, TopLoc_Location const & location, TDF_LabelSequence const & places)
     {
-        auto const shape = XCAFDoc_ShapeTool::GetShape(part).Moved(location);
-        auto const label = m_document.shapes()->AddShape(shape, Standard_False);
+        Placement const placement(XCAFDoc_ShapeTool::GetShape(part), location, m_placing);
+        auto const label = m_document.add_shape(placement.shape(), {});
         sdk_add_attributes(m_document, part, label);
         for (int place = places.Length(); place >= 1; --place) {
             sdk_add_attributes(m_document, places(place), label);
@@ -43,15 +80,15 @@ private:
         XCAFDoc_ShapeTool::GetSubShapes(part, details);
         for (auto const & detail : details) {
             TDF_Label copy;
-            auto const moved = XCAFDoc_ShapeTool::GetShape(detail).Moved(location);
-            m_document.shapes()->AddSubShape(label, moved, copy);
-            if (!copy.IsNull()) {
+            auto const placed = placement.placed(XCAFDoc_ShapeTool::GetShape(detail));
+            if (m_document.shapes()->AddSubShape(label, placed, copy)) {
                 sdk_add_attributes(m_document, detail, copy);
             }
         }
     }
 
     sdkDocument & m_document;
+    sdkPlacing m_placing;
 };
 
 // Removes a shape that nothing uses, and then all that only it used.
@@ -76,9 +113,9 @@ void remove_unused(sdkDocument & document, TDF_Label const & label)
 
 } // namespace
 
-int sdk_flatten(sdkDocument & document, TDF_LabelSequence const & free_shapes)
+int sdk_flatten(sdkDocument & document, TDF_LabelSequence const & free_shapes, sdkPlacing placing)
 {
-    Flattening flattening(document);
+    Flattening flattening(document, placing);
     TDF_LabelSequence assemblies;
     for (auto const & label : free_shapes) {
         if (XCAFDoc_ShapeTool::IsAssembly(label)) {

@@ -39,6 +39,25 @@ std::string schema_in(std::string_view header)
     return schema;
 }
 
+bool valid_utf8(std::string_view text)
+{
+    int missing = 0;
+    for (unsigned char const byte : text) {
+        if (missing > 0) {
+            if ((byte & 0xC0) != 0x80) {
+                return false;
+            }
+            --missing;
+        } else if (byte >= 0x80) {
+            missing = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
+            if (byte < 0xC2 || byte >= 0xF5) {
+                return false;
+            }
+        }
+    }
+    return missing == 0;
+}
+
 } // namespace
 
 stepFile::stepFile(std::string_view text)
@@ -56,4 +75,5 @@ stepFile::stepFile(std::string_view text)
     sections_end =
         data != std::string_view::npos && section_end != std::string_view::npos && data < section_end;
     schema = schema_in(text.substr(0, header_size));
+    is_utf8 = valid_utf8(text);
 }

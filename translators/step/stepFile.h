@@ -14,6 +14,8 @@ struct stepFile {
     bool sections_end = false;
     // The words END-ISO-10303-21; are there.
     bool ends = false;
+    // All characters beyond ASCII are UTF-8.
+    bool is_utf8 = true;
     // What FILE_SCHEMA names, such as "AUTOMOTIVE_DESIGN", joined by commas.
     std::string schema;
 

@@ -97,6 +97,12 @@ sdkResult stepReader::check_text(sdkInputFile const & file) const
         m_context.reporter().error(
             "step::%s lacks its last line, END-ISO-10303-21; all data before it is read", name);
     }
+    if (m_context.options().text("stepReadCodePage") == "UTF8" && !text.is_utf8) {
+        m_context.reporter().error(
+            "step::%s has texts that are not in UTF-8; choose their code page with the option "
+            "stepReadCodePage",
+            name);
+    }
     return sdkResult::completed();
 }
 
@@ -122,7 +128,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_units();
     if (options.text("stepReadStructure") == "flat") {
-        if (int const assemblies = sdk_flatten(document, added); assemblies > 0) {
+        if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),
                                         assemblies);
         }

@@ -59,7 +59,8 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     auto const & options = m_context.options();
     auto & reporter = m_context.reporter();
     if (options.text("stepWriteStructure") == "flat") {
-        if (int const assemblies = sdk_flatten(document, document.free_shapes()); assemblies > 0) {
+        if (int const assemblies = sdk_flatten(document, document.free_shapes(), sdkPlacing::geometry);
+            assemblies > 0) {
             reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
         }
     }

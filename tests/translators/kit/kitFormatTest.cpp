@@ -1,0 +1,48 @@
+#include "translators/kit/kitFormatTest.h"
+
+#include <algorithm>
+
+kitFormatTest::kitFormatTest(std::string manifest, std::string format)
+    : m_manifest(std::move(manifest)), m_format(std::move(format))
+{
+}
+
+sdkResult kitFormatTest::write(sdkDocument & document, std::string const & file, Values const & values)
+{
+    kitSide side(m_manifest, m_format, values, file);
+    auto const result = kit_write(*make_writer(side.context()), document, side.reporter(), file);
+    keep(side.reporter());
+    return result;
+}
+
+sdkResult kitFormatTest::write(TopoDS_Shape const & shape, std::string const & file, Values const & values,
+                               std::string const & name)
+{
+    sdkDocument document;
+    document.add_shape(shape, name);
+    return write(document, file, values);
+}
+
+sdkResult kitFormatTest::read(std::string const & file, sdkDocument & document, Values const & values)
+{
+    kitSide side(m_manifest, m_format, values, file);
+    auto const result = kit_read(*make_reader(side.context()), file, document);
+    keep(side.reporter());
+    return result;
+}
+
+void kitFormatTest::keep(kitReporter const & reporter)
+{
+    m_said = reporter;
+    EXPECT_TRUE(reporter.misfits.empty()) << reporter.misfits.front();
+}
+
+std::vector<std::string> kit_part_names(sdkDocument const & document)
+{
+    std::vector<std::string> names;
+    for (auto const & part : document.parts()) {
+        names.push_back(sdkDocument::name(part));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}

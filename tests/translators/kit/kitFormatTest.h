@@ -1,0 +1,46 @@
+#pragma once
+
+#include "kit/kitTempFolder.h"
+#include "translators/kit/kitParts.h"
+#include "translators/kit/kitTrip.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+// The base of the tests of one format: writes and reads in a folder of its own, and expects all messages to
+// be well formed.
+class kitFormatTest : public testing::Test {
+public:
+    using Values = kitSide::Values;
+
+protected:
+    kitFormatTest(std::string manifest, std::string format);
+
+    virtual std::unique_ptr<sdkReader> make_reader(sdkContext & context) = 0;
+    virtual std::unique_ptr<sdkWriter> make_writer(sdkContext & context) = 0;
+
+    // The path of a file in the folder of this test.
+    std::string path(std::string const & name) const { return m_folder / name; }
+    kitTempFolder const & folder() const { return m_folder; }
+
+    sdkResult write(sdkDocument & document, std::string const & file, Values const & values = {});
+    // A part with a name, as the only one of its document.
+    sdkResult write(TopoDS_Shape const & shape, std::string const & file, Values const & values = {},
+                    std::string const & name = "Part");
+    sdkResult read(std::string const & file, sdkDocument & document, Values const & values = {});
+
+    // What was said, and counted, in the last write or read.
+    kitReporter const & said() const { return m_said; }
+
+private:
+    void keep(kitReporter const & reporter);
+
+    std::string m_manifest;
+    std::string m_format;
+    kitTempFolder m_folder;
+    kitReporter m_said;
+};
+
+// The names of the parts, sorted.
+std::vector<std::string> kit_part_names(sdkDocument const & document);

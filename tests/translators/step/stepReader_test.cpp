@@ -1,0 +1,140 @@
+#include "stepFormatTest.h"
+
+#include "sdk/geometry/sdkMeasures.h"
+
+class StepReader : public stepFormatTest {
+protected:
+    std::string cube_text()
+    {
+        EXPECT_TRUE(write(kit_cube(10), path("cube.stp")));
+        return kit_read_file(path("cube.stp"));
+    }
+
+    // Reads the text as a file; expects a read error and returns what the user is told.
+    std::string refusal(std::string const & text)
+    {
+        auto const file = folder().write("refused.step", text);
+        sdkDocument document;
+        auto const result = read(file, document);
+        EXPECT_EQ(result.status(), sdkStatus::read_error);
+        EXPECT_TRUE(result.text().fits());
+        EXPECT_NE(result.text().formatted().find(file), std::string::npos);
+        EXPECT_TRUE(document.empty());
+        return result.text().formatted();
+    }
+};
+
+namespace {
+
+bool has(std::string const & text, std::string const & part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+std::string with(std::string text, std::string const & from, std::string const & to)
+{
+    return text.replace(text.find(from), from.size(), to);
+}
+
+} // namespace
+
+TEST_F(StepReader, RefusesTextThatIsNoStepFile)
+{
+    EXPECT_TRUE(has(refusal("A shopping list\n- milk\n"), "is not a STEP file"));
+    EXPECT_TRUE(has(refusal("solid cube\nendsolid cube\n"), "is not a STEP file"));
+}
+
+TEST_F(StepReader, RefusesAFileThatIsCutOff)
+{
+    auto const text = cube_text();
+    EXPECT_TRUE(has(refusal(text.substr(0, text.size() / 2)), "is cut off"));
+    EXPECT_TRUE(has(refusal("ISO-10303-21;"), "is cut off"));
+}
+
+TEST_F(StepReader, RefusesGarbageAfterTheRightHeader)
+{
+    auto const text = cube_text();
+    auto const header = text.substr(0, text.find("DATA;") + 5);
+    refusal(header + "\n\x01\x02((((''#;;garbage\nENDSEC;\nEND-ISO-10303-21;\n");
+}
+
+TEST_F(StepReader, RefusesAFileWithoutShapesAndNamesItsSchema)
+{
+    auto const text = cube_text();
+    auto const header = text.substr(0, text.find("DATA;") + 5);
+    auto const said = refusal(header + "\n#1=CARTESIAN_POINT('',(0.,0.,0.));\nENDSEC;\nEND-ISO-10303-21;\n");
+    EXPECT_TRUE(has(said, "has no shapes")) << said;
+    EXPECT_TRUE(has(said, "AUTOMOTIVE_DESIGN")) << said;
+}
+
+TEST_F(StepReader, RefusesAnEmptyFileAFolderAndAMissingFile)
+{
+    EXPECT_TRUE(has(refusal(""), "is empty"));
+    sdkDocument document;
+    EXPECT_TRUE(has(read(folder().path().string(), document).text().formatted(), "is not a file"));
+    EXPECT_TRUE(has(read(path("missing.stp"), document).text().formatted(), "No such file or directory"));
+}
+
+TEST_F(StepReader, ReadsAFileWithoutItsLastLineAndSaysSo)
+{
+    auto const text = cube_text();
+    auto const file = folder().write("short.stp", text.substr(0, text.find("END-ISO-10303-21;")));
+    sdkDocument document;
+    auto const result = read(file, document);
+    EXPECT_TRUE(said().says("lacks its last line"));
+    // The toolkit's grammar decides whether the data before it can be used.
+    if (result) {
+        EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+    } else {
+        EXPECT_EQ(result.status(), sdkStatus::read_error);
+    }
+}
+
+TEST_F(StepReader, SaysTheLengthUnitOfTheFile)
+{
+    ASSERT_TRUE(write(kit_cube(25.4), path("inch.stp"), {{"vmrOptOutputUnits", "in"}}));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("inch.stp"), document));
+    EXPECT_TRUE(said().says("Length unit of the file is inch"));
+    EXPECT_NEAR(sdk_measure(document).volume, 25.4 * 25.4 * 25.4, 1e-6);
+}
+
+TEST_F(StepReader, NamesTheEntityThatIsNotAsTheStandardHasIt)
+{
+    auto const text = cube_text();
+    auto const at = text.find("CLOSED_SHELL('',(");
+    ASSERT_NE(at, std::string::npos);
+    auto const file =
+        folder().write("broken.stp", with(text, "CLOSED_SHELL('',(", "CLOSED_SHELL('','extra',("));
+    sdkDocument document;
+    read(file, document);
+    EXPECT_TRUE(said().says("CLOSED_SHELL"));
+}
+
+TEST_F(StepReader, RefusesATransformationWithoutOrigin)
+{
+    auto const text = cube_text();
+    auto const said =
+        refusal(with(text, "DATA;\n",
+                     "DATA;\n#90001=CARTESIAN_TRANSFORMATION_OPERATOR_3D('',#90002,#90002,#90003,1.,"
+                     "#90002);\n#90002=DIRECTION('',(0.,0.,1.));\n#90003=CARTESIAN_POINT('',(0.,0.,0.));\n"));
+    EXPECT_TRUE(has(said, "#90001")) << said;
+}
+
+TEST_F(StepReader, ReadsSeveralFilesIntoOneDocument)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("one.stp"), {}, "One"));
+    ASSERT_TRUE(write(kit_cube(20), path("two.stp"), {}, "Two"));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("one.stp"), document));
+    ASSERT_TRUE(read(path("two.stp"), document));
+    EXPECT_EQ(kit_part_names(document), (std::vector<std::string>{"One", "Two"}));
+    EXPECT_NEAR(sdk_measure(document).volume, 9000, 1e-6);
+}
+
+TEST_F(StepReader, OpensAFileWhoseNameIsInAnotherScript)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("деталь 箱 é.stp")));
+    sdkDocument document;
+    EXPECT_TRUE(read(path("деталь 箱 é.stp"), document));
+}
