@@ -8,7 +8,8 @@
 
 class wxWindow;
 
-/// The application's usage reporter: the engine's recorder with the two ways of showing the user's choice about it.
+/// The application's usage reporter: the engine's recorder with the two ways of showing the user's choice
+/// about it.
 class sglAnalytics : public s2sAnalytics {
 public:
     /// `text` is shown in the dialogs.

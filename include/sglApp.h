@@ -27,15 +27,16 @@
 
 class wxFileHistory;
 
-/// The application object: the product's names, the directories, the settings, the catalogues of translators, the
-/// services and the finished translations of the run. A program derives from it, supplies the pure operations and
-/// calls, in this order: pre_splash_screen_init(), sglApp::OnInit(), initialise_services(). What is valid when:
-/// the names and directories after the first, translators after the second, translations after the third.
-/// Main thread, apart from app().
+/// The application object: the product's names, the directories, the settings, the catalogues of translators,
+/// the services and the finished translations of the run. A program derives from it, supplies the pure
+/// operations and calls, in this order: pre_splash_screen_init(), sglApp::OnInit(), initialise_services().
+/// What is valid when: the names and directories after the first, translators after the second, translations
+/// after the third. Main thread, apart from app().
 class sglApp : public wxApp {
 public:
     sglApp(utString const & build_date, utString const & version, utString const & build_number,
-           utString const & name_without_version, utString const & company_name, utString const & copyright_text);
+           utString const & name_without_version, utString const & company_name,
+           utString const & copyright_text);
     ~sglApp() override;
 
     /// The one instance of the process; there must be one.
@@ -59,7 +60,10 @@ public:
     utString const & build_number() const { return m_build_number; }
     int service_pack() const { return m_service_pack; }
     sdbAppDirMap const & file_locator() const { return m_directories; }
-    sdbSearchPath const & get_installation_dir(sdbHRKDirectory kind) const { return m_directories.search_path(kind); }
+    sdbSearchPath const & get_installation_dir(sdbHRKDirectory kind) const
+    {
+        return m_directories.search_path(kind);
+    }
     sdbTranslatorDlls const & input_dlls() const { return *m_input_translators; }
     sdbTranslatorDlls const & output_dlls() const { return *m_output_translators; }
     wxFileHistory * mru() const { return m_file_history; }
@@ -78,7 +82,8 @@ public:
     void make_translator_dll_cache_file() const;
     /// The factory settings of a format: invalid when the installation has none.
     utString installation_resource_file(sdbTranslatorInfo const & info) const;
-    /// Where the resource file of that name lies, the user's before the installation's; when there is none, the path
+    /// Where the resource file of that name lies, the user's before the installation's; when there is none,
+    /// the path
     /// "/default" in the user's directory, whatever the name.
     utString rsc_dir(apFileName const & name) const;
 
@@ -96,6 +101,7 @@ protected:
     virtual void end_main_window(int code) = 0;
 
     bool Initialize(int & count, wxChar ** arguments) override;
+    wxAppTraits * CreateTraits() override;
     bool OnInit() override;
     int OnExit() override;
 
@@ -105,8 +111,9 @@ protected:
     void build_translator_dlls(utString const & cache_file, sdbSearchPath const & search_path,
                                utString const & preferred_output_format);
     void display_dll_load_error(sdbTranslatorLoadStatus status) const;
-    void get_product_info(utString const & build_date, utString const & version, utString const & build_number,
-                          utString & program, utString & operating_system, utString & user);
+    void get_product_info(utString const & build_date, utString const & version,
+                          utString const & build_number, utString & program, utString & operating_system,
+                          utString & user);
     utString product_info_org() const;
     utObserverPtr<sglAnalytics> analytics_reporter() { return &m_analytics; }
 

@@ -4,7 +4,8 @@
 
 #include <wx/dynlib.h>
 
-/// A loadable module opened through the toolkit. A failure is told by loaded_successfully() alone, without a message.
+/// A loadable module opened through the toolkit. A failure is told by loaded_successfully() alone, without a
+/// message.
 class sglDynamicLibrary : public sdbIDynamicLibrary {
 public:
     explicit sglDynamicLibrary(apPathName const & path);

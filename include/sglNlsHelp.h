@@ -15,10 +15,11 @@
 
 class wxLocale;
 
-/// The language of the program: settles the language asked for, the language of the messages and that of the toolkit,
-/// owns the translator and the formatter through which every text passes, and reads the numbers that users type.
-/// Exists once, reached by getNlsHelp(). Graphical (or main) thread; the language must not change while translating()
-/// is non-zero, because connectors made for a translation use the translator and formatter of their making.
+/// The language of the program: settles the language asked for, the language of the messages and that of the
+/// toolkit, owns the translator and the formatter through which every text passes, and reads the numbers that
+/// users type. Exists once, reached by getNlsHelp(). Graphical (or main) thread; the language must not change
+/// while translating() is non-zero, because connectors made for a translation use the translator and
+/// formatter of their making.
 class sglNlsHelp {
 public:
     sglNlsHelp();
@@ -33,7 +34,8 @@ public:
     void set_nls_language(utString const & language);  ///< messages; remakes translator and formatter
     void set_wx_language();                            ///< the toolkit, after the language of the messages
 
-    /// Cuts the country off a language name such as en_GB or pt-br. Returns 0, changing nothing, when there is none.
+    /// Cuts the country off a language name such as en_GB or pt-br. Returns 0, changing nothing, when there
+    /// is none.
     int strip_country(utString & language) const;
 
     /// The text of `format` in the user's language with its arguments filled in.
@@ -47,8 +49,8 @@ public:
     /// A message stream onto `displayer`, which is not owned; the caller owns the result.
     vmrabsOutput * make_new_connector(vmrnlsDisplayer * displayer) const;
 
-    /// Numbers as the user writes them: the default form, then that of the locale. `error` becomes non-zero when the
-    /// text is no number and keeps its value otherwise.
+    /// Numbers as the user writes them: the default form, then that of the locale. `error` becomes non-zero
+    /// when the text is no number and keeps its value otherwise.
     int string_to_int(utString text, int & error) const;
     double string_to_double(utString text, int & error) const;
 
@@ -64,13 +66,15 @@ public:
     void update_translator_and_formatter();
 
 protected:
-    /// Sets the toolkit's locale. Returns 0 when the toolkit does not know the language or its catalogues are missing.
+    /// Sets the toolkit's locale. Returns 0 when the toolkit does not know the language or its catalogues are
+    /// missing.
     int init_wx_language(wxLocale * locale, utString const & language);
 
 private:
     utString find_language(utString const & language) const;
 
-    /// Deletes a toolkit locale without the toolkit putting back the C library's locale of the time before it.
+    /// Deletes a toolkit locale without the toolkit putting back the C library's locale of the time before
+    /// it.
     struct LocaleDeleter {
         void operator()(wxLocale * locale) const;
     };

@@ -8,7 +8,7 @@ public:
     /// The number with two decimals, or an empty string when `text` is no number.
     utString localise_number(utString const & text) const;
 
-    /// For an amount such as "EUR 12.5": the word, one blank and the number with two decimals; an empty string when
-    /// there is no blank or no number behind it.
+    /// For an amount such as "EUR 12.5": the word, one blank and the number with two decimals; an empty
+    /// string when there is no blank or no number behind it.
     utString localise_amount(utString const & text) const;
 };

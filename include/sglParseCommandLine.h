@@ -19,7 +19,8 @@
 ///     -t FORMAT [-u|-units U] [-res_opt NAME:VALUE ...]
 ///     -o|-output outfile [-r FILE | FILE.rsc] [-w|-wire] [-s|-surface] [-res_opt NAME:VALUE ...] [-log FILE]
 ///
-/// Everything it has to say goes to standard output and to the log file. Main thread, after the services exist.
+/// Everything it has to say goes to standard output and to the log file. Main thread, after the services
+/// exist.
 class sglParseCommandLine {
 public:
     sglParseCommandLine(vmrabsAppInfo const & info, char const * command_line);
@@ -47,7 +48,8 @@ protected:
     sglCLTranslation & translation() { return *m_translation; }
 
 private:
-    template <class... Arguments> void say(char const * format, Arguments const &... arguments)
+    template <class... Arguments>
+    void say(char const * format, Arguments const &... arguments)
     {
         m_connector->message("vmrgrlib", format, arguments...);
     }

@@ -10,7 +10,8 @@ public:
     bool validate_double(utString const & name, utString const & value) override;
 };
 
-/// Moves one resource's value between a table and its text form. Built on the stack around one name, used and gone.
+/// Moves one resource's value between a table and its text form. Built on the stack around one name, used and
+/// gone.
 class sglResourceHandler : public sdbResourceHandler {
 public:
     explicit sglResourceHandler(utString const & name);

@@ -26,7 +26,8 @@ class sglStringTableString {
 public:
     explicit sglStringTableString(char const * domain) : m_domain(domain) {}
 
-    utString process(unsigned int id, utTextArguments const & arguments) const; ///< empty for an unknown number
+    utString process(unsigned int id,
+                     utTextArguments const & arguments) const; ///< empty for an unknown number
 
 protected:
     utString get_string(unsigned int id) const; ///< the key as it stands in the table

@@ -22,16 +22,17 @@ class sglAnalytics;
 /// The image reader that the application registers for the translators.
 class sglImageReader : public smgReader {};
 
-/// The services of this program: what components that do not know each other find by key through the application
-/// information. Filled once at start-up on the main thread, read from any thread afterwards without a lock. The
-/// providers are fields of this object and outlive every user.
+/// The services of this program: what components that do not know each other find by key through the
+/// application information. Filled once at start-up on the main thread, read from any thread afterwards
+/// without a lock. The providers are fields of this object and outlive every user.
 class sglServices : public sdbServices {
 public:
     sglServices(utObserverPtr<apILibraryLoaderOperations const> library_loader,
                 utObserverPtr<apIFileOperations const> files, utObserverPtr<apISynchOperations const> synch,
                 utObserverPtr<apIProcessThreadOperations const> process_thread);
 
-    /// Adds every service and loads the service modules; only after it can anybody find a service through `info`.
+    /// Adds every service and loads the service modules; only after it can anybody find a service through
+    /// `info`.
     void initialise_services(utObserverPtr<vmrabsAppInfo> info, sdbSearchPath const & services_path,
                              utObserverPtr<sglAnalytics> analytics);
 

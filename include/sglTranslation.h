@@ -35,9 +35,9 @@ private:
     Value m_value;
 };
 
-/// One request to translate: files, formats and resource tables index by index, then its run. execute() returns when
-/// the progress dialog has been closed. An object runs once; a second run fails. Graphical thread; only the channel,
-/// the connectors and the wrapper are touched by the worker.
+/// One request to translate: files, formats and resource tables index by index, then its run. execute()
+/// returns when the progress dialog has been closed. An object runs once; a second run fails. Graphical
+/// thread; only the channel, the connectors and the wrapper are touched by the worker.
 class sglTranslation : public wxEvtHandler {
 public:
     sglTranslation();
@@ -46,8 +46,8 @@ public:
     virtual sglTranslationResult execute();
     virtual int invalid() const; ///< non-zero when one of the lists is empty
 
-    void input_file(utString const & file, int index);     ///< setters grow their list to hold the index
-    utString input_file(int index) const;                  ///< empty when no file was set
+    void input_file(utString const & file, int index); ///< setters grow their list to hold the index
+    utString input_file(int index) const;              ///< empty when no file was set
     void input_format(utString const & format, int index);
     utString input_format(int index) const;
     void input_resource_table(vmrTableInstance & table, int index);

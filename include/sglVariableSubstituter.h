@@ -11,8 +11,8 @@ public:
     /// Variables of the caller's; `table` is not owned and must outlive this object.
     explicit sglVariableSubstituter(utStringutStringcoTable const * table) : m_table(table) {}
 
-    /// The first place of each variable is looked for in `text` itself and not in the text after the substitutions
-    /// before it: a text holds one variable name, any number of times.
+    /// The first place of each variable is looked for in `text` itself and not in the text after the
+    /// substitutions before it: a text holds one variable name, any number of times.
     utString substitute(utString const & text) const;
 
 private:

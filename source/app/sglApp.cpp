@@ -10,7 +10,7 @@
 #include "sdb/sdb_fix_resource_path.h"
 #include "wxt/wxtStringConverter.h"
 
-#include <wx/filename.h>
+#include <wx/apptrait.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 #include <wx/xrc/xmlres.h>
@@ -18,8 +18,8 @@
 sglApp::sglApp(utString const & build_date, utString const & version, utString const & build_number,
                utString const & name_without_version, utString const & company_name,
                utString const & copyright_text)
-    : m_version(version), m_build_date(build_date), m_build_number(build_number), m_company_name(company_name),
-      m_name_no_version(name_without_version),
+    : m_version(version), m_build_date(build_date), m_build_number(build_number),
+      m_company_name(company_name), m_name_no_version(name_without_version),
       m_services(m_platform.library_loader_operations(), m_platform.file_operations(),
                  m_platform.synch_operations(), m_platform.process_thread_operations()),
       m_translator_loader(m_platform.library_loader_operations()),
@@ -66,6 +66,12 @@ bool sglApp::Initialize(int & count, wxChar ** arguments)
     return wxAppConsole::Initialize(count, arguments);
 }
 
+wxAppTraits * sglApp::CreateTraits()
+{
+    // With those of a console the toolkit logs to standard error and not into a window.
+    return m_has_display ? wxApp::CreateTraits() : new wxConsoleAppTraits;
+}
+
 void sglApp::pre_splash_screen_init()
 {
     // The user's files belong below ~/.config and not straight below the home directory.
@@ -74,13 +80,14 @@ void sglApp::pre_splash_screen_init()
     set_product_info();
     read_start_up_info();
     SetVendorName(wxtStringConverter::to_wx(common_company_name()));
-    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(), wxString(),
-                                  wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
+    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(),
+                                  wxString(), wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
     delete wxConfigBase::Set(m_config);
 }
 
-void sglApp::get_product_info(utString const & build_date, utString const & version, utString const & build_number,
-                              utString & program, utString & operating_system, utString & user)
+void sglApp::get_product_info(utString const & build_date, utString const & version,
+                              utString const & build_number, utString & program, utString & operating_system,
+                              utString & user)
 {
     static_cast<void>(build_date);
     operating_system = wxtStringConverter::to_ut(wxGetOsDescription());
@@ -198,7 +205,8 @@ bool sglApp::OnInit()
     getNlsHelp()->locale_dir(m_directories.search_path(sdbHRKDirectory::message_catalogues));
     getNlsHelp()->set_wx_language();
 
-    utString const cache = m_directories.schema_dir(sdbHRKDirectory::translator_cache).find_file("translators.lst");
+    utString const cache =
+        m_directories.schema_dir(sdbHRKDirectory::translator_cache).find_file("translators.lst");
     utString const preferred = m_startup_info.find_field("preferred_output_format");
     build_translator_dlls(cache, m_directories.search_path(sdbHRKDirectory::translators), preferred);
     return true;
@@ -211,5 +219,6 @@ int sglApp::OnExit()
 
 void sglApp::initialise_services()
 {
-    m_services.initialise_services(m_info.get(), m_directories.search_path(sdbHRKDirectory::services), &m_analytics);
+    m_services.initialise_services(m_info.get(), m_directories.search_path(sdbHRKDirectory::services),
+                                   &m_analytics);
 }

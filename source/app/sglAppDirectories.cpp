@@ -33,13 +33,15 @@ void sglApp::initialise_directory_mapper()
         volume += ":";
 
     apPathName const product(m_ut_encoding->to_ap(m_name_no_version));
-    apPathName const user_base = wxtApStringConverter::to_path(standard_paths.GetUserConfigDir() + "/Quorvane");
+    apPathName const user_base =
+        wxtApStringConverter::to_path(standard_paths.GetUserConfigDir() + "/Quorvane");
     apPathName temp;
     if (wxString const directory = standard_paths.GetTempDir(); !directory.empty())
         temp = wxtApStringConverter::to_path(directory);
 
-    int const result = m_directories.initialise(wxtStringConverter::to_ut(volume), wxtStringConverter::to_ut(path),
-                                                product, m_info.get(), user_base, temp);
+    int const result =
+        m_directories.initialise(wxtStringConverter::to_ut(volume), wxtStringConverter::to_ut(path), product,
+                                 m_info.get(), user_base, temp);
     if (result == 1)
         sglMessageBox("vmrgrlib", 1338, wxICON_HAND);
     else if (result != 0)

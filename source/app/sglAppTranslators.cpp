@@ -25,8 +25,9 @@ void sglApp::build_translator_dlls(utString const & cache_file, sdbSearchPath co
     sdbTranslatorSearchPath const places(search_path, &finder);
     sdbTranslatorInfoFactory const infos(&m_translator_loader, m_ut_encoding.get(), m_name_compare.get());
     sdbTranslatorDllsFactory factory(m_ut_encoding.get(), m_name_compare.get(), &infos);
-    sdbTranslatorLoadStatus const status = factory.create_translator_dlls(
-        apPathName(cache), places, preferred_output_format, m_info.get(), m_input_translators, m_output_translators);
+    sdbTranslatorLoadStatus const status =
+        factory.create_translator_dlls(apPathName(cache), places, preferred_output_format, m_info.get(),
+                                       m_input_translators, m_output_translators);
     m_translators_were_scanned = factory.scanned();
     if (!status.ok())
         display_dll_load_error(status);

@@ -14,7 +14,8 @@ constexpr unsigned long wait_milliseconds = 100;
 } // namespace
 
 sglCLProgressDialog::sglCLProgressDialog(sdbOstream * stream, wxWindow * parent, s2sThreadComm * channel)
-    : sglProgressDialogBase(parent, channel, "DLG_DUMMY"), m_last_output(wxGetLocalTimeMillis()), m_stream(stream)
+    : sglProgressDialogBase(parent, channel, "DLG_DUMMY"), m_last_output(wxGetLocalTimeMillis()),
+      m_stream(stream)
 {
 }
 

@@ -13,7 +13,10 @@ constexpr int nothing_translated = 9;
 
 } // namespace
 
-sglCLThread::sglCLThread(sglCLTranslation * translation) : wxThread(wxTHREAD_JOINABLE), m_translation(translation) {}
+sglCLThread::sglCLThread(sglCLTranslation * translation)
+    : wxThread(wxTHREAD_JOINABLE), m_translation(translation)
+{
+}
 
 wxThread::ExitCode sglCLThread::Entry()
 {

@@ -1,4 +1,5 @@
-// The options of a command-line translation: overrides of resources, and the settings that the flags stand for.
+// The options of a command-line translation: overrides of resources, and the settings that the flags stand
+// for.
 
 #include "sglParseCommandLine.h"
 

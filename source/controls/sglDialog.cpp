@@ -8,10 +8,12 @@
 #include <wx/toplevel.h>
 #include <wx/xrc/xmlres.h>
 
-wxBEGIN_EVENT_TABLE(sglDialog, wxDialog)
-wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglDialog, wxDialog) wxEND_EVENT_TABLE()
 
-sglDialog::sglDialog(sglDialog const &) : wxDialog() {}
+    sglDialog::sglDialog(sglDialog const &)
+    : wxDialog()
+{
+}
 
 sglDialog::sglDialog(utString const & template_name, wxWindow * parent)
 {
@@ -41,7 +43,8 @@ int sglTranslateWndText(char const * domain, wxWindow * window, int recursive)
         utString const translated = sglGUIString(wxtStringConverter::to_ut(text), domain).process();
         if (translated.invalid())
             return 0;
-        // For a static text the lowest style bit is wxST_NO_AUTORESIZE: the label must not change the control's size.
+        // For a static text the lowest style bit is wxST_NO_AUTORESIZE: the label must not change the
+        // control's size.
         long const style = window->GetWindowStyle();
         window->SetWindowStyle(style | 1);
         if (top_level)

@@ -23,7 +23,8 @@ namespace {
 
 bool exists_already = false;
 
-/// The text functions of the program assume the C locale for characters and order, whatever a library has set.
+/// The text functions of the program assume the C locale for characters and order, whatever a library has
+/// set.
 void put_back_c_character_locale()
 {
     std::setlocale(LC_CTYPE, "C");
@@ -114,11 +115,13 @@ void sglNlsHelp::set_nls_language(utString const & language)
         found.invalid() ? utString("English") : utString(std::filesystem::path(found.str()).stem().string());
 
     // The first translation loads the databases: now, and not later on the worker thread.
-    m_translator->translate("vmrgrlib", "This string has no translation, it is only to wake up the nls system");
+    m_translator->translate("vmrgrlib",
+                            "This string has no translation, it is only to wake up the nls system");
 
     m_iso_locale = nlsDomainManager::get_iso_locale(m_used_language);
     nlsDomainManager::numeric_translation(1);
-    m_formatter = std::make_unique<vmrnlsFormatterSimple>(std::string(1, nlsUtils::lookup_decimal_point()).c_str());
+    m_formatter =
+        std::make_unique<vmrnlsFormatterSimple>(std::string(1, nlsUtils::lookup_decimal_point()).c_str());
     update_translator_and_formatter();
     nlsDomainManager::numeric_translation(0);
     put_back_c_character_locale();
@@ -163,7 +166,8 @@ int sglNlsHelp::strip_country(utString & language) const
     return 0;
 }
 
-utString sglNlsHelp::vgsprintf(char const * domain, char const * format, utTextArguments const & arguments) const
+utString sglNlsHelp::vgsprintf(char const * domain, char const * format,
+                               utTextArguments const & arguments) const
 {
     return m_translator_and_formatter->vtsprintf(domain, format, arguments);
 }

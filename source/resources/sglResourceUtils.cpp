@@ -48,8 +48,8 @@ std::size_t cut_after_failure(std::string const & text, std::size_t failed)
     return 0;
 }
 
-/// Makes `text` level by level, with forward slashes in the end. Returns 0 when a level cannot be made; `text` is then
-/// cut above it.
+/// Makes `text` level by level, with forward slashes in the end. Returns 0 when a level cannot be made;
+/// `text` is then cut above it.
 int make_levels(std::string & text)
 {
     int result = 1;

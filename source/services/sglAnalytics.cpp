@@ -15,8 +15,7 @@ void sglAnalytics::initialise(utObserverPtr<vmrabsAppInfo const> info, utString 
                               utString const & text)
 {
     auto const & encoding = *info->ut_encoding();
-    s2sAnalytics::initialise(apString(product_identifier), encoding.to_ap(a),
-                             encoding.to_ap(b));
+    s2sAnalytics::initialise(apString(product_identifier), encoding.to_ap(a), encoding.to_ap(b));
     m_text = encoding.to_ap(text);
 }
 

@@ -17,10 +17,8 @@ void * sglDynamicLibrary::proc_address(utString const & name)
 {
     wxString const symbol = wxtStringConverter::to_wx(name);
     // Asked first, because GetSymbol speaks to the user when the symbol is absent.
-    bool found = false;
-    if (m_library.IsLoaded())
-        m_library.GetSymbol(symbol, &found);
-    return found ? m_library.GetSymbol(symbol, nullptr) : nullptr;
+    return m_library.IsLoaded() && m_library.HasSymbol(symbol) ? m_library.GetSymbol(symbol, nullptr)
+                                                               : nullptr;
 }
 
 bool sglDynamicLibrary::loaded_successfully()

@@ -9,7 +9,8 @@
 
 namespace {
 
-template <class T> T * look_up(vmrabsAppInfo const & info, char const * key)
+template <class T>
+T * look_up(vmrabsAppInfo const & info, char const * key)
 {
     sduServicePtr<T> service;
     if (auto const * services = info.services())
@@ -36,7 +37,8 @@ void sglServices::initialise_services(utObserverPtr<vmrabsAppInfo> info, sdbSear
     add_service(sduBODYKERNEL, sduServicePtr<sdaIAQTKernel const>(&m_kernel));
     add_service(sduXMLPATHFACTORY, sduServicePtr<axmIXmlPathFactory>(&m_xml_path_factory));
     m_document_factory = std::make_shared<xxmDocumentFactory>();
-    add_service(sduXMLDOCUMENTFACTORY, sduServicePtr<std::shared_ptr<axmDocumentFactory>>(&m_document_factory));
+    add_service(sduXMLDOCUMENTFACTORY,
+                sduServicePtr<std::shared_ptr<axmDocumentFactory>>(&m_document_factory));
 
     auto manager = std::make_unique<sdbServiceDllManager>(
         services_path, utObserverPtr<sdbIDynamicLibraryLoader>(&m_loader), info);
@@ -44,8 +46,10 @@ void sglServices::initialise_services(utObserverPtr<vmrabsAppInfo> info, sdbSear
 
     add_service(sdbSDBFILEFACTORY, sduServicePtr<sdbSdbFileFactory const>(m_file_factory.get()));
     add_service(sduSYNCHOPERATIONS, sduServicePtr<apISynchOperations const>(m_synch));
-    add_service(sduPROCESSTHREADOPERATIONS, sduServicePtr<apIProcessThreadOperations const>(m_process_thread));
-    add_service(sduLIBRARYLOADEROPERATIONS, sduServicePtr<apILibraryLoaderOperations const>(m_library_loader));
+    add_service(sduPROCESSTHREADOPERATIONS,
+                sduServicePtr<apIProcessThreadOperations const>(m_process_thread));
+    add_service(sduLIBRARYLOADEROPERATIONS,
+                sduServicePtr<apILibraryLoaderOperations const>(m_library_loader));
     add_service(s2sANALYTICSOPERATION, sduServicePtr<s2sAnalytics>(analytics.get()));
     info->set_services(this);
 }

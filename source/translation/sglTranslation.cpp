@@ -13,7 +13,8 @@ namespace {
 
 constexpr int tick_milliseconds = 100;
 
-/// Stores in `translators` the translator's file for each index below `files`. Returns 1 at the first index without.
+/// Stores in `translators` the translator's file for each index below `files`. Returns 1 at the first index
+/// without.
 int find_dlls(int files, utStringcoDynArr & formats, sdbTranslatorDlls const & catalogue,
               utStringcoDynArr & translators)
 {
@@ -36,11 +37,10 @@ int is_viewer(sdbTranslatorDlls const & catalogue, utString const & format)
 
 } // namespace
 
-wxBEGIN_EVENT_TABLE(sglTranslation, wxEvtHandler)
-    EVT_TIMER(wxID_ANY, sglTranslation::OnTimer)
-wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglTranslation, wxEvtHandler) EVT_TIMER(wxID_ANY, sglTranslation::OnTimer)
+    wxEND_EVENT_TABLE()
 
-sglTranslation::sglTranslation()
+        sglTranslation::sglTranslation()
     : m_timer(this, wxID_ANY), m_app(sglApp::app()), m_info(m_app.application_information()),
       m_input_catalogue(m_app.input_dlls()), m_output_catalogue(m_app.output_dlls()), m_nls(getNlsHelp()),
       m_writing_label(m_nls->gsprintf("vmrgrlib", "Writing :")),
@@ -63,8 +63,9 @@ sglTranslation::~sglTranslation()
 
 int sglTranslation::invalid() const
 {
-    return m_input_files.empty() || m_input_tables.empty() || m_input_formats.empty() || m_output_files.empty() ||
-           m_output_formats.empty() || m_output_tables.empty() || m_output_documents.empty();
+    return m_input_files.empty() || m_input_tables.empty() || m_input_formats.empty() ||
+           m_output_files.empty() || m_output_formats.empty() || m_output_tables.empty() ||
+           m_output_documents.empty();
 }
 
 int sglTranslation::find_input_dlls()
@@ -206,8 +207,9 @@ s2sTranslatorElements sglTranslation::input_elements(int index) const
 
 s2sOutputTranslatorElements sglTranslation::output_elements(int index) const
 {
-    return s2sOutputTranslatorElements(m_output_files[index], &m_output_tables[index], m_output_translators[index],
-                                       m_output_documents[index], output_is_viewer(index), m_output_formats[index]);
+    return s2sOutputTranslatorElements(m_output_files[index], &m_output_tables[index],
+                                       m_output_translators[index], m_output_documents[index],
+                                       output_is_viewer(index), m_output_formats[index]);
 }
 
 int sglTranslation::input_is_viewer(int index) const

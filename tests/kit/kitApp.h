@@ -7,8 +7,8 @@
 #include <memory>
 #include <sys/wait.h>
 
-/// An application object for tests, on an installation of its own in a temporary folder, without a display. Its
-/// stages are public, so that a test can stop between them.
+/// An application object for tests, on an installation of its own in a temporary folder, without a display.
+/// Its stages are public, so that a test can stop between them.
 class kitApp : public sglApp {
 public:
     explicit kitApp(std::string installation, std::string user_folder)
@@ -43,8 +43,8 @@ protected:
     void initialise_directory_mapper() override
     {
         const_cast<sdbAppDirMap &>(file_locator())
-            .initialise("", utString(m_installation + "/bin"), apPathName(L"Tester"), application_information(),
-                        apPathName::from_utf8(m_user_folder), apPathName(L"/tmp"));
+            .initialise("", utString(m_installation + "/bin"), apPathName(L"Tester"),
+                        application_information(), apPathName::from_utf8(m_user_folder), apPathName(L"/tmp"));
     }
 
 private:
@@ -56,8 +56,9 @@ private:
 /// Lays out the files without which no application object starts, below `installation`.
 inline void kit_install_minimum(kitTempFolder const & folder, std::string const & installation)
 {
-    char const empty_xrc[] = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
-                             "<resource xmlns=\"http://www.wxwidgets.org/wxxrc\" version=\"2.5.3.0\"></resource>\n";
+    char const empty_xrc[] =
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+        "<resource xmlns=\"http://www.wxwidgets.org/wxxrc\" version=\"2.5.3.0\"></resource>\n";
     folder.write(installation + "/share/vmr/xrc/vmrgrlib.xrc", empty_xrc);
     folder.write(installation + "/share/vmr/xrc/vmrshared.xrc", empty_xrc);
     std::filesystem::create_directories(folder / (installation + "/bin"));

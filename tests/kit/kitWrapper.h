@@ -13,7 +13,8 @@ struct kitOutcome {
     int failed = 0;
 };
 
-/// A job that does no work: it goes through its translations in the channel and leaves the outcomes that a test wants.
+/// A job that does no work: it goes through its translations in the channel and leaves the outcomes that a
+/// test wants.
 class kitWrapper : public s2sWrapperBase {
 public:
     kitWrapper(s2sThreadComm & channel, s2sTranslationElements elements, std::vector<kitOutcome> outcomes)

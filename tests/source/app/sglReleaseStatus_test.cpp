@@ -36,7 +36,8 @@ TEST_F(ReleaseStatus, HasATextForEveryKindOfBuild)
     for (auto const & kind : kinds) {
         sglReleaseStatus::initialise(kind.type);
         EXPECT_EQ(sglReleaseStatus::release_string(), utString(kind.text));
-        EXPECT_EQ(sglReleaseStatus::splash_string(), kind.type == sglBuildFull ? utString() : utString(kind.text));
+        EXPECT_EQ(sglReleaseStatus::splash_string(),
+                  kind.type == sglBuildFull ? utString() : utString(kind.text));
     }
 }
 

@@ -9,12 +9,14 @@ struct Catalogue : kitAppTest {
     void install_format(std::string const & name, std::string const & module)
     {
         // Any shared object does for a listing: the module itself is opened by the translator host alone.
-        install("lib/vmr/translators/" + module + ".so", std::string("\x7f" "ELF\2\1\1", 7));
+        install("lib/vmr/translators/" + module + ".so", std::string("\x7f"
+                                                                     "ELF\2\1\1",
+                                                                     7));
         install("lib/vmr/translators/" + module + ".json",
                 R"({"interface":1,"formats":[{"name":")" + name + R"(","filter":"format.filter::)" + name +
                     R"( Files","category":"Test","extensions":[")" + module +
-                    R"("],"signatures":[],"sides":["input","output"],"viewer":false,"resource_file":")" + module +
-                    R"(.rsc","resources":[]}]})");
+                    R"("],"signatures":[],"sides":["input","output"],"viewer":false,"resource_file":")" +
+                    module + R"(.rsc","resources":[]}]})");
     }
 };
 

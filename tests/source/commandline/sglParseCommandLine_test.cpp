@@ -16,8 +16,8 @@ public:
     using sglParseCommandLine::translation;
 };
 
-/// Parses lines with the formats ALPHA and BETA, from a folder with the file in.alpha, whose name stands in a line as
-/// IN; OUT is a file that is not there.
+/// Parses lines with the formats ALPHA and BETA, from a folder with the file in.alpha, whose name stands in a
+/// line as IN; OUT is a file that is not there.
 struct CommandLine : kitAppTest {
     void SetUp() override
     {
@@ -35,10 +35,11 @@ struct CommandLine : kitAppTest {
 
     std::string with_paths(std::string line) const
     {
-        for (auto const & [name, path] : {std::pair{"IN", folder() / "in.alpha"}, {"OUT", folder() / "out.beta"}})
+        for (auto const & [name, path] :
+             {std::pair{"IN", folder() / "in.alpha"}, {"OUT", folder() / "out.beta"}})
             for (auto at = line.find(name); at != std::string::npos; at = line.find(name, at + path.size()))
-                if ((at == 0 || line[at - 1] == ' ') && (at + std::strlen(name) == line.size() ||
-                                                         line[at + std::strlen(name)] == ' '))
+                if ((at == 0 || line[at - 1] == ' ') &&
+                    (at + std::strlen(name) == line.size() || line[at + std::strlen(name)] == ' '))
                     line.replace(at, std::strlen(name), path);
         return line;
     }
@@ -53,7 +54,10 @@ struct CommandLine : kitAppTest {
         return result;
     }
     bool says(std::string const & text) const { return said.find(text) != std::string::npos; }
-    utString input_value(char const * name) { return parser->translation().input_resource_table(0).effective_value(name); }
+    utString input_value(char const * name)
+    {
+        return parser->translation().input_resource_table(0).effective_value(name);
+    }
     utString output_value(char const * name)
     {
         return parser->translation().output_resource_table(0).effective_value(name);
@@ -135,7 +139,8 @@ TEST_F(CommandLine, GoesOnWithAnInvalidToleranceAndAddsNoToleranceResources)
     EXPECT_TRUE(says("---> Invalid Tolerance\n\n"));
     EXPECT_FALSE(says("Triangulation tolerance"));
     settle();
-    EXPECT_TRUE(parser->translation().input_resource_table(0).table()->value("vmrTolTriangulate3d").invalid());
+    EXPECT_TRUE(
+        parser->translation().input_resource_table(0).table()->value("vmrTolTriangulate3d").invalid());
 }
 
 TEST_F(CommandLine, PutsTheToleranceIntoBothTables)

@@ -70,7 +70,8 @@ TEST_F(Messages, AreShownThroughTheDisplayerAndItsAnswerIsNoWithoutAUser)
     testing::internal::CaptureStderr();
     sglWxMessageDisplayer const displayer;
     EXPECT_EQ(displayer.message("vmrgrlib", 1118, sglIMessageDisplayer::ask_yes_no, utString("part.igs")), 0);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("The file part.igs already exists."), std::string::npos);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("The file part.igs already exists."),
+              std::string::npos);
 }
 
 TEST(ToolkitNumbers, AreThoseThatCallersRelyOn)

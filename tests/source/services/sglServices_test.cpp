@@ -34,7 +34,9 @@ TEST_F(Services, GiveNullForAKeyThatWasNeverAdded)
 {
     start();
     sduServicePtr<s2sAnalytics> service;
-    EXPECT_EQ(app().application_information()->services()->find_service(sduServiceKey("no such service"), service), 0);
+    EXPECT_EQ(
+        app().application_information()->services()->find_service(sduServiceKey("no such service"), service),
+        0);
     EXPECT_EQ(service.pointer(), nullptr);
 }
 

@@ -78,7 +78,8 @@ protected:
         s2sTranslatorElementscoPageArr inputs;
         for (int i = 0; i < num_input_files(); ++i)
             inputs.append(input_elements(i));
-        auto job = std::make_unique<kitWrapper>(channel(), s2sTranslationElements(inputs, output_elements(0)), outcomes);
+        auto job = std::make_unique<kitWrapper>(channel(), s2sTranslationElements(inputs, output_elements(0)),
+                                                outcomes);
         if (while_running)
             job->while_running = [this] { while_running(channel()); };
         set_wrapper(std::move(job));

@@ -1,0 +1,194 @@
+#include "cli_kit.h"
+
+namespace {
+
+class GoodCommandLine : public cliTest, public testing::WithParamInterface<cliCase> {};
+
+std::string const japanese = "\xE9\x83\xA8\xE5\x93\x81 e\xCC\x81t\xC3\xA9"; // with a combining accent
+
+// clang-format off: one line a case.
+cliCase const cases[] = {
+    {"StepToIges",
+     {"part.step", "-t", "IGES", "-o", "out/part.igs"},
+     0,
+     {"Finished reading", "Translation(s) complete"},
+     {"part.igs"}},
+    {"StepToBrep", {"part.step", "-t", "BREP", "-o", "out/part.brep"}, 0, {"100%"}, {"part.brep"}},
+    {"StepToStl", {"part.step", "-t", "STL", "-o", "out/part.stl"}, 0, {"100%"}, {"part.stl"}},
+    {"StlToStep", {"cube.stl", "-t", "STEP", "-o", "out/part.step"}, 0, {"100%"}, {"part.step"}},
+    {"StlToBrep", {"cube.stl", "-t", "BREP", "-o", "out/part.brep"}, 0, {"100%"}, {"part.brep"}},
+    {"LongSpellings",
+     {"-modeller", "part.step", "-tolerance", "0.5", "-translate", "STL", "-units", "in", "-output",
+      "out/a.stl", "-surface"},
+     0,
+     {"Triangulation tolerance 0.500000", "Output length units : in"},
+     {"a.stl"}},
+    {"BlanksInPaths",
+     {"my  own part.step", "-t", "STEP", "-o", "out/the output.step"},
+     0,
+     {"File name is out/the output.step"},
+     {"the output.step"}},
+    {"JapaneseAndCombiningLetters",
+     {japanese + ".step", "-t", "IGES", "-o", "out/" + japanese + ".igs"},
+     0,
+     {"File name is out/" + japanese + ".igs"},
+     {japanese + ".igs"}},
+    {"QuotesInPaths", {"it's 5\"wide\".step" + std::string(), "-t", "STEP", "-o", "out/x.step"}, 2, {}, {}},
+    {"AQuoteWithoutABlank",
+     {"5\"wide.step", "-t", "STEP", "-o", "out/5\"wide.step"},
+     0,
+     {"File name is out/5\"wide.step"},
+     {"5\"wide.step"}},
+    {"ALeadingBlankAndAnApostrophe",
+     {" it's.step", "-t", "STEP", "-o", "out/it's.step"},
+     0,
+     {},
+     {"it's.step"}},
+    {"ConversionsInAName",
+     {"100%s%n%d.step", "-t", "STEP", "-o", "out/100%s%n%d.step"},
+     0,
+     {"File name is out/100%s%n%d.step"},
+     {"100%s%n%d.step"}},
+    {"FormatByContent", {"step.txt", "-t", "IGES", "-o", "out/part.igs"}, 0, {"step.rsc"}, {"part.igs"}},
+    {"ResourceFileOfTheInput",
+     {"part.step", "-r", "mine.rsc", "-t", "IGES", "-o", "out/part.igs"},
+     0,
+     {"Resource file to be used is mine.rsc"},
+     {"part.igs"}},
+    {"ResourceFileOfTheOutput",
+     {"part.step", "-t", "STL", "-o", "out/part.stl", "text.rsc"},
+     0,
+     {"Resource file to be used is text.rsc"},
+     {"part.stl"}},
+    {"ResourceOverride",
+     {"part.step", "-t", "STL", "-o", "out/part.stl", "-res_opt", "stlWriteForm:text"},
+     0,
+     {},
+     {"part.stl"},
+     {"Unable to modify"}},
+    {"IllegalOverride",
+     {"part.step", "-t", "STL", "-o", "out/part.stl", "-res_opt", "stlWriteForm:purple"},
+     0,
+     {"Unable to modify resource stlWriteForm with value purple"},
+     {"part.stl"}},
+    {"SurfacesOnly",
+     {"part.step", "-t", "STEP", "-o", "out/part.step", "-s"},
+     0,
+     {},
+     {"part.step"},
+     {"No entities"}},
+    {"WireframeOnlyOfASolid",
+     {"part.step", "-t", "STEP", "-o", "out/part.step", "-w"},
+     0,
+     {"No entities were translated and no output file produced"},
+     {}},
+    {"Log",
+     {"part.step", "-t", "STEP", "-o", "out/part.step", "-log", "out/run.log"},
+     0,
+     {},
+     {"part.step", "run.log"}},
+    {"UnitsUnknown",
+     {"part.step", "-t", "STEP", "-u", "ells", "-o", "out/part.step"},
+     0,
+     {"--> Invalid units string"},
+     {"part.step"}},
+};
+// clang-format on
+
+} // namespace
+
+TEST_P(GoodCommandLine, DoesWhatItSays)
+{
+    for (auto const & name : {std::string("part.step"), std::string("my  own part.step"), japanese + ".step",
+                              std::string("5\"wide.step"), std::string(" it's.step"), std::string("step.txt"),
+                              std::string("100%s%n%d.step"), std::string("it's 5\"wide\".step")})
+        folder.write(name, cube_step());
+    folder.write("mine.rsc", "stepReadHealing = false\n");
+    folder.write("text.rsc", "stlWriteForm = text\n");
+    if (GetParam().name == std::string("QuotesInPaths")) {
+        auto const result = run(GetParam().words);
+        EXPECT_EQ(result.exit_status, 2);
+        EXPECT_NE(result.errors.find("holds both a blank and a double quote"), std::string::npos)
+            << result.errors;
+        EXPECT_TRUE(files_in("out").empty());
+        return;
+    }
+    check(GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, GoodCommandLine, testing::ValuesIn(cases),
+                         [](auto const & one) { return one.param.name; });
+
+using Program = cliTest;
+
+namespace Cli {
+
+TEST_F(Program, WritesTextStlWhenTheResourceFileSaysSo)
+{
+    folder.write("text.rsc", "stlWriteForm = text\n");
+    run({"cube.stl", "-t", "STL", "-o", "out/part.stl", "text.rsc"});
+    EXPECT_EQ(kit_read_file(folder / "out/part.stl").rfind("solid", 0), 0u);
+}
+
+TEST_F(Program, SaysTheSameInItsLogAsOnStandardOutput)
+{
+    auto const result = run({"cube.stl", "-t", "BREP", "-o", "out/part.brep", "-log", "run.log"});
+    EXPECT_EQ(kit_read_file(folder / "run.log"), result.output);
+}
+
+TEST_F(Program, WritesItsUnitsIntoTheFile)
+{
+    run({"cube.stl", "-t", "STEP", "-u", "in", "-o", "out/part.step"});
+    EXPECT_NE(kit_read_file(folder / "out/part.step").find("INCH"), std::string::npos);
+}
+
+TEST_F(Program, LeavesFilesOnlyBelowTheUsersConfiguration)
+{
+    auto const result = run({"cube.stl", "-t", "BREP", "-o", "out/part.brep"}, true);
+    EXPECT_EQ(result.exit_status, 0) << result.output << result.errors;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(files_in("home"), std::set<std::string>{".config"});
+    EXPECT_EQ(files_in("home/.config"), std::set<std::string>{"Quorvane"});
+    EXPECT_EQ(files_in("out"), std::set<std::string>{"part.brep"});
+}
+
+TEST_F(Program, WorksForAUserWithoutAHomeThatCanBeWritten)
+{
+    std::filesystem::permissions(folder / "home",
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    auto const result = run({"cube.stl", "-t", "BREP", "-o", "out/part.brep"}, true);
+    EXPECT_EQ(result.exit_status, 0) << result.output << result.errors;
+    EXPECT_NE(result.errors.find("Could not find a writable location for user configuration file."),
+              std::string::npos);
+    EXPECT_EQ(files_in("out"), std::set<std::string>{"part.brep"});
+}
+
+TEST_F(Program, StartsFromItsCacheTheSecondTime)
+{
+    run({"-help"});
+    auto const cache = folder / "home/.config/Quorvane/Crosswalk/cache/translators.lst";
+    ASSERT_TRUE(std::filesystem::exists(cache));
+    auto const written = std::filesystem::last_write_time(cache);
+    run({"-help"});
+    EXPECT_EQ(std::filesystem::last_write_time(cache), written);
+    std::filesystem::resize_file(cache, 10);
+    auto const result = run({"cube.stl", "-t", "BREP", "-o", "out/part.brep"});
+    EXPECT_EQ(result.exit_status, 0) << result.output;
+    EXPECT_GT(std::filesystem::file_size(cache), 10u);
+}
+
+TEST_F(Program, SpeaksTheLanguageOfTheUser)
+{
+    kitProgram program;
+    program.arguments = {VMR_PROGRAM, "nothing.step", "-t", "IGES", "-o", "out/x.igs"};
+    program.folder = folder.path().string();
+    program.environment = {{"HOME", folder / "home"}, {"LANG", "de_DE.UTF-8"}};
+    auto const result = program.run();
+    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_EQ(result.output.find("The input file nothing.step does not exist"), std::string::npos)
+        << result.output;
+    EXPECT_NE(result.output.find("nothing.step"), std::string::npos) << result.output;
+    EXPECT_EQ(result.errors, "");
+}
+
+} // namespace Cli
