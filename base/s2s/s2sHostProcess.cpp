@@ -124,7 +124,7 @@ s2sHostExit s2sHostProcess::wait(std::chrono::milliseconds patience)
             break;
         }
         std::this_thread::sleep_for(pause);
-        pause = std::min(pause * 2, std::chrono::microseconds(10000));
+        pause = std::min(pause * 2, std::chrono::microseconds(2000));
     }
     return m_exit;
 }
