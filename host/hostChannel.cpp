@@ -126,9 +126,16 @@ void hostChannel::take_commands()
 
 void hostChannel::abandon()
 {
-    if (!m_staging.empty()) {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_staging, ignored);
-    }
+    host_remove_staging(m_staging);
     ::_exit(0);
+}
+
+void host_remove_staging(std::string const & staging)
+{
+    // The thread at work may make another file while the folder is being emptied; it cannot once the folder is gone.
+    constexpr int attempts = 1000;
+    std::error_code error;
+    for (int i = 0; !staging.empty() && i < attempts && std::filesystem::exists(staging, error); ++i) {
+        std::filesystem::remove_all(staging, error);
+    }
 }

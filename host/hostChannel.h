@@ -41,3 +41,6 @@ private:
     std::mutex m_finishing;
     std::thread m_watcher;
 };
+
+// Removes the folder with all that it holds, also while another thread still writes there. An empty path is none.
+void host_remove_staging(std::string const & staging);

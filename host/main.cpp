@@ -49,8 +49,10 @@ void limit_memory(std::uint64_t bytes)
 
 } // namespace
 
-int main()
+// The folder that the first argument names is removed when the engine goes away, also before it has sent a job.
+int main(int argc, char ** argv)
 {
+    std::string const staging = argc > 1 ? argv[1] : "";
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -58,9 +60,10 @@ int main()
     std::string problem;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
+        host_remove_staging(staging);
         return exit_without_job;
     }
-    channel.watch(job.staging);
+    channel.watch(job.staging.empty() ? staging : job.staging);
     limit_memory(job.memory_limit);
     quieten_toolkit();
 

@@ -24,14 +24,15 @@ s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString 
 {
 }
 
-s2sHostEnd s2sHostConversation::hold(std::string const & program, std::string const & job)
+s2sHostEnd s2sHostConversation::hold(std::string const & program, std::string const & staging,
+                                     std::string const & job)
 {
     std::error_code error;
     if (!std::filesystem::exists(program, error)) {
         m_parts.say_error(s2sMessages::host_missing(program));
         return {s2sThreadReadError};
     }
-    if (int const number = m_process.start(program)) {
+    if (int const number = m_process.start(program, staging)) {
         m_parts.say_error(s2sMessages::host_not_started(program, std::generic_category().message(number)));
         return {s2sThreadReadError};
     }

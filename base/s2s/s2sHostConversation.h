@@ -18,7 +18,7 @@ public:
 
     /// Returns when the host is gone. The status of what comes back is one of those with which a translation
     /// may end; messages about how the host came to its end have been said.
-    s2sHostEnd hold(std::string const & program, std::string const & job);
+    s2sHostEnd hold(std::string const & program, std::string const & staging, std::string const & job);
 
 private:
     void listen(s2sHostLink & link);

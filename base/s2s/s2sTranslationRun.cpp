@@ -70,7 +70,7 @@ s2sHostEnd s2sTranslationRun::translate(fs::path const & output, fs::path const 
 
     s2sOutputPlaces const places{output, staging.path(), staging.path() / place.filename()};
     s2sHostConversation conversation(m_parts, m_elements.output_elements().file());
-    auto end = conversation.hold(s2s_host_program(m_parts.app_info).str(),
+    auto end = conversation.hold(s2s_host_program(m_parts.app_info).str(), staging.path().native(),
                                  s2s_host_job(m_elements, places, m_parts.context.memory_limit()));
     if (end.status == s2sThreadCompleted && end.processed > 0 &&
         !passes(s2s_put_in_place(staging.path(), place, m_inputs)))

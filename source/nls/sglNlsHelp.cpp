@@ -129,12 +129,15 @@ void sglNlsHelp::set_nls_language(utString const & language)
 
 void sglNlsHelp::set_wx_language()
 {
-    m_locale.reset(new wxLocale);
+    // A locale object of the toolkit takes one attempt only.
+    auto const attempt = [this] {
+        m_locale.reset(new wxLocale);
+        return init_wx_language(m_locale.get(), m_toolkit_language) != 0;
+    };
     m_toolkit_language = m_used_language;
-    if (!init_wx_language(m_locale.get(), m_toolkit_language) &&
-        !(strip_country(m_toolkit_language) && init_wx_language(m_locale.get(), m_toolkit_language))) {
+    if (!attempt() && !(strip_country(m_toolkit_language) && attempt())) {
         m_toolkit_language = "English";
-        init_wx_language(m_locale.get(), m_toolkit_language);
+        attempt();
     }
     vmrnlsLocaleNumbers::save();
     nlsDomainManager::numeric_translation(0);
