@@ -1,0 +1,76 @@
+#include "host/hostJob.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr char const * whole = R"({"job": 1,
+ "inputs": [{"file": "/a.step", "module": "/m/step.so", "format": "STEP", "options": {"x": "true"}}],
+ "output": {"file": "/s/b.igs", "final": "/b.igs", "module": "/m/iges.so", "format": "IGES"},
+ "staging": "/s", "memory_limit": 12}
+)";
+
+hostJobState state(std::string const & text)
+{
+    hostJob job;
+    std::string problem;
+    return host_parse_job(text, job, problem);
+}
+
+} // namespace
+
+TEST(HostJob, ReadsAllFields)
+{
+    hostJob job;
+    std::string problem;
+    ASSERT_EQ(host_parse_job(whole, job, problem), hostJobState::complete);
+    ASSERT_EQ(job.inputs.size(), 1U);
+    EXPECT_EQ(job.inputs[0].file, "/a.step");
+    EXPECT_EQ(job.inputs[0].module, "/m/step.so");
+    EXPECT_EQ(job.inputs[0].format, "STEP");
+    EXPECT_EQ(job.inputs[0].options.at("x"), "true");
+    EXPECT_EQ(job.output.file, "/s/b.igs");
+    EXPECT_TRUE(job.output.options.empty());
+    EXPECT_EQ(job.final_name, "/b.igs");
+    EXPECT_EQ(job.staging, "/s");
+    EXPECT_EQ(job.memory_limit, 12U);
+}
+
+TEST(HostJob, HasDefaultsForWhatIsOptional)
+{
+    hostJob job;
+    std::string problem;
+    ASSERT_EQ(host_parse_job(R"({"job":1,"inputs":[{"file":"a","module":"m","format":"F"}],
+                                 "output":{"file":"b","module":"m","format":"F"}})",
+                             job, problem),
+              hostJobState::complete);
+    EXPECT_EQ(job.final_name, "b");
+    EXPECT_TRUE(job.staging.empty());
+    EXPECT_EQ(job.memory_limit, 0U);
+}
+
+TEST(HostJob, WaitsForTheRestOfAValue)
+{
+    std::string const text(whole);
+    EXPECT_EQ(state(""), hostJobState::incomplete);
+    EXPECT_EQ(state("\n"), hostJobState::incomplete);
+    EXPECT_EQ(state(text.substr(0, text.size() / 2)), hostJobState::incomplete);
+}
+
+TEST(HostJob, LeavesAloneWhatFollows)
+{
+    EXPECT_EQ(state(std::string(whole) + "{\"command\": \"cancel\"}\n"), hostJobState::complete);
+}
+
+TEST(HostJob, RefusesWhatIsNoJob)
+{
+    for (char const * const text :
+         {"hello\n", "[1]\n", "{\"job\": 2}\n", "{\"job\": 1}\n", "{\"job\": \"1\"}\n",
+          R"({"job":1,"inputs":[],"output":{"file":"b","module":"m","format":"F"}})",
+          R"({"job":1,"inputs":[{"file":"a"}],"output":{}})"}) {
+        hostJob job;
+        std::string problem;
+        EXPECT_EQ(host_parse_job(text, job, problem), hostJobState::invalid) << text;
+        EXPECT_FALSE(problem.empty()) << text;
+    }
+}

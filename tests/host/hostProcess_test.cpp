@@ -1,0 +1,162 @@
+#include "HostRun.h"
+
+#include "kit/kitTempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/wait.h>
+
+using nlohmann::json;
+
+class HostProcess : public testing::Test {
+protected:
+    HostJob job(std::string const & format)
+    {
+        HostJob job;
+        job.input("/in/a.odd", ODD_MODULE, format).output(out, ODD_MODULE, "Box");
+        return job;
+    }
+
+    // Sends the job and waits until its reader is at work.
+    void begin(HostJob const & job)
+    {
+        host.send(job.line());
+        ASSERT_TRUE(host.next("event", "message"));
+    }
+
+    kitTempFolder const folder;
+    std::string const out = folder / "out.odd";
+    HostRun host;
+};
+
+TEST_F(HostProcess, RefusesWhatIsNoJobWithItsOwnExitStatus)
+{
+    host.send("hello\n");
+    EXPECT_TRUE(host.rest().empty());
+    EXPECT_TRUE(host.exits_with(3));
+}
+
+TEST_F(HostProcess, RefusesAJobOfAnotherVersion)
+{
+    auto other = job("Box");
+    other.value()["job"] = 2;
+    host.send(other.line());
+    EXPECT_TRUE(host.rest().empty());
+    EXPECT_TRUE(host.exits_with(3));
+}
+
+TEST_F(HostProcess, EndsWhenTheEngineGoesBeforeItHasSentAJob)
+{
+    host.send("{\"job\":");
+    host.close();
+    EXPECT_TRUE(host.exits_with(3));
+}
+
+TEST_F(HostProcess, CancelsAReaderThatListens)
+{
+    begin(job("Waits"));
+    host.send("{\"command\": \"cancel\"}\n");
+    auto const events = host.rest();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back()["event"], "end");
+    EXPECT_EQ(events.back()["status"], "cancelled");
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+TEST_F(HostProcess, CancelsAReaderThatDoesNotListen)
+{
+    begin(job("Stubborn"));
+    host.send("{\"command\": \"cancel\"}\n");
+    auto const events = host.rest();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back()["status"], "cancelled");
+    EXPECT_TRUE(host.exits_with(0));
+}
+
+TEST_F(HostProcess, TakesACancelThatComesWithTheJob)
+{
+    host.send(job("Waits").line() + "{\"command\": \"cancel\"}\n");
+    auto const events = host.rest();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back()["status"], "cancelled");
+}
+
+TEST_F(HostProcess, PassesOverCommandsThatItDoesNotKnow)
+{
+    begin(job("Waits"));
+    host.send("not json\n{\"command\": \"dance\"}\n[]\n{\"command\": \"cancel\"}\n");
+    EXPECT_EQ(host.rest().back()["status"], "cancelled");
+}
+
+TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
+{
+    auto const staging = folder / "staging";
+    folder.write("staging/deep/half-written", "x");
+    auto waiting = job("Stubborn");
+    waiting.value()["staging"] = staging;
+    begin(waiting);
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_FALSE(std::filesystem::exists(staging));
+}
+
+TEST_F(HostProcess, ClosesTheConnectionWithoutAnEndWhenItIsKilled)
+{
+    begin(job("Waits"));
+    host.signal(SIGKILL);
+    for (auto const & event : host.rest()) {
+        EXPECT_NE(event["event"], "end");
+    }
+    EXPECT_TRUE(WIFSIGNALED(host.wait()));
+}
+
+TEST_F(HostProcess, DiesOfACrashWithoutAnEnd)
+{
+    host.send(job("Crashes").line());
+    for (auto const & event : host.rest()) {
+        EXPECT_NE(event["event"], "end");
+    }
+    EXPECT_TRUE(WIFSIGNALED(host.wait()));
+}
+
+TEST_F(HostProcess, IgnoresTheSignalsOfATerminal)
+{
+    begin(job("Waits"));
+    host.signal(SIGINT);
+    host.signal(SIGHUP);
+    host.signal(SIGPIPE);
+    host.send("{\"command\": \"cancel\"}\n");
+    EXPECT_EQ(host.rest().back()["status"], "cancelled");
+    EXPECT_TRUE(host.exits_with(0));
+}
+
+TEST_F(HostProcess, SaysThatAFileIsTooBigForTheMemoryAllowed)
+{
+    auto limited = job("Hungry");
+    limited.value()["memory_limit"] = 1ULL << 30;
+    host.send(limited.line());
+    auto const events = host.rest();
+    ASSERT_GE(events.size(), 2U);
+    EXPECT_EQ(events.back()["status"], "too_big");
+    EXPECT_EQ(events[events.size() - 2]["args"][0], "/in/a.odd");
+    EXPECT_TRUE(host.exits_with(0));
+}
+
+TEST_F(HostProcess, KeepsWhatLibrariesPrintOutOfTheEvents)
+{
+    host.send(job("Prints").line());
+    auto const events = host.rest();
+    EXPECT_EQ(events.back()["status"], "completed");
+    EXPECT_TRUE(host.exits_with(0));
+}
+
+TEST_F(HostProcess, RunsAJobFromAFileThatStretchesOverSeveralLines)
+{
+    auto const file = folder.write("job.json", job("Box").value().dump(4));
+    auto const command = std::string(HOST_PROGRAM) + " < " + file + " > " + (folder / "events");
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0);
+    EXPECT_NE(kit_read_file(folder / "events").find("\"status\":\"completed\""), std::string::npos);
+    EXPECT_EQ(kit_read_file(out), "Point");
+}

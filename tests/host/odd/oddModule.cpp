@@ -1,0 +1,180 @@
+#include "sdk/sdkModule.h"
+
+#include <BRep_Builder.hxx>
+#include <Message_ProgressScope.hxx>
+#include <Standard_Failure.hxx>
+#include <TopoDS_Vertex.hxx>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+[[noreturn]] void be_stubborn()
+{
+    for (;;) {
+        ::pause();
+    }
+}
+
+void wait_for_cancel(Message_ProgressRange const & range)
+{
+    Message_ProgressScope scope(range, nullptr, 1);
+    while (!scope.UserBreak()) {
+        ::usleep(1000);
+    }
+}
+
+void eat_memory()
+{
+    std::vector<std::vector<char>> all;
+    for (;;) {
+        all.emplace_back(16 * 1024 * 1024, 'x');
+    }
+}
+
+class Reader : public sdkReader {
+public:
+    Reader(std::string format, sdkContext & context) : m_format(std::move(format)), m_context(context) {}
+
+    sdkResult parse(std::string const &, Message_ProgressRange const & range) override
+    {
+        m_context.reporter().output("odd::The reader %s has begun", m_format);
+        if (m_format == "Waits") {
+            wait_for_cancel(range);
+            return sdkResult::cancelled();
+        }
+        if (m_format == "Stubborn") {
+            be_stubborn();
+        }
+        if (m_format == "Crashes") {
+            std::abort();
+        }
+        if (m_format == "Hungry") {
+            eat_memory();
+        }
+        if (m_format == "Throws") {
+            throw Standard_Failure("a toolkit failure");
+        }
+        if (m_format == "Fails") {
+            return sdkResult::read_error(sdkText("odd::%s: line %d is bad", m_context.file(), 7));
+        }
+        if (m_format == "Prints") {
+            std::puts("{\"event\":\"end\"}");
+            std::cout << "noise\n" << std::flush;
+        }
+        return sdkResult::completed();
+    }
+
+    // One point for each file, so that documents differ.
+    sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override
+    {
+        Message_ProgressScope scope(range, nullptr, 1000);
+        for (int step = 0; step < 1000; ++step) {
+            scope.Next();
+        }
+        TopoDS_Vertex vertex;
+        double const size = m_format == "Box" ? m_context.options().real("oddSize") : 1.0;
+        BRep_Builder().MakeVertex(vertex, gp_Pnt(size, 0, 0), 1e-7);
+        document.add_shape(vertex, "Point");
+        return sdkResult::completed();
+    }
+
+private:
+    std::string m_format;
+    sdkContext & m_context;
+};
+
+class Writer : public sdkWriter {
+public:
+    Writer(std::string format, sdkContext & context) : m_format(std::move(format)), m_context(context) {}
+
+    // The content is the tree of names.
+    sdkResult transfer(sdkDocument & document, Message_ProgressRange const &) override
+    {
+        for (auto const & label : document.free_shapes()) {
+            add(label);
+        }
+        if (m_format != "FindsNothing") {
+            m_context.reporter().processed(document.count_entities().entities());
+        }
+        return sdkResult::completed();
+    }
+
+    sdkResult write(std::string const & path, Message_ProgressRange const &) override
+    {
+        if (m_format == "WritesNothing") {
+            return sdkResult::completed();
+        }
+        std::ofstream stream(path);
+        if (m_format == "WritesEmpty") {
+            return sdkResult::completed();
+        }
+        stream << m_text;
+        if (m_format == "WritesHalf") {
+            return sdkResult::write_error(sdkText("odd::%s: the disk went away", m_context.file()));
+        }
+        if (m_format == "Throws") {
+            throw std::runtime_error("no more");
+        }
+        return sdkResult::completed();
+    }
+
+private:
+    void add(TDF_Label const & label)
+    {
+        TDF_Label referred;
+        m_text += sdkDocument::name(label);
+        if (XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            m_text += "=";
+            add(referred);
+            return;
+        }
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(label, components);
+        if (!components.IsEmpty()) {
+            m_text += "(";
+            for (auto const & component : components) {
+                add(component);
+                m_text += ";";
+            }
+            m_text += ")";
+        }
+    }
+
+    std::string m_format;
+    std::string m_text;
+    sdkContext & m_context;
+};
+
+class Module : public sdkModule {
+public:
+    std::unique_ptr<sdkReader> make_reader(std::string const & format, sdkContext & context) const override
+    {
+        return format == "NotMade" ? nullptr : std::make_unique<Reader>(format, context);
+    }
+
+    std::unique_ptr<sdkWriter> make_writer(std::string const & format, sdkContext & context) const override
+    {
+        return format == "NotMade" ? nullptr : std::make_unique<Writer>(format, context);
+    }
+};
+
+} // namespace
+
+int sdk_interface_version()
+{
+    return sdk_interface;
+}
+
+sdkModule const * sdk_module()
+{
+    static Module const module;
+    return &module;
+}

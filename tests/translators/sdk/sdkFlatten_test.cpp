@@ -1,0 +1,74 @@
+#include "sdk/sdkFlatten.h"
+
+#include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitParts.h"
+
+#include <BRepBndLib.hxx>
+#include <Bnd_Box.hxx>
+#include <TopExp_Explorer.hxx>
+#include <gtest/gtest.h>
+
+class Flatten : public testing::TestWithParam<sdkPlacing> {};
+
+TEST_P(Flatten, PutsThePartsAtTheirPlacesWithNamesColoursAndLayers)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    EXPECT_EQ(sdk_flatten(document, document.free_shapes(), GetParam()), 1);
+    EXPECT_EQ(document.free_shapes().Length(), 3);
+    EXPECT_EQ(document.parts().Length(), 3);
+    auto const measures = sdk_measure(document);
+    EXPECT_NEAR(measures.volume, 2000, 1e-6);
+    EXPECT_NEAR(measures.box.CornerMax().X(), 50, 1e-6);
+    for (auto const & part : document.parts()) {
+        bool const red = sdkDocument::name(part) == kit_red_name;
+        EXPECT_TRUE(red || sdkDocument::name(part) == kit_blue_name);
+        EXPECT_TRUE(kit_colour(document, part).IsEqual(red ? kit_red() : kit_blue()));
+        EXPECT_EQ(document.layers()->IsSet(part, TCollection_ExtendedString(kit_layer_name)), red);
+    }
+}
+
+TEST_P(Flatten, KeepsTheColoursOfFaces)
+{
+    sdkDocument document;
+    auto const cube = document.add_shape(kit_cube(10), "Cube");
+    TDF_Label face;
+    ASSERT_TRUE(document.shapes()->AddSubShape(
+        cube, TopExp_Explorer(XCAFDoc_ShapeTool::GetShape(cube), TopAbs_FACE).Current(), face));
+    document.colours()->SetColor(face, kit_red(), XCAFDoc_ColorSurf);
+    auto const assembly = document.shapes()->NewShape();
+    gp_Trsf shift;
+    shift.SetTranslation(gp_Vec(0, 0, 7));
+    document.shapes()->AddComponent(assembly, cube, TopLoc_Location(shift));
+    document.shapes()->UpdateAssemblies();
+
+    sdk_flatten(document, document.free_shapes(), GetParam());
+    ASSERT_EQ(document.parts().Length(), 1);
+    EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
+}
+
+TEST_P(Flatten, LeavesPartsAlone)
+{
+    sdkDocument document;
+    auto const cube = document.add_shape(kit_cube(10), "Cube");
+    EXPECT_EQ(sdk_flatten(document, document.free_shapes(), GetParam()), 0);
+    EXPECT_EQ(document.free_shapes().First(), cube);
+}
+
+TEST_P(Flatten, TakesFacesThatHaveOnlyTriangles)
+{
+    sdkDocument document;
+    auto const cube = document.add_shape(kit_facet_cube(), "Facets");
+    auto const assembly = document.shapes()->NewShape();
+    gp_Trsf shift;
+    shift.SetTranslation(gp_Vec(90, 0, 0));
+    document.shapes()->AddComponent(assembly, cube, TopLoc_Location(shift));
+    document.shapes()->UpdateAssemblies();
+    sdk_flatten(document, document.free_shapes(), GetParam());
+    Bnd_Box box;
+    BRepBndLib::Add(sdk_whole_shape(document), box);
+    EXPECT_NEAR(box.CornerMax().X(), 100, 1e-3);
+    EXPECT_EQ(document.count_entities().facets_only, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Placings, Flatten, testing::Values(sdkPlacing::geometry, sdkPlacing::compound));
