@@ -132,7 +132,8 @@ void hostChannel::abandon()
 
 void host_remove_staging(std::string const & staging)
 {
-    // The thread at work may make another file while the folder is being emptied; it cannot once the folder is gone.
+    // The thread at work may make another file while the folder is being emptied; it cannot once the folder
+    // is gone.
     constexpr int attempts = 1000;
     std::error_code error;
     for (int i = 0; !staging.empty() && i < attempts && std::filesystem::exists(staging, error); ++i) {

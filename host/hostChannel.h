@@ -42,5 +42,6 @@ private:
     std::thread m_watcher;
 };
 
-// Removes the folder with all that it holds, also while another thread still writes there. An empty path is none.
+// Removes the folder with all that it holds, also while another thread still writes there. An empty path is
+// none.
 void host_remove_staging(std::string const & staging);

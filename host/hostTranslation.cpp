@@ -1,5 +1,6 @@
 #include "host/hostTranslation.h"
 
+#include "host/hostMemory.h"
 #include "host/hostMerge.h"
 #include "host/hostModule.h"
 #include "host/hostProgress.h"
@@ -53,6 +54,10 @@ sdkResult hostTranslation::run()
             return failed(failure.what());
         }
     }();
+    bool const complete = result && m_reporter.failed() == 0;
+    if (!complete && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
+        result = out_of_memory();
+    }
     if (!result && m_output_begun) {
         std::error_code ignored;
         std::filesystem::remove(m_job.output.file, ignored);

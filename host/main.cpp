@@ -1,4 +1,5 @@
 #include "host/hostChannel.h"
+#include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 
 #include <Message.hxx>
@@ -7,7 +8,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -39,17 +39,10 @@ void quieten_toolkit()
     }
 }
 
-void limit_memory(std::uint64_t bytes)
-{
-    if (bytes > 0) {
-        rlimit const limit{bytes, bytes};
-        ::setrlimit(RLIMIT_AS, &limit);
-    }
-}
-
 } // namespace
 
-// The folder that the first argument names is removed when the engine goes away, also before it has sent a job.
+// The folder that the first argument names is removed when the engine goes away, also before it has sent a
+// job.
 int main(int argc, char ** argv)
 {
     std::string const staging = argc > 1 ? argv[1] : "";
@@ -64,7 +57,7 @@ int main(int argc, char ** argv)
         return exit_without_job;
     }
     channel.watch(job.staging.empty() ? staging : job.staging);
-    limit_memory(job.memory_limit);
+    host_limit_memory(job.memory_limit);
     quieten_toolkit();
 
     hostTranslation translation(job, events, channel.cancelled());

@@ -59,6 +59,13 @@ public:
         if (m_format == "Hungry") {
             eat_memory();
         }
+        if (m_format == "Swallows") {
+            try {
+                eat_memory();
+            } catch (std::bad_alloc const &) {
+                return sdkResult::read_error(sdkText("odd::%s breaks the rules", m_context.file()));
+            }
+        }
         if (m_format == "Throws") {
             throw Standard_Failure("a toolkit failure");
         }
