@@ -176,7 +176,9 @@ bool stlTextParser::number(double & value)
 
 bool stlTextParser::unexpected(std::string_view found, std::string_view expected)
 {
-    if (found.empty()) {
+    bool const begun =
+        found.data() + found.size() == m_end && same_word(found, expected.substr(0, found.size()));
+    if (begun) {
         return fail(sdkText(
             "stl::%s is not a whole STL file: it ends at line %d, where %s should come; export or copy it "
             "again",

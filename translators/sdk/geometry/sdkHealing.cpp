@@ -4,14 +4,15 @@
 
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepLib.hxx>
+#include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
 #include <Precision.hxx>
-#include <ShapeAnalysis_ShapeTolerance.hxx>
 #include <ShapeBuild_ReShape.hxx>
 #include <ShapeFix_Shape.hxx>
+#include <ShapeFix_Wireframe.hxx>
 #include <TopExp.hxx>
-#include <TopTools_HSequenceOfShape.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
+#include <TopoDS.hxx>
 
 namespace {
 
@@ -22,11 +23,22 @@ void remember(TopoDS_Shape const & shape, Handle(ShapeBuild_ReShape) const & con
     TopExp::MapShapes(shape, all);
     for (int at = 1; at <= all.Extent(); ++at) {
         auto const & one = all(at);
-        auto const now = context->Value(one);
+        auto const now = context->Apply(one);
         if (!now.IsSame(one)) {
             history.replace(one, now);
         }
     }
+}
+
+std::int64_t count_loose_edges(TopoDS_Shape const & shape, double maximum)
+{
+    TopTools_IndexedMapOfShape edges;
+    TopExp::MapShapes(shape, TopAbs_EDGE, edges);
+    std::int64_t count = 0;
+    for (int at = 1; at <= edges.Extent(); ++at) {
+        count += BRep_Tool::Tolerance(TopoDS::Edge(edges(at))) > maximum ? 1 : 0;
+    }
+    return count;
 }
 
 bool valid(TopoDS_Shape const & shape)
@@ -58,16 +70,21 @@ sdkHealingCounts sdk_heal(sdkDocument & document, TDF_LabelSequence const & part
         if (scope.UserBreak()) {
             return std::nullopt;
         }
-        auto const after = fix.Shape();
+        ShapeFix_Wireframe edges(fix.Shape());
+        edges.SetContext(fix.Context());
+        edges.SetPrecision(options.precision);
+        edges.SetMaxTolerance(options.max_tolerance);
+        edges.ModeDropSmallEdges() = Standard_True;
+        bool const dropped = edges.FixSmallEdges();
+        auto const after = edges.Shape();
         if (options.same_parameter) {
             BRepLib::SameParameter(after, options.precision);
         }
         if (!was_valid && !valid(after)) {
             ++counts.still_invalid;
         }
-        ShapeAnalysis_ShapeTolerance tolerances;
-        counts.loose_edges += tolerances.OverTolerance(after, options.max_tolerance, TopAbs_EDGE)->Length();
-        if (!fixed || after.IsSame(shape)) {
+        counts.loose_edges += count_loose_edges(after, options.max_tolerance);
+        if ((!fixed && !dropped) || after.IsSame(shape)) {
             return std::nullopt;
         }
         remember(shape, fix.Context(), history);

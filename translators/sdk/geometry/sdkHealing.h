@@ -6,7 +6,7 @@
 
 // What may be repaired; lengths in millimetres.
 struct sdkHealingOptions {
-    double precision = 1.0e-4; // gaps up to this are closed
+    double precision = 1.0e-4; // gaps up to this are closed, and edges shorter than it are dropped
     double max_tolerance =
         0.01;                   // a repair may not loosen the tolerance of a vertex, edge or face beyond this
     bool same_parameter = true; // curves in space are fitted to the curves on their surfaces

@@ -13,6 +13,8 @@
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 
+#include <utility>
+
 namespace {
 
 std::int64_t count(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind)
@@ -20,6 +22,31 @@ std::int64_t count(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind)
     TopTools_IndexedMapOfShape all;
     TopExp::MapShapes(shape, kind, all);
     return all.Extent();
+}
+
+// The toolkit's exact boxes need surfaces, so meshes are added by their points.
+Bnd_Box box_of(TopoDS_Shape const & shape)
+{
+    Bnd_Box box;
+    for (TopExp_Explorer explorer(shape, TopAbs_FACE); explorer.More(); explorer.Next()) {
+        auto const & face = TopoDS::Face(explorer.Current());
+        TopLoc_Location location;
+        if (!BRep_Tool::Surface(face, location).IsNull()) {
+            BRepBndLib::AddOptimal(face, box, Standard_False, Standard_False);
+            continue;
+        }
+        auto const & mesh = BRep_Tool::Triangulation(face, location);
+        for (int node = 1; !mesh.IsNull() && node <= mesh->NbNodes(); ++node) {
+            box.Add(mesh->Node(node).Transformed(location.Transformation()));
+        }
+    }
+    for (auto const & [kind, bounded] :
+         {std::pair(TopAbs_EDGE, TopAbs_FACE), std::pair(TopAbs_VERTEX, TopAbs_EDGE)}) {
+        for (TopExp_Explorer one(shape, kind, bounded); one.More(); one.Next()) {
+            BRepBndLib::AddOptimal(one.Current(), box, Standard_False, Standard_False);
+        }
+    }
+    return box;
 }
 
 } // namespace
@@ -36,7 +63,7 @@ sdkMeasures sdk_measure(TopoDS_Shape const & shape)
     GProp_GProps area;
     BRepGProp::SurfaceProperties(shape, area);
     measures.area = area.Mass();
-    BRepBndLib::AddOptimal(shape, measures.box, Standard_False, Standard_False);
+    measures.box = box_of(shape);
     measures.solids = count(shape, TopAbs_SOLID);
     measures.shells = count(shape, TopAbs_SHELL);
     measures.edges = count(shape, TopAbs_EDGE);

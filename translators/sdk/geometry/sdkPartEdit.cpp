@@ -2,8 +2,10 @@
 
 #include <BRep_Builder.hxx>
 #include <Message_ProgressScope.hxx>
+#include <NCollection_DataMap.hxx>
 #include <TNaming_Builder.hxx>
 #include <TopAbs.hxx>
+#include <TopTools_OrientedShapeMapHasher.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 
@@ -34,7 +36,7 @@ public:
 
     TopoDS_Shape operator()(TopoDS_Shape const & shape)
     {
-        auto const base = without_place(shape);
+        auto const base = shape.Located(TopLoc_Location());
         TopoDS_Shape edited;
         if (!m_done.Find(base, edited)) {
             edited = edited_base(base);
@@ -43,7 +45,7 @@ public:
                 m_history.replace(base, edited);
             }
         }
-        return at_place_of(edited, shape);
+        return edited.IsNull() ? edited : edited.Moved(shape.Location());
     }
 
 private:
@@ -77,7 +79,7 @@ private:
     TDF_Label m_part;
     sdkShapeEdit const & m_edit;
     sdkShapeHistory m_history;
-    TopTools_DataMapOfShapeShape m_done;
+    NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> m_done;
 };
 
 void remove_everywhere(sdkDocument & document, TDF_Label const & label)

@@ -25,7 +25,7 @@ private:
     TopTools_DataMapOfShapeShape m_after;
 };
 
-// One edit of one shape of a part. The shape comes without a place of its own and forward. It is the part's
+// One edit of one shape of a part. The shape comes without a place of its own. It is the part's
 // whole shape or a member of its compounds, the compound always before its members; what lies within solids,
 // shells, faces and wires does not come by itself. The edit returns nothing to leave the shape alone (of a
 // compound the members come next), a null shape to drop it, or another shape in its place. What it replaces

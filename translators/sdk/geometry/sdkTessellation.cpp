@@ -1,5 +1,6 @@
 #include "sdk/geometry/sdkTessellation.h"
 
+#include <BRepAdaptor_Surface.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -8,6 +9,49 @@
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int attempts = 4;
+
+// How far the surface lies from the planes of the triangles, looked at in the middle of each.
+double deviation(TopTools_IndexedMapOfShape const & faces)
+{
+    double farthest = 0;
+    for (int at = 1; at <= faces.Extent(); ++at) {
+        TopLoc_Location location;
+        auto const & face = TopoDS::Face(faces(at));
+        auto const & mesh = BRep_Tool::Triangulation(face, location);
+        BRepAdaptor_Surface surface;
+        if (mesh.IsNull() || !mesh->HasUVNodes() || BRep_Tool::Surface(face, location).IsNull()) {
+            continue;
+        }
+        surface.Initialize(TopoDS::Face(face.Located(TopLoc_Location())), Standard_False);
+        if (surface.GetType() == GeomAbs_Plane) {
+            continue;
+        }
+        for (int number = 1; number <= mesh->NbTriangles(); ++number) {
+            int a = 0;
+            int b = 0;
+            int c = 0;
+            mesh->Triangle(number).Get(a, b, c);
+            auto const middle = (mesh->UVNode(a).XY() + mesh->UVNode(b).XY() + mesh->UVNode(c).XY()) / 3;
+            auto const origin = mesh->Node(a).XYZ();
+            auto const normal = (mesh->Node(b).XYZ() - origin).Crossed(mesh->Node(c).XYZ() - origin);
+            double const length = normal.Modulus();
+            if (length > gp::Resolution()) {
+                auto const offset = surface.Value(middle.X(), middle.Y()).XYZ() - origin;
+                farthest = std::max(farthest, std::abs(offset.Dot(normal)) / length);
+            }
+        }
+    }
+    return farthest;
+}
+
+} // namespace
 
 sdkTessellationCounts & sdkTessellationCounts::operator+=(sdkTessellationCounts const & other)
 {
@@ -21,7 +65,7 @@ sdkTessellationCounts & sdkTessellationCounts::operator+=(sdkTessellationCounts 
 sdkTessellationCounts sdk_tessellate(TopoDS_Shape const & shape, sdkTessellationTolerances const & tolerances,
                                      Message_ProgressRange const & range)
 {
-    Message_ProgressScope scope(range, nullptr, 1);
+    Message_ProgressScope scope(range, nullptr, attempts);
     sdkTessellationCounts counts;
     TopTools_IndexedMapOfShape faces;
     TopExp::MapShapes(shape, TopAbs_FACE, faces);
@@ -42,7 +86,15 @@ sdkTessellationCounts sdk_tessellate(TopoDS_Shape const & shape, sdkTessellation
         IMeshTools_Parameters parameters;
         parameters.Deflection = tolerances.linear;
         parameters.Angle = tolerances.angular;
-        BRepMesh_IncrementalMesh const mesher(surfaces, parameters, scope.Next());
+        // The mesher looks at few points of each triangle, and on round faces goes astray up to twice as far.
+        for (int attempt = 0; attempt < attempts && !scope.UserBreak(); ++attempt) {
+            BRepMesh_IncrementalMesh const mesher(surfaces, parameters, scope.Next());
+            double const farthest = deviation(faces);
+            if (farthest <= tolerances.linear) {
+                break;
+            }
+            parameters.Deflection *= std::max(0.3, 0.9 * tolerances.linear / farthest);
+        }
     }
     counts.cancelled = scope.UserBreak();
     for (int at = 1; at <= faces.Extent(); ++at) {

@@ -1,0 +1,137 @@
+#include "sdk/geometry/sdkHealing.h"
+
+#include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitParts.h"
+
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakePolygon.hxx>
+#include <BRepCheck_Analyzer.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
+#include <gtest/gtest.h>
+
+namespace {
+
+// A face whose boundary runs round the wrong way, so that it covers all of its plane but the square.
+TopoDS_Face inverted_face()
+{
+    auto const good = TopoDS::Face(TopExp_Explorer(kit_cube(10), TopAbs_FACE).Current());
+    auto face = TopoDS::Face(good.EmptyCopied());
+    BRep_Builder builder;
+    for (TopoDS_Iterator wire(good); wire.More(); wire.Next()) {
+        builder.Add(face, wire.Value().Reversed());
+    }
+    return face;
+}
+
+TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
+{
+    BRep_Builder builder;
+    TopoDS_Compound compound;
+    builder.MakeCompound(compound);
+    for (auto const & shape : shapes) {
+        builder.Add(compound, shape);
+    }
+    return compound;
+}
+
+} // namespace
+
+TEST(Healing, LeavesSoundPartsAlone)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    auto const counts = sdk_heal(document, document.parts(), {});
+    EXPECT_EQ(counts.parts, 2);
+    EXPECT_EQ(counts.invalid, 0);
+    EXPECT_EQ(counts.still_invalid, 0);
+    EXPECT_EQ(counts.loose_edges, 0);
+    EXPECT_NEAR(sdk_measure(document).volume, 2000, 1e-9);
+}
+
+TEST(Healing, RepairsAFaceWhoseBoundaryIsTurnedAndKeepsItsColour)
+{
+    auto const face = inverted_face();
+    ASSERT_FALSE(BRepCheck_Analyzer(face).IsValid());
+    sdkDocument document;
+    auto const label = document.add_shape(compound_of({face}), "Patch");
+    document.colours()->SetColor(document.shapes()->AddSubShape(label, face), kit_red(), XCAFDoc_ColorSurf);
+    auto const counts = sdk_heal(document, document.parts(), {});
+    EXPECT_EQ(counts.invalid, 1);
+    EXPECT_EQ(counts.repaired, 1);
+    EXPECT_EQ(counts.still_invalid, 0);
+    EXPECT_EQ(counts.details, 0);
+    auto const part = document.parts().First();
+    EXPECT_TRUE(BRepCheck_Analyzer(XCAFDoc_ShapeTool::GetShape(part)).IsValid());
+    EXPECT_NEAR(sdk_measure(document).area, 100, 1e-9);
+    EXPECT_EQ(sdkDocument::name(part), "Patch");
+    EXPECT_TRUE(kit_colour(document, part).IsEqual(kit_red()));
+}
+
+TEST(Healing, CountsEdgesWhoseToleranceExceedsTheMaximum)
+{
+    auto const cube = kit_cube(10);
+    BRep_Builder const builder;
+    builder.UpdateEdge(TopoDS::Edge(TopExp_Explorer(cube, TopAbs_EDGE).Current()), 0.5);
+    for (double const maximum : {0.1, 1.0}) {
+        sdkDocument document;
+        document.add_shape(cube, "Loose");
+        auto const counts =
+            sdk_heal(document, document.parts(), {.max_tolerance = maximum, .same_parameter = false});
+        EXPECT_EQ(counts.loose_edges, maximum < 0.5 ? 1 : 0);
+    }
+}
+
+TEST(Healing, FitsCurvesInSpaceToTheirSurfacesWhenAsked)
+{
+    for (bool const wanted : {false, true}) {
+        auto const cylinder = BRepPrimAPI_MakeCylinder(5, 10).Shape();
+        auto const edge = TopoDS::Edge(TopExp_Explorer(cylinder, TopAbs_EDGE).Current());
+        BRep_Builder const builder;
+        builder.SameParameter(edge, Standard_False);
+        builder.SameRange(edge, Standard_False);
+        sdkDocument document;
+        document.add_shape(cylinder, "Cylinder");
+        sdk_heal(document, document.parts(), {.same_parameter = wanted});
+        EXPECT_EQ(sdk_measure(document).faces, 3);
+        bool all = true;
+        auto const healed = XCAFDoc_ShapeTool::GetShape(document.parts().First());
+        for (TopExp_Explorer one(healed, TopAbs_EDGE); one.More(); one.Next()) {
+            all = all && BRep_Tool::SameParameter(TopoDS::Edge(one.Current()));
+        }
+        EXPECT_TRUE(all || !wanted);
+    }
+}
+
+TEST(Healing, DropsEdgesShorterThanThePrecision)
+{
+    for (double const precision : {1e-4, 0.1}) {
+        BRepBuilderAPI_MakePolygon outline;
+        for (auto const & corner : {gp_Pnt(0, 0, 0), gp_Pnt(10, 0, 0), gp_Pnt(10, 10, 0), gp_Pnt(0.05, 10, 0),
+                                    gp_Pnt(0, 9.98, 0)}) {
+            outline.Add(corner);
+        }
+        outline.Close();
+        sdkDocument document;
+        document.add_shape(BRepBuilderAPI_MakeFace(outline.Wire(), Standard_True).Shape(), "Plate");
+        auto const counts =
+            sdk_heal(document, document.parts(), {.precision = precision, .max_tolerance = 1});
+        EXPECT_EQ(counts.repaired, precision < 0.01 ? 0 : 1);
+        EXPECT_EQ(sdk_measure(document).edges, precision < 0.01 ? 5 : 4);
+        EXPECT_EQ(counts.still_invalid, 0);
+    }
+}
+
+TEST(Healing, PassesOverMeshes)
+{
+    sdkDocument document;
+    document.add_shape(kit_facet_cube(), "Mesh");
+    auto const counts = sdk_heal(document, document.parts(), {});
+    EXPECT_EQ(counts.parts, 0);
+    EXPECT_EQ(sdk_measure(document).triangles, 12);
+}

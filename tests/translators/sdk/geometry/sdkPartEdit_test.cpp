@@ -1,0 +1,71 @@
+#include "sdk/geometry/sdkPartEdit.h"
+
+#include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitParts.h"
+
+#include <Message_ProgressIndicator.hxx>
+#include <TopExp_Explorer.hxx>
+#include <gtest/gtest.h>
+
+namespace {
+
+class Cancelled : public Message_ProgressIndicator {
+public:
+    Standard_Boolean UserBreak() override { return Standard_True; }
+
+protected:
+    void Show(Message_ProgressScope const &, Standard_Boolean const) override {}
+};
+
+std::optional<TopoDS_Shape> larger_cube(TDF_Label const &, TopoDS_Shape const & shape, sdkShapeHistory &)
+{
+    return shape.ShapeType() == TopAbs_SOLID ? std::optional(kit_cube(20)) : std::nullopt;
+}
+
+} // namespace
+
+TEST(PartEdit, LetsAllInstancesOfAPartFollow)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    auto const counts = sdk_edit_parts(document, document.parts(), larger_cube);
+    EXPECT_EQ(counts.changed, 2);
+    EXPECT_NEAR(sdk_measure(document).volume, 3 * 8000, 1e-6);
+    EXPECT_NEAR(sdk_measure(document).box.CornerMax().X(), 60, 1e-4);
+}
+
+TEST(PartEdit, CountsNamedSubShapesThatAreGone)
+{
+    sdkDocument document;
+    auto const cube = kit_cube(10);
+    auto const label = document.add_shape(cube, "Cube");
+    auto const detail = document.shapes()->AddSubShape(label, TopExp_Explorer(cube, TopAbs_FACE).Current());
+    sdkDocument::set_name(detail, "Top");
+    EXPECT_EQ(sdk_edit_parts(document, document.parts(), larger_cube).details, 1);
+}
+
+TEST(PartEdit, StopsAfterThePartDuringWhichTheUserCancels)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    Handle(Cancelled) const progress = new Cancelled;
+    auto const counts = sdk_edit_parts(document, document.parts(), larger_cube, progress->Start());
+    EXPECT_TRUE(counts.cancelled);
+    EXPECT_EQ(counts.changed, 1);
+    EXPECT_NEAR(sdk_measure(document).volume, 8000 + 2 * 500, 1e-6);
+}
+
+TEST(PartEdit, RemembersWhatShapesBecameWhereverTheyLie)
+{
+    sdkShapeHistory history;
+    auto const before = kit_cube(1);
+    auto const after = kit_cube(2);
+    history.replace(before, after);
+    gp_Trsf shift;
+    shift.SetTranslation(gp_Vec(5, 0, 0));
+    TopLoc_Location const place(shift);
+    EXPECT_TRUE(history.now(before.Moved(place)).IsEqual(after.Moved(place)));
+    EXPECT_TRUE(history.now(kit_cube(3)).ShapeType() == TopAbs_SOLID);
+    history.replace(before, TopoDS_Shape());
+    EXPECT_TRUE(history.now(before).IsNull());
+}
