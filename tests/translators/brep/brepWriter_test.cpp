@@ -224,7 +224,7 @@ TEST_F(BrepWriter, SaysWhyAFileCouldNotBeWritten)
             auto const full = write(shape, "/dev/full",
                                     {{"brepWriteForm", form},
                                      {"brepWriteTriangulation", "true"},
-                                     {"vmrTolTriangulate3d", "0.001"},
+                                     {"vmrTolTriangulate3d", "0.01"},
                                      {"brepAngularDeflection", "90"}});
             EXPECT_EQ(full.status(), sdkStatus::write_error);
             EXPECT_TRUE(contains(full.text().formatted(), "No space left on device"));
