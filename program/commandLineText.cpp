@@ -2,8 +2,8 @@
 
 namespace {
 
-/// A name that begins with a blank or a double quote is reached by the same file's name in the present directory,
-/// because in front of a word both mean something else.
+/// A name that begins with a blank or a double quote is reached by the same file's name in the present
+/// directory, because in front of a word both mean something else.
 std::string protected_start(std::string const & word)
 {
     bool const at_risk = !word.empty() && (word[0] == ' ' || word[0] == '"');

@@ -7,7 +7,8 @@
 
 int main(int argc, char ** argv)
 {
-    // The user's numbers and dates; the text functions stay with the C locale, whatever language is chosen later.
+    // The user's numbers and dates; the text functions stay with the C locale, whatever language is chosen
+    // later.
     std::setlocale(LC_ALL, "");
     auto const command_line = vmr_command_line_text({argv + 1, argv + argc});
     if (!command_line.impossible_word.empty()) {
@@ -16,7 +17,8 @@ int main(int argc, char ** argv)
                      "Please rename the file, or give a path without one of the two.\n";
         return vmrExitNotUnderstood;
     }
-    // The toolkit would decode the words by the locale and lose names that it does not hold; it gets none of them.
+    // The toolkit would decode the words by the locale and lose names that it does not hold; it gets none of
+    // them.
     int toolkit_argc = 1;
     wxApp::SetInstance(new vmrApp(command_line.text));
     return wxEntry(toolkit_argc, argv);

@@ -39,8 +39,9 @@ bool vmrApp::OnInit()
 {
     pre_splash_screen_init();
     if (!sglApp::OnInit()) {
-        std::cerr << application_name_no_version().view()
-                  << ": the files of the installation could not be found. Please install the program again.\n";
+        std::cerr
+            << application_name_no_version().view()
+            << ": the files of the installation could not be found. Please install the program again.\n";
         return false;
     }
     initialise_services();
@@ -51,7 +52,8 @@ bool vmrApp::OnInit()
 void vmrApp::write_translator_cache() const
 {
     // Without a place for the user's files every start scans; that is slower and not worth a complaint.
-    if (translators_were_scanned() && file_locator().schema_dir(sdbHRKDirectory::translator_cache).create_user_dir())
+    if (translators_were_scanned() &&
+        file_locator().schema_dir(sdbHRKDirectory::translator_cache).create_user_dir())
         make_translator_dll_cache_file();
 }
 

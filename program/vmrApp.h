@@ -6,8 +6,8 @@
 
 /// What the process tells its caller.
 enum vmrExitStatus {
-    vmrExitOk = 0,          ///< the command line was understood and the translation was run
-    vmrExitNotRun = 1,      ///< it was understood and could not be run
+    vmrExitOk = 0,           ///< the command line was understood and the translation was run
+    vmrExitNotRun = 1,       ///< it was understood and could not be run
     vmrExitNotUnderstood = 2 ///< it was not understood
 };
 

@@ -28,6 +28,12 @@ void sdbOstream::print(char const * text)
     write(text);
 }
 
+void sdbOstream::begin_row()
+{
+    apCriticalSectionScope const scope(m_section);
+    m_in_row = true;
+}
+
 void sdbOstream::print_dot()
 {
     apCriticalSectionScope const scope(m_section);

@@ -17,6 +17,7 @@ public:
 
     /// Text that comes while a progress row stands open begins on a line of its own.
     void print(char const * text);
+    void begin_row();              ///< what was printed last is the label of the progress row
     void print_dot();              ///< a dot of the progress row
     void print_percent(int value); ///< a figure of the progress row, as 10%
 

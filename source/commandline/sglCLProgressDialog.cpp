@@ -55,6 +55,7 @@ void sglCLProgressDialog::operationLabel(utString const & label)
     if (m_label_written)
         return;
     m_stream->print(label.c_str());
+    m_stream->begin_row();
     m_label_written = 1;
 }
 

@@ -56,6 +56,23 @@ TEST(TextStream, WritesARowOfDotsWithFigures)
     EXPECT_EQ(terminal.str(), "..10%.100%");
 }
 
+TEST(TextStream, BeginsATextOnALineOfItsOwnWhileAProgressRowStandsOpen)
+{
+    std::ostringstream text;
+    sdbOstream stream(nullptr);
+    stream.add_ostream(&text);
+    stream.print("Reading :");
+    stream.begin_row();
+    stream.print("a message\n");
+    stream.print_dot();
+    stream.print_percent(10);
+    stream.print("two ");
+    stream.print("parts\n");
+    stream.print_dot();
+    stream.print("\nnext");
+    EXPECT_EQ(text.str(), "Reading :\na message\n.10%\ntwo parts\n.\nnext");
+}
+
 TEST(TextStream, PassesOverATextThatIsNotThere)
 {
     std::ostringstream terminal;
