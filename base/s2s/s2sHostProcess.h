@@ -24,9 +24,9 @@ public:
     s2sHostProcess(s2sHostProcess const &) = delete;
     s2sHostProcess & operator=(s2sHostProcess const &) = delete;
 
-    /// Starts the program. The host removes `staging`, unless it is empty, when we are gone; it hears of it here already
-    /// and not only with its job, because we may be gone before the job is sent. Returns 0 or the number of the system's
-    /// error.
+    /// Starts the program. The host removes `staging`, unless it is empty, when we are gone; it hears of it
+    /// here already and not only with its job, because we may be gone before the job is sent. Returns 0 or
+    /// the number of the system's error.
     int start(std::string const & program, std::string const & staging = {});
 
     int descriptor() const { return m_descriptor; } ///< non-blocking socket; -1 before start

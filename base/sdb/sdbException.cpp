@@ -16,7 +16,8 @@ void sdb_exception_handler(vmrabsAppInfo const & info)
     } catch (...) {
         std::cerr << "unknown exception";
     }
-    std::cerr << "\nThe program ends now. Please report this text with the files that were being translated.\n";
+    std::cerr
+        << "\nThe program ends now. Please report this text with the files that were being translated.\n";
 }
 
 void sdb_abort()

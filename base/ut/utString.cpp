@@ -16,7 +16,8 @@ char upper(char c)
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-template <class Number> std::string number_text(Number value)
+template <class Number>
+std::string number_text(Number value)
 {
     char buffer[64];
     auto const end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
@@ -134,7 +135,8 @@ int utString::case_compare(utString const & other) const
     auto const b = other.view();
     auto const both = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < both; ++i)
-        if (int const order = static_cast<unsigned char>(lower(a[i])) - static_cast<unsigned char>(lower(b[i])))
+        if (int const order =
+                static_cast<unsigned char>(lower(a[i])) - static_cast<unsigned char>(lower(b[i])))
             return order;
     return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
 }

@@ -9,8 +9,8 @@
 /// An invalid string reads as empty text everywhere except in invalid(). Positions and lengths count bytes.
 class utString {
 public:
-    utString() : m_text(std::in_place) {}              ///< empty and valid
-    utString(char const * text);                       ///< a null pointer gives an invalid string
+    utString() : m_text(std::in_place) {} ///< empty and valid
+    utString(char const * text);          ///< a null pointer gives an invalid string
     utString(std::string text) : m_text(std::move(text)) {}
     utString(std::string_view text) : m_text(std::string(text)) {}
     static utString make_invalid();
@@ -32,8 +32,9 @@ public:
     utString & operator<<(int value);
     utString & operator<<(double value); ///< shortest text that reads back as the same value, with "."
 
-    /// The word cutter: skips leading bytes that are in `delimiters`, moves the text up to the next such byte into
-    /// `out` and leaves that byte and all behind it here. Returns 0, with `out` empty, when nothing was left to take.
+    /// The word cutter: skips leading bytes that are in `delimiters`, moves the text up to the next such byte
+    /// into `out` and leaves that byte and all behind it here. Returns 0, with `out` empty, when nothing was
+    /// left to take.
     int extract_string(char const * delimiters, utString & out);
 
     void remove_leading_chars(char const * set);  ///< drops every leading byte that is in `set`
@@ -45,8 +46,8 @@ public:
     /// Position of `part` at or after `from`, or -1.
     int locate_substring(utString const & part, int from = 0) const;
 
-    /// Reads a decimal integer at byte `position` and moves `position` behind it. Returns 0, changing nothing, when
-    /// no integer stands there or it does not fit.
+    /// Reads a decimal integer at byte `position` and moves `position` behind it. Returns 0, changing
+    /// nothing, when no integer stands there or it does not fit.
     int parse(int & value, int & position) const;
 
     /// Order of bytes: negative, 0 or positive.
@@ -69,6 +70,10 @@ private:
     std::optional<std::string> m_text;
 };
 
-template <> struct std::hash<utString> {
-    std::size_t operator()(utString const & text) const noexcept { return std::hash<std::string_view>()(text.view()); }
+template <>
+struct std::hash<utString> {
+    std::size_t operator()(utString const & text) const noexcept
+    {
+        return std::hash<std::string_view>()(text.view());
+    }
 };

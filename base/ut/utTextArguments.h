@@ -9,14 +9,15 @@
 
 #include "ut/utString.h"
 
-/// One argument of a message text: it knows its own type, so that a text whose conversions do not fit the arguments
-/// can never read beyond them.
+/// One argument of a message text: it knows its own type, so that a text whose conversions do not fit the
+/// arguments can never read beyond them.
 using utTextArgument = std::variant<std::int64_t, double, std::string>;
 
 /// The arguments of one message, in the order in which the conversions of its text name them.
 using utTextArguments = std::vector<utTextArgument>;
 
-template <class T> utTextArgument ut_text_argument(T const & value)
+template <class T>
+utTextArgument ut_text_argument(T const & value)
 {
     if constexpr (std::is_same_v<T, utString>)
         return value.str();
@@ -28,7 +29,8 @@ template <class T> utTextArgument ut_text_argument(T const & value)
         return std::string(std::string_view(value));
 }
 
-template <class... T> utTextArguments ut_text_arguments(T const &... values)
+template <class... T>
+utTextArguments ut_text_arguments(T const &... values)
 {
     return {ut_text_argument(values)...};
 }

@@ -135,8 +135,8 @@ void sglNlsHelp::set_wx_language()
         return init_wx_language(m_locale.get(), m_toolkit_language) != 0;
     };
     m_toolkit_language = m_used_language;
-    // Without windows no text of the toolkit is ever shown, and asking it for a language takes longer than the rest of
-    // a start: on a machine that lacks the locale it tries those of all countries.
+    // Without windows no text of the toolkit is ever shown, and asking it for a language takes longer than
+    // the rest of a start: on a machine that lacks the locale it tries those of all countries.
     if (sglApp::app().has_display() && !attempt() && !(strip_country(m_toolkit_language) && attempt())) {
         m_toolkit_language = "English";
         attempt();
