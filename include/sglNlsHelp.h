@@ -69,6 +69,8 @@ protected:
     /// Sets the toolkit's locale. Returns 0 when the toolkit does not know the language or its catalogues are
     /// missing.
     int init_wx_language(wxLocale * locale, utString const & language);
+    /// The place for a guard against a change of language while a translation runs; it guards nothing.
+    void check_not_translating(char const *) const {}
 
 private:
     utString find_language(utString const & language) const;

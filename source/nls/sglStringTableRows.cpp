@@ -2,38 +2,31 @@
 
 namespace {
 
-// clang-format off: one row a line, whatever its length, so that a number is found at a glance
+// One row a line, whatever its length, so that a number is found at a glance.
+// clang-format off
 constexpr sglStringTableRow table[] = {
     {1001, "tnwapp.messagebox::Couldn't find help files. Please check your installation"},
     {1002, "d.e2f_output.messagebox::Please enter a directory name"},
     {1003, "d.e2f_output.messagebox::The pathname you gave (%s) is a file.\r\rPlease select a directory."},
-    {1004,
-     "d.e2f_output.messagebox::An unknown directory error occured.\r\rPlease select another directory."},
+    {1004, "d.e2f_output.messagebox::An unknown directory error occured.\r\rPlease select another directory."},
     {1005, "d.e2f_output.messagebox::An unknown error occured.\r\rPlease select another directory."},
     {1006, "d.e2f_input.0::EXPORT to CATIA V4 Model Wizard Input Page"},
     {1007, "d.e2f_output.0::EXPORT to CATIA V4 Model Wizard Output Page"},
     {1008, "d.e2f_extraction.0::EXPORT to CATIA V4 Model Wizard Extraction Page"},
     {1009, "d.e2f_end.0::EXPORT to CATIA V4 Model Wizard End Page"},
-    {1011,
-     "d.e2f_end.1::The file you have selected is not a CATIA export file.\r\rNo action has been taken."},
-    {1012,
-     "d.e2f_end.1::The file you have selected may be a CATIA export file, but for some reason we are unable "
-     "to extract CATIA V4 Model files from it.\r\rPlease contact [[COMPANY-NAME]] or your distributor."},
-    {1013, "d.end_page.1::There has been a very unexpected error.\r\rPlease contact [[COMPANY-NAME]] or your "
-           "distributor."},
+    {1011, "d.e2f_end.1::The file you have selected is not a CATIA export file.\r\rNo action has been taken."},
+    {1012, "d.e2f_end.1::The file you have selected may be a CATIA export file, but for some reason we are unable to extract CATIA V4 Model files from it.\r\rPlease contact [[COMPANY-NAME]] or your distributor."},
+    {1013, "d.end_page.1::There has been a very unexpected error.\r\rPlease contact [[COMPANY-NAME]] or your distributor."},
     {1014, "d.again_button::Again"},
     {1015, "d.e2f_input.filter::CATIA Export files"},
     {1016, "d.file_filter_all::All files"},
     {1017, "d.proe_input::Input File"},
     {1018, "d.messagebox::Please enter a file name"},
     {1019, "d.messagebox::Could not open file for input"},
-    {1020, "d.e2f_input.messagebox::This doesn't look like a CATIA export file.\r\rAre you sure you want to "
-           "continue ?"},
-    {1021, "d.e2f_extraction.messagebox::I'm sorry, there has been an unexpected error.\r\rThis translation "
-           "cannot proceed"},
+    {1020, "d.e2f_input.messagebox::This doesn't look like a CATIA export file.\r\rAre you sure you want to continue ?"},
+    {1021, "d.e2f_extraction.messagebox::I'm sorry, there has been an unexpected error.\r\rThis translation cannot proceed"},
     {1051, "browsedialog::Select a directory"},
-    {1052, "translate_utils.messagebox::The resource directory does not exist and cannot be made.\nPlease "
-           "check your installation"},
+    {1052, "translate_utils.messagebox::The resource directory does not exist and cannot be made.\nPlease check your installation"},
     {1053, "d.report.tree::Import : %s"},
     {1054, "d.report.tree::Multiple files exported to %s"},
     {1055, "d.report.tree::Translation of %s to %s"},
@@ -90,14 +83,11 @@ constexpr sglStringTableRow table[] = {
     {1126, "d.progress.errors_tab::Errors"},
     {1127, "d.progress.messagebox::The translation has been cancelled"},
     {1128, "d.progress.messagebox::The translation has completed but there were some errors"},
-    {1129, "d.progress.messagebox::[[PROGRAM-NAME]] has detected some non-fatal problems which it has worked "
-           "around.\nYou may want to check the warnings these problems produced."},
+    {1129, "d.progress.messagebox::[[PROGRAM-NAME]] has detected some non-fatal problems which it has worked around.\nYou may want to check the warnings these problems produced."},
     {1130, "d.file_filter::[[PROGRAM-NAME]] Log Files"},
     {1131, "messagebox::Details successfully saved to %s."},
-    {1151, "d.messagebox::The contents of the start up file have been modified by another user.\nDo you wish "
-           "to save your changes anyway?"},
-    {1164, "d.translation.messagebox::The input file has the same name as the output file - abandoning "
-           "translation"},
+    {1151, "d.messagebox::The contents of the start up file have been modified by another user.\nDo you wish to save your changes anyway?"},
+    {1164, "d.translation.messagebox::The input file has the same name as the output file - abandoning translation"},
     {1165, "d.translation.messagebox::An invalid input format was detected"},
     {1166, "d.translation.messagebox::An invalid output format was detected"},
     {1201, "messagebox::Warning: %s exists but cannot be read. It may be in use by another program."},
@@ -108,24 +98,20 @@ constexpr sglStringTableRow table[] = {
     {1209, "d.resource_options.tooltip::Internal name %s"},
     {1210, "d.resources.messagebox::Illegal value for this resource - applying default value"},
     {1211, "message_box::Error : Unable to find resource layout file %s.\nPlease check your installation"},
-    {1212, "message_box::Error : Unable to read resource layout file %s near line %d.\nPlease check your "
-           "installation"},
-    {1213, "d.resources.messagebox::Warning : This will affect any future translations involving this "
-           "format.\nDo you want to continue ?"},
+    {1212, "message_box::Error : Unable to read resource layout file %s near line %d.\nPlease check your installation"},
+    {1213, "d.resources.messagebox::Warning : This will affect any future translations involving this format.\nDo you want to continue ?"},
     {1214, "d.resources.filter::Resource Files"},
     {1215, "d.resources::Resource File"},
     {1216, "d.message_box::Unable to create directory %s.\nPlease check your user permissions."},
     {1217, "messagebox::Error : Unable to read export options file."},
-    {1218, "d.about_box.7::System requested language\t:  %s\r\n[[PROGRAM-NAME]] language used\t:  "
-           "%s\r\nwxWidgets language used\t:  %s\r\nLocale code page\t:  %s\n"},
+    {1218, "d.about_box.7::System requested language\t:  %s\r\n[[PROGRAM-NAME]] language used\t:  %s\r\nwxWidgets language used\t:  %s\r\nLocale code page\t:  %s\n"},
     {1219, "messagebox::No translations have been completed yet."},
     {1220, "messagebox::Copy to clipboard failed."},
     {1237, "d.single.0::Single File"},
     {1238, "d.merge.0::Multiple Files"},
     {1239, "d.close_button::Close"},
     {1240, "d.merge.messagebox::Duplicate file name"},
-    {1241, "messagebox::[[PROGRAM-NAME]] was unable to determine the format of these items :\n\n%s\nThese "
-           "items have not been added."},
+    {1241, "messagebox::[[PROGRAM-NAME]] was unable to determine the format of these items :\n\n%s\nThese items have not been added."},
     {1242, "messagebox::Error : Couldn't find the file '%s'. Please check your installation."},
     {1260, "d.resource_dialog.title::Input Resources - %s"},
     {1261, "d.resource_dialog.title::Output Resources - %s"},
@@ -133,10 +119,8 @@ constexpr sglStringTableRow table[] = {
     {1268, "d.batch.0::Batch Files"},
     {1269, "d.messagebox::The following files could not be added to the batch:\n\n%s"},
     {1270, "d.messagebox::The file %s already exists. Do you want to overwrite it?"},
-    {1271, "d.messagebox::The output file %s clashes with an input file in the batch.\nThis translation has "
-           "not been added to the batch."},
-    {1272, "d.messagebox::The output file %s clashes with an output file in the batch.\nThis translation has "
-           "not been added to the batch."},
+    {1271, "d.messagebox::The output file %s clashes with an input file in the batch.\nThis translation has not been added to the batch."},
+    {1272, "d.messagebox::The output file %s clashes with an output file in the batch.\nThis translation has not been added to the batch."},
     {1273, "d.report.tree::Batch Translation"},
     {1274, "d.report.tree::Input File %d :"},
     {1275, "d.report.tree::Output File %d :"},
@@ -145,11 +129,9 @@ constexpr sglStringTableRow table[] = {
     {1278, "d.message_box::The following files were too large to be translated :\n\n%s\n"},
     {1279, "d.message_box::The following input files could not be read :\n\n%s\n"},
     {1280, "d.message_box::A fatal error occurred writing the following output files :\n\n%s\n"},
-    {1282, "d.message_box::An unknown error occurred when translating the following files.\nThese "
-           "translations were abandoned :\n\n%s\n"},
+    {1282, "d.message_box::An unknown error occurred when translating the following files.\nThese translations were abandoned :\n\n%s\n"},
     {1283, "d.messagebox::Some entities failed to translate\n"},
-    {1284, "d.progress.messagebox::Some non-fatal problems were detected which have been worked around.\nYou "
-           "may want to check the warnings these problems produced."},
+    {1284, "d.progress.messagebox::Some non-fatal problems were detected which have been worked around.\nYou may want to check the warnings these problems produced."},
     {1286, "d.messagebox::The file %s does not appear to be a default resource file\n"},
     {1306, "d.messagebox::Unable to find requested URL.\nPlease contact [[COMPANY-NAME]] Support."},
     {1325, "d.wiz.end.1::There was a problem loading the required dlls."},
@@ -161,7 +143,6 @@ constexpr sglStringTableRow table[] = {
     {1338, "Could not find a writable location for user configuration file.\n"},
     {1340, "d.messagebox::Could not correctly initialise the appdir map. \n"},
 };
-
 // clang-format on
 
 } // namespace
