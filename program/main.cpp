@@ -2,6 +2,7 @@
 #include "vmrApp.h"
 
 #include <clocale>
+#include <cstdlib>
 #include <iostream>
 #include <wx/init.h>
 
@@ -21,5 +22,9 @@ int main(int argc, char ** argv)
     // them.
     int toolkit_argc = 1;
     wxApp::SetInstance(new vmrApp(command_line.text));
-    return wxEntry(toolkit_argc, argv);
+    int const status = wxEntry(toolkit_argc, argv);
+    // The program's own objects are gone and everything is written. What a hundred shared libraries would
+    // still take apart piece by piece, the system takes back at once.
+    std::cout.flush();
+    std::_Exit(status);
 }
