@@ -9,7 +9,7 @@ inline constexpr int sglMESSAGE_BOX_NO_TEXT = 16;
 /// Shows a numbered message with the program's name as title, in front of the active window. `style` is the
 /// toolkit's; the result is the toolkit's identifier of the button, or sglMESSAGE_BOX_NO_TEXT with nothing
 /// shown when the number has no text. Without a display the text goes to standard error and the result is
-/// that of the OK button.
+/// that of the OK button, or of No where the box would have asked.
 int sglMessageBoxWithArguments(char const * domain, unsigned int id, utTextArguments const & arguments,
                                unsigned int style);
 

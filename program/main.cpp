@@ -26,5 +26,5 @@ int main(int argc, char ** argv)
     // The program's own objects are gone and everything is written. What a hundred shared libraries would
     // still take apart piece by piece, the system takes back at once.
     std::cout.flush();
-    std::_Exit(status);
+    std::_Exit(status < 0 ? vmrExitNotRun : status);
 }

@@ -28,9 +28,10 @@ void sdbOstream::print(char const * text)
     write(text);
 }
 
-void sdbOstream::begin_row()
+void sdbOstream::print_row_label(char const * text)
 {
-    apCriticalSectionScope const scope(m_section);
+    apCriticalSectionScope const scope(m_section); // entered once more by print
+    print(text);
     m_in_row = true;
 }
 

@@ -17,9 +17,10 @@ public:
 
     /// Text that comes while a progress row stands open begins on a line of its own.
     void print(char const * text);
-    void begin_row();              ///< what was printed last is the label of the progress row
-    void print_dot();              ///< a dot of the progress row
-    void print_percent(int value); ///< a figure of the progress row, as 10%
+    void
+    print_row_label(char const * text); ///< the label in front of the progress row, which stands open then
+    void print_dot();                   ///< a dot of the progress row
+    void print_percent(int value);      ///< a figure of the progress row, as 10%
 
 private:
     void write(std::string_view text); // within the section

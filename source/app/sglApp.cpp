@@ -170,8 +170,9 @@ utString sglApp::copyright_message() const
     text += "\n";
     bool error = false;
     apString const sign = m_ut_encoding->to_ap("\xC2\xA9", error);
+    utString const shown = m_ut_encoding->to_ut(sign, error);
     if (!error)
-        text += m_ut_encoding->to_ut(sign, error);
+        text += shown;
     return text + " " + m_copyright_text;
 }
 

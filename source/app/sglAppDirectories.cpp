@@ -52,6 +52,9 @@ void sglApp::read_start_up_info()
 {
     bool found = false;
     apPathName const path = m_directories.search_path(sdbHRKDirectory::resources).directory_path(found);
+    // Without a place for the user's files there are no settings, least of all in the present directory.
+    if (!found)
+        return;
     apPathName const file = path.adjoin(apFileName(L"startup.hrk"));
     m_startup_info.load(m_ut_encoding->to_ut(file.string()).c_str());
 }

@@ -12,6 +12,7 @@
 #include "sdb/sdbTranslatorDllsFactory.h"
 #include "sdb/sdbTranslatorInfoFactory.h"
 #include "sdb/sdbTranslatorSearchPath.h"
+#include "sdu/sduFileFunctions.h"
 
 void sglApp::build_translator_dlls(utString const & cache_file, sdbSearchPath const & search_path,
                                    utString const & preferred_output_format)
@@ -73,5 +74,9 @@ utString sglApp::rsc_dir(apFileName const & name) const
     if (!error)
         if (utString const found = directory.find_file(file_name); !found.invalid())
             return found;
+    // What create_default_resources writes has a capital letter, which counts on this platform: a file that
+    // was made once is found again and not made anew over what the user has changed in it.
+    if (utString const made = directory.user_dir() + "/Default"; sdu_check_file_exists(made) == sduFileExists)
+        return made;
     return directory.user_dir() + "/default";
 }

@@ -54,8 +54,7 @@ void sglCLProgressDialog::operationLabel(utString const & label)
 {
     if (m_label_written)
         return;
-    m_stream->print(label.c_str());
-    m_stream->begin_row();
+    m_stream->print_row_label(label.c_str());
     m_label_written = 1;
 }
 

@@ -40,9 +40,12 @@ int sglCLTranslation::start_translation()
     m_poller = poller.get();
     poller->Create(0);
     getNlsHelp()->set_translating(1);
-    poller->Run();
+    bool const polled = poller->Run() == wxTHREAD_NO_ERROR;
     int const result = wrapper()->run();
-    poller->Wait();
+    if (polled)
+        poller->Wait();
+    else
+        tick_from_poller(); // the system had no thread to give: the steps at the end are made all the same
     if (channel().current_translation_details().num_processed() == 0)
         return nothing_translated;
     return result != 0 ? wxID_OK : wxID_CANCEL;

@@ -11,12 +11,11 @@
 
 namespace {
 
-int tell_on_standard_error(utString const & text)
+void tell_on_standard_error(utString const & text)
 {
     std::cerr << sglApp::app().application_name_no_version().view() << ": " << text.view();
     if (text.empty() || text[text.length() - 1] != '\n')
         std::cerr << '\n';
-    return wxID_OK;
 }
 
 } // namespace
@@ -27,8 +26,11 @@ int sglMessageBoxWithArguments(char const * domain, unsigned int id, utTextArgum
     utString const text = sglStringTableString(domain).process(id, arguments);
     if (text.empty())
         return sglMESSAGE_BOX_NO_TEXT;
-    if (!sglApp::app().has_display())
-        return tell_on_standard_error(text);
+    if (!sglApp::app().has_display()) {
+        tell_on_standard_error(text);
+        // Nobody is there to agree to anything.
+        return style & wxYES_NO ? wxID_NO : wxID_OK;
+    }
     wxMessageDialog dialog(wxGetActiveWindow(), wxtStringConverter::to_wx(text),
                            wxtStringConverter::to_wx(sglApp::app().application_name_no_version()),
                            static_cast<long>(style));

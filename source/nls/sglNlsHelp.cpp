@@ -129,15 +129,19 @@ void sglNlsHelp::set_nls_language(utString const & language)
 
 void sglNlsHelp::set_wx_language()
 {
-    // A locale object of the toolkit takes one attempt only.
+    // A locale object of the toolkit takes one attempt only, and the old one has to be gone before the new
+    // one is made: each puts back what it found.
     auto const attempt = [this] {
+        m_locale.reset();
         m_locale.reset(new wxLocale);
         return init_wx_language(m_locale.get(), m_toolkit_language) != 0;
     };
     m_toolkit_language = m_used_language;
     // Without windows no text of the toolkit is ever shown, and asking it for a language takes longer than
     // the rest of a start: on a machine that lacks the locale it tries those of all countries.
-    if (sglApp::app().has_display() && !attempt() && !(strip_country(m_toolkit_language) && attempt())) {
+    if (!sglApp::app().has_display()) {
+        m_toolkit_language = "English";
+    } else if (!attempt() && !(strip_country(m_toolkit_language) && attempt())) {
         m_toolkit_language = "English";
         attempt();
     }

@@ -61,8 +61,7 @@ TEST(TextStream, BeginsATextOnALineOfItsOwnWhileAProgressRowStandsOpen)
     std::ostringstream text;
     sdbOstream stream(nullptr);
     stream.add_ostream(&text);
-    stream.print("Reading :");
-    stream.begin_row();
+    stream.print_row_label("Reading :");
     stream.print("a message\n");
     stream.print_dot();
     stream.print_percent(10);

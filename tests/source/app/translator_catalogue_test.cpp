@@ -1,6 +1,7 @@
 #include "kit/kitAppTest.h"
 
 #include "sdb/sdbFormatName.h"
+#include "sglResourceUtils.h"
 
 namespace {
 
@@ -94,6 +95,15 @@ TEST_F(Catalogue, ResourceFileThatIsNowhereGivesTheDefaultWhateverItsName)
     start();
     EXPECT_EQ(app().rsc_dir(apFileName(L"one.rsc")), utString(user_folder() + "/resources/default"));
     EXPECT_EQ(app().rsc_dir(apFileName(L"other.rsc")), utString(user_folder() + "/resources/default"));
+}
+
+TEST_F(Catalogue, ResourceFileThatWasMadeAsDefaultIsFoundAgain)
+{
+    start();
+    utString file = app().rsc_dir(apFileName(L"one.rsc"));
+    ASSERT_EQ(create_default_resources(file), 1);
+    EXPECT_EQ(app().rsc_dir(apFileName(L"one.rsc")), file);
+    EXPECT_EQ(file, utString(user_folder() + "/resources/Default"));
 }
 
 TEST_F(Catalogue, ResourceFileOfTheUserComesBeforeThatOfTheInstallation)

@@ -74,6 +74,13 @@ TEST_F(Messages, AreShownThroughTheDisplayerAndItsAnswerIsNoWithoutAUser)
               std::string::npos);
 }
 
+TEST_F(Messages, ThatAskAreAnsweredWithNoWhenNobodyIsThere)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(sglMessageBox("vmrgrlib", 1118, wxYES_NO, utString("part.igs")), wxID_NO);
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(ToolkitNumbers, AreThoseThatCallersRelyOn)
 {
     EXPECT_EQ(wxID_OK, 5100);
