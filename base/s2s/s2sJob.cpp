@@ -11,9 +11,11 @@ int s2s_run_job(s2sThreadComm & comm, s2sFileGuard const & files, std::function<
     }
     int result = 0;
     try {
+        result = work();
+        // Last, because a large folder takes a while and whoever watches should see a translation begun at
+        // once.
         for (auto const & folder : files.output_folders())
             s2s_remove_left_behind(folder);
-        result = work();
     } catch (...) {
         // What could be said has been said where it happened; a translation that is still open has failed.
         if (comm.current_translation_details().status() == s2sThreadNotEnded)

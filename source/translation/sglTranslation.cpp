@@ -136,6 +136,9 @@ int sglTranslation::start_translation()
     m_dialog->Lock();
     std::shared_ptr<apIThreadTask> task = std::make_shared<s2sTranslate>(m_wrapper.get(), m_info);
     m_thread = std::make_unique<apThread>(task, m_process_thread);
+    // Where the system has no thread to give the work is done here, and the first tick tells its outcome.
+    if (!m_thread->started())
+        task->run();
     return m_dialog->begin(this);
 }
 
