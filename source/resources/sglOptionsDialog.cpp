@@ -9,6 +9,7 @@
 
 #include <wx/dcclient.h>
 #include <wx/settings.h>
+#include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/treectrl.h>
 #include <wx/xrc/xmlres.h>
@@ -55,6 +56,9 @@ sglOptionsDialog::sglOptionsDialog(wxWindow * parent)
     m_tree = XRCCTRL(*this, "IDC_OPTIONS_TREE", wxTreeCtrl);
     m_coordinates = XRCCTRL(*this, "IDC_OPTIONS_COORDINATES", wxStaticText);
     sglTranslateWndText("vmrgrlib", this, 1);
+    // The buttons have the room that the texts of this language need.
+    if (auto * const sizer = GetSizer())
+        sizer->Fit(this);
 }
 
 void sglOptionsDialog::add_page(sglOptionsPage * page)
@@ -151,9 +155,12 @@ void sglOptionsDialog::OnSelchangedTree(wxTreeEvent &)
 
 void sglOptionsDialog::OnPaint(wxPaintEvent &)
 {
+    wxPaintDC dc(this);
+    // A panel that is on the screen before it is told to initialise has no items in its tree yet.
+    if (!m_initialised)
+        return;
     if (!m_initial_page_selected)
         select_initial_page();
-    wxPaintDC dc(this);
     wxRect const bar = caption_rectangle();
     draw_caption_bar(dc, bar);
     draw_caption_text(dc, bar);
@@ -176,6 +183,8 @@ void sglOptionsDialog::draw_caption_bar(wxDC & dc, wxRect const & bar) const
 
 void sglOptionsDialog::draw_caption_text(wxDC & dc, wxRect const & bar) const
 {
+    if (!m_caption_font.IsOk())
+        return;
     auto const * const page = active_page();
     wxString const text = page ? wxtStringConverter::to_wx(page->name()) : wxString();
     wxDCFontChanger const font(dc, m_caption_font);
