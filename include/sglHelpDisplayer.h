@@ -1,0 +1,28 @@
+#pragma once
+
+#include <wx/html/helpctrl.h>
+
+#include "ut/utString.h"
+
+class sglApp;
+
+/// Opens the program's help book, which is an archive of HTML pages in the directory of the help files, at
+/// its contents or at a topic. The help window lives as long as this. Graphical thread.
+class sglHelpDisplayer : public wxHtmlHelpController {
+public:
+    sglHelpDisplayer(sglApp const * app, wxWindow * parent); ///< the parent may be null
+
+    void set_help_file(utString const & name) { m_file = name; }
+
+    /// The user is told when the book is not there.
+    void show_help();
+    void show_help(utString const & topic); ///< a page below "substituted/" in the book
+
+protected:
+    int load_file(); ///< zero, with a message, when there is no book
+
+private:
+    utString m_file = "vmrdoc.htb";
+    utString m_loaded;
+    sglApp const * m_app;
+};
