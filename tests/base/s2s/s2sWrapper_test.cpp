@@ -69,7 +69,7 @@ TEST_F(Wrapper, TellsWhichLinesOfAnOptionsFileHaveNoEffect)
 {
     auto const options = folder / "options.rsc";
     write_text(options, "# options\nno option at all\n");
-    run_script("end completed 1 0");
+    run_script("chief x\nend completed 1 0");
     ASSERT_EQ(error_stream.messages().size(), 1u);
     EXPECT_EQ(error_stream.text(),
               "The options file " + options +
