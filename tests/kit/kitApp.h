@@ -32,6 +32,7 @@ public:
     using sglApp::product_info_org;
     using sglApp::set_product_info;
     using sglApp::translators_were_scanned;
+    using sglApp::use_display;
 
     bool run_on_init() { return sglApp::OnInit(); }
     bool OnInit() override { return true; }

@@ -1,0 +1,71 @@
+#include "windows/kit/kitModal.h"
+
+#include <gtest/gtest.h>
+#include <wx/filedlg.h>
+#include <wx/msgdlg.h>
+
+kitModal::kitModal()
+{
+    Register();
+}
+
+kitModal::~kitModal()
+{
+    Unregister();
+    EXPECT_TRUE(m_expected.empty()) << m_expected.size() << " expected boxes did not come";
+}
+
+void kitModal::expect(std::function<int(wxDialog *)> answer)
+{
+    m_expected.push_back(std::move(answer));
+}
+
+void kitModal::expect_message(int answer)
+{
+    expect([answer](wxDialog * dialog) {
+        EXPECT_TRUE(dynamic_cast<wxMessageDialog *>(dialog)) << "not a message box";
+        return answer;
+    });
+}
+
+void kitModal::expect_file(std::string const & path)
+{
+    expect([path](wxDialog * dialog) {
+        auto * const files = dynamic_cast<wxFileDialog *>(dialog);
+        if (!files) {
+            ADD_FAILURE() << "not a file dialog";
+            return static_cast<int>(wxID_CANCEL);
+        }
+        files->SetPath(wxString::FromUTF8(path));
+        return static_cast<int>(wxID_OK);
+    });
+}
+
+void kitModal::expect_file_cancelled()
+{
+    expect([](wxDialog * dialog) {
+        EXPECT_TRUE(dynamic_cast<wxFileDialog *>(dialog)) << "not a file dialog";
+        return static_cast<int>(wxID_CANCEL);
+    });
+}
+
+int kitModal::Enter(wxDialog * dialog)
+{
+    auto * const message = dynamic_cast<wxMessageDialog *>(dialog);
+    auto * const files = dynamic_cast<wxFileDialog *>(dialog);
+    if (!message && !files && m_expected.empty())
+        return wxID_NONE; // one of the program's own dialogs, which the test drives
+    if (message) {
+        m_said.push_back(message->GetMessage().utf8_string());
+        m_styles.push_back(message->GetMessageDialogStyle());
+    }
+    if (m_expected.empty()) {
+        ADD_FAILURE() << "an unexpected box: " << (message ? m_said.back() : "a file dialog");
+        return wxID_CANCEL;
+    }
+    if (!message && !files)
+        return wxID_NONE;
+    auto const answer = std::move(m_expected.front());
+    m_expected.pop_front();
+    return answer(dialog);
+}

@@ -1,0 +1,209 @@
+#include "windows/kit/kitWindowTest.h"
+
+#include "windows/kit/kitDisplay.h"
+
+#include <chrono>
+#include <glib.h>
+#include <wx/evtloop.h>
+#include <wx/init.h>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+void fail_on_assertion(wxString const & file, int line, wxString const & function, wxString const & condition,
+                       wxString const & message)
+{
+    ADD_FAILURE() << "assertion of the toolkit: " << condition.utf8_string() << " in "
+                  << function.utf8_string() << ", " << file.utf8_string() << ":" << line << ": "
+                  << message.utf8_string();
+}
+
+void fail_on_critical(char const * domain, GLogLevelFlags level, char const * message, void *)
+{
+    if (level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR))
+        ADD_FAILURE() << (domain ? domain : "") << ": " << message;
+}
+
+/// The application object of the process, started by the first test.
+class Started {
+public:
+    Started()
+    {
+        kit_have_display();
+        setenv("LC_ALL", "C.UTF-8", 1);
+        m_app = new kitApp(VMR_BUILD_TREE, m_folder / "user");
+        m_app->use_display(true);
+        m_app->SetExitOnFrameDelete(false);
+        wxApp::SetInstance(m_app);
+        wxSetAssertHandler(fail_on_assertion);
+        g_log_set_default_handler(fail_on_critical, nullptr);
+        if (!wxEntryStart(m_argument_count, m_arguments))
+            throw std::runtime_error("the toolkit does not start");
+        m_app->pre_splash_screen_init();
+        if (!m_app->run_on_init())
+            throw std::runtime_error("the application does not start on " VMR_BUILD_TREE);
+        m_app->initialise_services();
+        m_loop = std::make_unique<wxEventLoop>();
+        wxEventLoopBase::SetActive(m_loop.get());
+    }
+    ~Started()
+    {
+        wxEventLoopBase::SetActive(nullptr);
+        m_loop.reset();
+        wxEntryCleanup();
+    }
+
+    kitApp & app() { return *m_app; }
+    std::string user_folder() const { return m_folder / "user/Tester"; }
+    wxEventLoop & loop() { return *m_loop; }
+
+private:
+    kitTempFolder m_folder;
+    kitApp * m_app = nullptr; // the toolkit deletes it
+    std::unique_ptr<wxEventLoop> m_loop;
+    char m_name[5] = "test";
+    char * m_arguments[2] = {m_name, nullptr};
+    int m_argument_count = 1;
+};
+
+Started * started = nullptr;
+
+class EndApplication : public testing::Environment {
+public:
+    void TearDown() override
+    {
+        delete started;
+        started = nullptr;
+    }
+};
+auto * const end_application = testing::AddGlobalTestEnvironment(new EndApplication);
+
+void one_round(wxEventLoopBase & loop)
+{
+    wxTheApp->ProcessPendingEvents();
+    if (loop.Pending())
+        loop.Dispatch();
+    else if (!loop.ProcessIdle())
+        loop.DispatchTimeout(10);
+}
+
+} // namespace
+
+void kitWindowTest::SetUp()
+{
+    if (!started)
+        started = new Started;
+}
+
+void kitWindowTest::TearDown()
+{
+    std::vector<wxWindow *> const left(wxTopLevelWindows.begin(), wxTopLevelWindows.end());
+    for (wxWindow * const window : left)
+        if (!wxPendingDelete.Member(window))
+            window->Destroy();
+    settle();
+}
+
+kitApp & kitWindowTest::app()
+{
+    return started->app();
+}
+
+std::string kitWindowTest::user_folder()
+{
+    return started->user_folder();
+}
+
+void kitWindowTest::run_until(std::function<bool()> const & done, int seconds, char const * what)
+{
+    auto const deadline = Clock::now() + std::chrono::seconds(seconds);
+    auto * const loop = wxEventLoopBase::GetActive();
+    while (!done()) {
+        if (Clock::now() > deadline) {
+            ADD_FAILURE() << "waited for " << what << " for " << seconds << " seconds";
+            return;
+        }
+        one_round(*loop);
+    }
+}
+
+void kitWindowTest::settle()
+{
+    auto * const loop = wxEventLoopBase::GetActive();
+    for (int quiet = 0; quiet < 3;) {
+        wxTheApp->ProcessPendingEvents();
+        if (loop->Pending()) {
+            loop->Dispatch();
+            quiet = 0;
+        } else if (!loop->ProcessIdle()) {
+            loop->DispatchTimeout(5);
+            ++quiet;
+        }
+    }
+}
+
+wxFrame * kitWindowTest::show_frame(wxSize const & size)
+{
+    auto * const frame = new wxFrame(nullptr, wxID_ANY, "test", wxDefaultPosition, size);
+    frame->Show();
+    run_until([frame] { return frame->IsShownOnScreen(); }, 20, "the frame");
+    settle();
+    return frame;
+}
+
+int kitWindowTest::show_modal(wxDialog & dialog, std::function<void()> const & script, int seconds)
+{
+    wxTimer limit;
+    limit.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+        ADD_FAILURE() << "the dialog was still open after " << seconds << " seconds";
+        dialog.EndModal(wxID_ABORT);
+    });
+    limit.StartOnce(seconds * 1000);
+    dialog.CallAfter([&] {
+        run_until([&] { return dialog.IsShownOnScreen(); }, 20, "the dialog");
+        settle();
+        script();
+    });
+    return dialog.ShowModal();
+}
+
+void kitWindowTest::press(wxWindow & parent, char const * id)
+{
+    auto * const button = find<wxWindow>(parent, id);
+    if (!button)
+        return;
+    EXPECT_TRUE(button->IsEnabled()) << id << " cannot be pressed";
+    wxCommandEvent event(wxEVT_BUTTON, button->GetId());
+    event.SetEventObject(button);
+    button->ProcessWindowEvent(event);
+}
+
+void kitWindowTest::click(wxWindow & window)
+{
+    wxUIActionSimulator simulator;
+    wxSize const size = window.GetSize();
+    simulator.MouseMove(window.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+    settle();
+    simulator.MouseClick();
+    settle();
+}
+
+void kitWindowTest::type(char const * text)
+{
+    wxUIActionSimulator().Text(text);
+    settle();
+}
+
+void kitWindowTest::key(int code, int modifiers)
+{
+    wxUIActionSimulator().Char(code, modifiers);
+    settle();
+}
+
+void kitWindowTest::choose_menu(wxWindow & window, char const * id)
+{
+    wxCommandEvent event(wxEVT_MENU, XRCID(id));
+    event.SetEventObject(&window);
+    window.ProcessWindowEvent(event);
+}
