@@ -19,7 +19,7 @@ wxDEFINE_EVENT(EVT_TEXT_WAITING, wxThreadEvent);
 constexpr long slice_milliseconds = 15;
 
 /// How much text a slice appends at most: the toolkit's control needs time in proportion.
-constexpr std::size_t slice_characters = 200'000;
+constexpr std::size_t slice_characters = 50'000;
 
 /// The toolkit's control takes no text with lone surrogates in it, which is what bytes that are not UTF-8
 /// become on the way here.
