@@ -4,6 +4,7 @@
 #include "sglResourceString.h"
 #include "sglToolkitMessages.h"
 #include "sglWxNlsApplicationSettings.h"
+#include "sglXrcHandlers.h"
 
 #include "nls/nlsDomainManager.h"
 #include "sdb/sdbSchemaDir.h"
@@ -189,6 +190,8 @@ bool sglApp::load_xrc_files()
     sdb_fix_resource_path(shared_file);
 
     delete wxXmlResource::Set(new wxXmlResource(0, wxString()));
+    if (m_has_display)
+        sgl_add_xrc_handlers(*wxXmlResource::Get());
     return wxXmlResource::Get()->Load(wxtStringConverter::to_wx(shared_file)) &&
            wxXmlResource::Get()->Load(wxtStringConverter::to_wx(main_file));
 }

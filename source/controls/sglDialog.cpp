@@ -8,12 +8,10 @@
 #include <wx/toplevel.h>
 #include <wx/xrc/xmlres.h>
 
-wxBEGIN_EVENT_TABLE(sglDialog, wxDialog) wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglDialog, wxDialog)
+wxEND_EVENT_TABLE()
 
-    sglDialog::sglDialog(sglDialog const &)
-    : wxDialog()
-{
-}
+sglDialog::sglDialog(sglDialog const &) : wxDialog() {}
 
 sglDialog::sglDialog(utString const & template_name, wxWindow * parent)
 {

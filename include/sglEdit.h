@@ -1,0 +1,71 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <mutex>
+
+#include <wx/textctrl.h>
+
+#include "ut/utString.h"
+
+/// A wxCommandEvent whose string a worker thread has for a pane.
+wxDECLARE_EVENT(sglEVT_WORKER_TEXT, wxCommandEvent);
+
+/// The text pane of the progress and report dialogs. A worker thread feeds it by queueing sglEVT_WORKER_TEXT
+/// events; it may be locked against the mouse; and it may have a context menu from the XRC files.
+///
+/// Each event is processed by itself and in order, but the texts of many are appended together, and after a
+/// few milliseconds the user's own events take their turn, so that a flood of messages leaves the window
+/// alive. Graphical thread, apart from QueueEvent.
+class sglEdit : public wxTextCtrl {
+public:
+    sglEdit() = default;
+    sglEdit(wxWindow * parent, wxWindowID id, wxString const & value = wxString(),
+            wxPoint const & position = wxDefaultPosition, wxSize const & size = wxDefaultSize,
+            long style = 0);
+    ~sglEdit() override;
+
+    void editable(int editable) { m_editable = editable; } ///< 0, as at first: the mouse does nothing
+    void set_context_menu(utString const & menu_name) { m_context_menu = menu_name; }
+    utString get_all_text() const; ///< empty, and never invalid, for an empty pane
+
+    /// Appends all that was queued before the call.
+    void append_waiting_text();
+
+    /// True as soon as text has arrived, whichever way.
+    bool IsModified() const override { return m_text_arrived || wxTextCtrl::IsModified(); }
+    void DiscardEdits() override;
+
+    /// A pane of several lines has no limit on this platform, and asking for one changes nothing.
+    void SetMaxLength(unsigned long length) override;
+
+    void QueueEvent(wxEvent * event) override; ///< any thread; takes the event over
+
+    void OnInternalIdle() override;
+
+protected:
+    void OnLButtonDown(wxMouseEvent & event);
+    void OnLButtonDblClk(wxMouseEvent & event);
+    void OnRButtonDown(wxMouseEvent & event);
+    void OnWorkerThreadText(wxCommandEvent & event);
+
+private:
+    void OnTextWaiting(wxThreadEvent & event);
+    std::unique_ptr<wxEvent> next_waiting();
+    void gather_waiting(bool all);
+    void append(wxString const & text);
+
+    int m_editable = 0;
+    utString m_context_menu = utString::make_invalid();
+
+    std::mutex m_waiting_lock;
+    std::deque<std::unique_ptr<wxEvent>> m_waiting; // under the lock
+    bool m_pick_up_is_due = false;                  // under the lock: an event or idle time will take them
+    bool m_more_at_idle = false;
+    int m_gathering = 0;
+    wxString m_gathered;
+    bool m_text_arrived = false;
+
+    wxDECLARE_DYNAMIC_CLASS(sglEdit);
+    wxDECLARE_EVENT_TABLE();
+};
