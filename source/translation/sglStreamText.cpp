@@ -1,4 +1,4 @@
-#include "sglBatchSections.h"
+#include "sglStreamText.h"
 
 #include "s2s/s2sBatchMarker.h"
 
@@ -24,6 +24,17 @@ utString sgl_cut_batch_section(utString & text)
     text.remove(0, end);
     section.remove_leading_chars("\n");
     return section;
+}
+
+utString sgl_record_text(utString const & text)
+{
+    std::string result;
+    for (char const character : text.view()) {
+        if (character == '\n' && (result.empty() || result.back() != '\r'))
+            result += '\r';
+        result += character;
+    }
+    return result;
 }
 
 sdbProgressFinish sgl_finish_of(s2sThreadStatus status)
