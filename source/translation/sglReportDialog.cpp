@@ -15,6 +15,7 @@
 #include <sstream>
 #include <wx/filedlg.h>
 #include <wx/treectrl.h>
+#include <wx/wupdlock.h>
 #include <wx/xrc/xmlres.h>
 
 namespace {
@@ -94,8 +95,12 @@ void sglReportDialog::OnSelchangeTree(wxTreeEvent &)
     auto const * const record = get_selected_data();
     if (!record)
         return;
-    m_report->Clear();
-    sglTDEditDisplayer(record, m_info, m_report).display();
+    {
+        // A report may have a hundred thousand lines, each of which the control would show by itself.
+        wxWindowUpdateLocker const silence(m_report);
+        m_report->Clear();
+        sglTDEditDisplayer(record, m_info, m_report).display();
+    }
     m_report->SetSelection(0, 0);
     m_report->ShowPosition(0);
 }

@@ -2,6 +2,8 @@
 
 #include "s2s/s2sBatchMarker.h"
 
+#include <algorithm>
+
 namespace {
 
 void drop_through(utString & text, utString const & marker)
@@ -28,11 +30,17 @@ utString sgl_cut_batch_section(utString & text)
 
 utString sgl_record_text(utString const & text)
 {
+    std::string_view rest = text.view();
     std::string result;
-    for (char const character : text.view()) {
-        if (character == '\n' && (result.empty() || result.back() != '\r'))
-            result += '\r';
-        result += character;
+    result.reserve(rest.size() + static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')));
+    while (!rest.empty()) {
+        auto const end = std::min(rest.find('\n'), rest.size());
+        result += rest.substr(0, end);
+        rest.remove_prefix(end);
+        if (rest.empty())
+            break;
+        result += result.ends_with('\r') ? "\n" : "\r\n";
+        rest.remove_prefix(1);
     }
     return result;
 }

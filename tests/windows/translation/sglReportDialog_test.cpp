@@ -10,6 +10,7 @@
 #include <sstream>
 #include <wx/clipbrd.h>
 #include <wx/menu.h>
+#include <wx/stopwatch.h>
 #include <wx/treectrl.h>
 
 namespace {
@@ -282,6 +283,27 @@ TEST_F(ReportDialog, SelectsAndCopiesTheTextOfItsPane)
         pane.SetSelection(0, 5);
         command(dialog, "ID_REPORT_COPY_TEXT");
         EXPECT_EQ(clipboard_text(), report(0).substr(0, 5));
+        press(dialog, "IDC_REPORT_OK");
+    });
+}
+
+TEST_F(ReportDialog, ShowsAndSavesAReportOfAHundredThousandLines)
+{
+    std::string messages;
+    for (int i = 0; i < 100'000; ++i)
+        messages += "message " + std::to_string(i) + " of the translator\r\n";
+    kitRecord record;
+    record.input("a.step", "STEP").output("a.igs", "IGES").ended(sdbProgressCompleted, messages);
+    app().register_translation(utPtrClaim, new sdbTranslationData(record.data));
+    OpenReportDialog dialog(show_frame());
+    show_modal(dialog, [&] {
+        auto & tree = *find<wxTreeCtrl>(dialog, "IDC_REPORT_TREE");
+        wxStopWatch watch;
+        tree.SelectItem(item(tree, count() - 1));
+        RecordProperty("show_in_milliseconds", static_cast<int>(watch.Time()));
+        watch.Start();
+        EXPECT_EQ(pane_text(dialog), with_line_ends(report(count() - 1)));
+        RecordProperty("report_in_milliseconds", static_cast<int>(watch.Time()));
         press(dialog, "IDC_REPORT_OK");
     });
 }
