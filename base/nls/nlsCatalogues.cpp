@@ -1,66 +1,55 @@
 #include "nls/nlsCatalogues.h"
 
-#include <exception>
-#include <fstream>
-#include <iterator>
-#include <locale>
+#include "wxt/wxtMessageCatalogue.h"
+
 #include <mutex>
 
-#include <boost/locale/gnu_gettext.hpp>
-#include <boost/locale/message.hpp>
-
-namespace catalogues = boost::locale::gnu_gettext;
-using Messages = boost::locale::message_format<char>;
-
-namespace {
-
-std::vector<char> file_contents(std::string const & name)
-{
-    std::ifstream file(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-} // namespace
-
+/// The files of one domain, the more particular ones first, and what has been found in them.
 class nlsCatalogues::Catalogue {
 public:
     Catalogue(std::vector<std::string> const & folders, nlsLanguage const & language,
               std::string const & domain)
     {
-        catalogues::messages_info info;
-        info.language = language.code().str();
-        info.country = language.country().str();
-        info.encoding = "UTF-8";
-        info.paths = folders;
-        info.domains.emplace_back(domain);
-        info.callback = [](std::string const & name, std::string const &) { return file_contents(name); };
-        try {
-            auto * const messages = catalogues::create_messages_facet<char>(info);
-            m_owner = std::locale(std::locale::classic(), messages);
-            m_messages = messages;
-            m_domain = messages->domain(domain);
-        } catch (std::exception const &) {
-            m_messages = nullptr; // not a catalogue; its texts stay English
-        }
+        std::string const general = language.code().str();
+        if (!language.country().empty())
+            open(folders, general + '_' + language.country().str(), domain);
+        open(folders, general, domain);
     }
 
-    std::string_view find(std::string const & context, std::string const & text) const
+    std::string_view find(std::string_view context, std::string_view text)
     {
-        if (!m_messages)
+        if (m_files.empty())
             return {};
-        try {
-            char const * const found =
-                m_messages->get(m_domain, context.empty() ? nullptr : context.c_str(), text.c_str());
-            return found ? found : std::string_view();
-        } catch (std::exception const &) {
-            return {}; // its tables point outside the file
+        std::string key(context);
+        (key += '\0') += text;
+        {
+            std::shared_lock const lock(m_mutex);
+            if (auto const known = m_found.find(key); known != m_found.end())
+                return known->second;
         }
+        for (auto const & file : m_files)
+            if (auto found = file->find(context, text)) {
+                std::unique_lock const lock(m_mutex);
+                return m_found.try_emplace(std::move(key), std::move(*found)).first->second;
+            }
+        return {};
     }
 
 private:
-    std::locale m_owner;
-    Messages const * m_messages = nullptr;
-    int m_domain = 0;
+    void open(std::vector<std::string> const & folders, std::string const & language,
+              std::string const & domain)
+    {
+        for (auto const & folder : folders)
+            if (auto file =
+                    wxtMessageCatalogue::open(folder + '/' + language + "/LC_MESSAGES/" + domain + ".mo")) {
+                m_files.push_back(std::move(file));
+                return;
+            }
+    }
+
+    std::vector<std::unique_ptr<wxtMessageCatalogue>> m_files;
+    std::shared_mutex m_mutex;
+    std::map<std::string, std::string, std::less<>> m_found;
 };
 
 nlsCatalogues::nlsCatalogues(std::vector<std::string> folders, nlsLanguage language)
@@ -70,7 +59,7 @@ nlsCatalogues::nlsCatalogues(std::vector<std::string> folders, nlsLanguage langu
 
 nlsCatalogues::~nlsCatalogues() = default;
 
-nlsCatalogues::Catalogue const & nlsCatalogues::catalogue(std::string_view domain)
+nlsCatalogues::Catalogue & nlsCatalogues::catalogue(std::string_view domain)
 {
     {
         std::shared_lock const lock(m_mutex);
@@ -87,5 +76,5 @@ nlsCatalogues::Catalogue const & nlsCatalogues::catalogue(std::string_view domai
 
 std::string_view nlsCatalogues::find(std::string_view domain, std::string_view context, std::string_view text)
 {
-    return catalogue(domain).find(std::string(context), std::string(text));
+    return catalogue(domain).find(context, text);
 }

@@ -21,7 +21,7 @@ public:
 
 private:
     class Catalogue;
-    Catalogue const & catalogue(std::string_view domain);
+    Catalogue & catalogue(std::string_view domain);
 
     std::vector<std::string> m_folders;
     nlsLanguage m_language;

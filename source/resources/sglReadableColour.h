@@ -1,0 +1,11 @@
+#pragma once
+
+#include <wx/colour.h>
+
+/// How far two colours are apart in brightness, from 1 to 21: the contrast ratio of the Web Content
+/// Accessibility Guidelines 2.1.
+double sgl_contrast(wxColour const & a, wxColour const & b);
+
+/// The colour for text on `background`: `wanted` where that can be read, and otherwise the system's colour of
+/// plain text, or black or white. There are themes whose colours of captions do not go together.
+wxColour sgl_readable_colour(wxColour const & background, wxColour const & wanted);
