@@ -1,8 +1,8 @@
 #include "sglBatchProgressDialog.h"
 
 #include "sglApp.h"
-#include "sglBatchSections.h"
 #include "sglResourceString.h"
+#include "sglStreamText.h"
 #include "sglTranslation.h"
 
 #include "wxt/wxtStringConverter.h"
@@ -86,8 +86,8 @@ void sglBatchProgressDialog::finish_translation_data(sdbProgressFinish)
         auto const status = sgl_finish_of(channel()->translation_details(i).status());
         bool const cancelled = status == sdbProgressCancelled;
         data.set_translation_status(status);
-        data.set_output_messages(cancelled ? utString() : sgl_cut_batch_section(output));
-        data.set_error_messages(cancelled ? utString() : sgl_cut_batch_section(errors));
+        data.set_output_messages(cancelled ? utString() : sgl_record_text(sgl_cut_batch_section(output)));
+        data.set_error_messages(cancelled ? utString() : sgl_record_text(sgl_cut_batch_section(errors)));
     }
     register_record();
 }

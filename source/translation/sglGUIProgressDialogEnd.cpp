@@ -7,6 +7,7 @@
 #include "sglLogFile.h"
 #include "sglMessageBox.h"
 #include "sglResourceString.h"
+#include "sglStreamText.h"
 #include "sglTDOstreamDisplayer.h"
 #include "sglTranslation.h"
 
@@ -45,9 +46,9 @@ wxBEGIN_EVENT_TABLE(sglGUIProgressDialog, sglProgressDialogBase)
     EVT_MENU(XRCID("IDM_SAVE_DETAILS"), sglGUIProgressDialog::OnSaveDetails)
     EVT_CLOSE(sglGUIProgressDialog::OnClose)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    sdbTranslationData & sglGUIProgressDialog::start_record(sdbTranslationType type)
+sdbTranslationData & sglGUIProgressDialog::start_record(sdbTranslationType type)
 {
     m_unregistered = std::make_unique<sdbTranslationData>();
     m_record = m_unregistered.get();
@@ -73,8 +74,8 @@ void sglGUIProgressDialog::finish_translation_data(sdbProgressFinish status)
 {
     bool const cancelled = status == sdbProgressCancelled;
     m_record->set_translation_status(status);
-    m_record->set_output_messages(cancelled ? utString() : output_text());
-    m_record->set_error_messages(cancelled ? utString() : error_text());
+    m_record->set_output_messages(cancelled ? utString() : sgl_record_text(output_text()));
+    m_record->set_error_messages(cancelled ? utString() : sgl_record_text(error_text()));
     register_record();
 }
 

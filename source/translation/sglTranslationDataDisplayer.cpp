@@ -37,18 +37,17 @@ unsigned int status_text(sdbProgressFinish status)
     }
 }
 
-/// Takes the text up to the next `separator` out of `text`. Zero when nothing was left to take.
-int extract_piece(utString & text, utString const & separator, utString & piece)
+/// The next piece of `text` at or behind `from`, which moves behind it. Zero when nothing was left to take.
+int next_piece(utString const & text, utString const & separator, int & from, utString & piece)
 {
-    int begin = 0;
-    while (text.locate_substring(separator, begin) == begin)
-        begin += separator.length();
-    if (begin >= text.length())
+    while (text.locate_substring(separator, from) == from)
+        from += separator.length();
+    if (from >= text.length())
         return 0;
-    int const found = text.locate_substring(separator, begin);
+    int const found = text.locate_substring(separator, from);
     int const end = found < 0 ? text.length() : found;
-    piece = text.substring(begin, end - begin);
-    text.remove(0, end);
+    piece = text.substring(from, end - from);
+    from = end;
     return 1;
 }
 
@@ -146,9 +145,9 @@ void sglTranslationDataDisplayer::display_messages(utString const & messages, un
     if (messages.empty())
         return;
     increment_depth(sglResourceString(domain, header_id));
-    utString rest = messages;
+    int from = 0;
     utString piece;
-    while (extract_piece(rest, separator, piece))
+    while (next_piece(messages, separator, from, piece))
         display_text(piece);
     decrement_depth();
 }

@@ -30,7 +30,8 @@ protected:
 TEST_F(File, GivesTheElementsOfItsPath)
 {
     auto const part = factory.make_file("/models/parts/bracket.v2.stp");
-    EXPECT_EQ(part.path_element(1), utString("/models/parts"));
+    EXPECT_EQ(part.path_element(1), utString("/models/parts/"));
+    EXPECT_EQ(factory.make_file("/bracket.stp").path_element(1), utString("/"));
     EXPECT_EQ(part.path_element(2), utString("bracket.v2"));
     EXPECT_EQ(part.path_element(3), utString("stp"));
     EXPECT_TRUE(part.path_element(0).empty());

@@ -130,11 +130,11 @@ TEST_F(BatchProgressDialog, CutsTheStreamsApart)
     EXPECT_THAT(said, HasSubstr("Some non-fatal problems were detected"));
     EXPECT_EQ(page, 1);
     auto const & record = last_record();
-    EXPECT_EQ(record.output_messages(0), utString("entry 0 is done\n"));
-    EXPECT_EQ(record.output_messages(1), utString("entry 1 is done\n"));
-    EXPECT_EQ(record.output_messages(2), utString("entry 2 is done\n"));
+    EXPECT_EQ(record.output_messages(0), utString("entry 0 is done\r\n"));
+    EXPECT_EQ(record.output_messages(1), utString("entry 1 is done\r\n"));
+    EXPECT_EQ(record.output_messages(2), utString("entry 2 is done\r\n"));
     EXPECT_EQ(record.error_messages(0), utString(""));
-    EXPECT_EQ(record.error_messages(1), utString("but not well\n"));
+    EXPECT_EQ(record.error_messages(1), utString("but not well\r\n"));
     EXPECT_EQ(record.error_messages(2), utString(""));
 }
 

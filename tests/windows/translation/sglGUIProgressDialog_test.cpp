@@ -1,11 +1,14 @@
 #include "windows/translation/kitProgress.h"
 
+#include "sglMenu.h"
 #include "sglNlsHelp.h"
 
 #include <gmock/gmock.h>
 #include <wx/gauge.h>
+#include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/statline.h>
+#include <wx/stopwatch.h>
 
 namespace {
 
@@ -51,7 +54,7 @@ TEST_F(ProgressDialog, TellsOfACleanEndAndWaitsForOk)
     EXPECT_TRUE(boxes.styles()[0] & wxICON_INFORMATION);
     EXPECT_EQ(dialog.GetReturnCode(), static_cast<int>(wxID_OK));
     EXPECT_EQ(last_record().status(0), sdbProgressCompleted);
-    EXPECT_EQ(last_record().output_messages(0), utString("all is well\n"));
+    EXPECT_EQ(last_record().output_messages(0), utString("all is well\r\n"));
     EXPECT_EQ(last_record().error_messages(0), utString(""));
     EXPECT_EQ(getNlsHelp()->translating(), 0);
 }
@@ -116,7 +119,7 @@ TEST_F(ProgressDialog, WarnsWhenTextHasArrivedOnTheErrorPane)
     run_to_end(request, dialog,
                [&] { EXPECT_EQ(find<wxNotebook>(dialog, "IDC_PROGRESS_TAB")->GetSelection(), 1); });
     EXPECT_THAT(boxes.said(), ElementsAre(HasSubstr("has detected some non-fatal problems")));
-    EXPECT_EQ(last_record().error_messages(0), utString("a face was mended\n"));
+    EXPECT_EQ(last_record().error_messages(0), utString("a face was mended\r\n"));
 }
 
 TEST_F(ProgressDialog, TellsOfEntitiesThatFailed)
@@ -161,7 +164,7 @@ TEST_F(ProgressDialog, ShowsTheMessageOfAFailureAndOpensTheDetailsOnTheErrors)
     EXPECT_TRUE(boxes.styles()[0] & wxICON_HAND);
     EXPECT_EQ(dialog.GetReturnCode(), 9);
     EXPECT_EQ(last_record().status(0), sdbProgressFailed);
-    EXPECT_EQ(last_record().error_messages(0), utString("line 3 makes no sense\n"));
+    EXPECT_EQ(last_record().error_messages(0), utString("line 3 makes no sense\r\n"));
 }
 
 TEST_F(ProgressDialog, ClosesByItselfAfterACancelAndKeepsNoText)
@@ -349,4 +352,44 @@ TEST_F(ProgressDialog, ShowsTheParentAgainWhenTheTranslationHasEnded)
     frame()->Hide();
     run(request, dialog);
     EXPECT_TRUE(frame()->IsShown());
+}
+
+TEST_F(ProgressDialog, HasTheMenuOfItsPanesInTheResources)
+{
+    std::unique_ptr<wxMenu> const menu(sglMenu("vmrgrlib").create_menu("MB_PROGRESS_POPUP"));
+    ASSERT_TRUE(menu);
+    for (auto const * id : {"IDM_EDIT_COPY", "ID_EDIT_SELECT_ALL", "IDM_SAVE_DETAILS"})
+        EXPECT_TRUE(menu->FindItem(XRCID(id))) << id;
+}
+
+TEST_F(ProgressDialog, StaysAliveWhileAHundredThousandMessagesArrive)
+{
+    constexpr int messages = 100'000;
+    kitRequest request;
+    fill(request);
+    kitDialog dialog(info(), frame(), nullptr);
+    request.at_work = [&](s2sThreadComm &, int) {
+        std::unique_ptr<vmrnlsDisplayer> const stream(dialog.output_display());
+        for (int i = 0; i < messages; ++i)
+            stream->display(("message " + std::to_string(i) + " of the translator\n").c_str());
+    };
+    wxTimer ticks;
+    wxStopWatch since_tick;
+    long longest = 0;
+    ticks.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+        longest = std::max(longest, since_tick.Time());
+        since_tick.Start();
+    });
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    since_tick.Start();
+    ticks.Start(10);
+    run_to_end(request, dialog);
+    longest = std::max(longest, since_tick.Time());
+    RecordProperty("longest_wait_in_milliseconds", static_cast<int>(longest));
+    EXPECT_LT(longest, 2000)
+        << "a user waits at most a fifth of a second on a machine with nothing else to do";
+    auto const text = last_record().output_messages(0).str();
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), messages);
+    EXPECT_TRUE(text.ends_with("message 99999 of the translator\r\n"));
 }

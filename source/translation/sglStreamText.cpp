@@ -1,6 +1,8 @@
-#include "sglBatchSections.h"
+#include "sglStreamText.h"
 
 #include "s2s/s2sBatchMarker.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -24,6 +26,23 @@ utString sgl_cut_batch_section(utString & text)
     text.remove(0, end);
     section.remove_leading_chars("\n");
     return section;
+}
+
+utString sgl_record_text(utString const & text)
+{
+    std::string_view rest = text.view();
+    std::string result;
+    result.reserve(rest.size() + static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')));
+    while (!rest.empty()) {
+        auto const end = std::min(rest.find('\n'), rest.size());
+        result += rest.substr(0, end);
+        rest.remove_prefix(end);
+        if (rest.empty())
+            break;
+        result += result.ends_with('\r') ? "\n" : "\r\n";
+        rest.remove_prefix(1);
+    }
+    return result;
 }
 
 sdbProgressFinish sgl_finish_of(s2sThreadStatus status)

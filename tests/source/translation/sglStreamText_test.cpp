@@ -1,4 +1,4 @@
-#include "translation/sglBatchSections.h"
+#include "translation/sglStreamText.h"
 
 #include "s2s/s2sBatchMarker.h"
 
@@ -36,6 +36,13 @@ TEST(BatchSections, MayBeEmpty)
     utString text = section("first", "") + section("second", "");
     EXPECT_EQ(sgl_cut_batch_section(text), utString(""));
     EXPECT_EQ(sgl_cut_batch_section(text), utString(""));
+}
+
+TEST(RecordText, HasLineEndsThatReportsTakeApart)
+{
+    EXPECT_EQ(sgl_record_text("one\ntwo\r\n\nthree"), utString("one\r\ntwo\r\n\r\nthree"));
+    EXPECT_EQ(sgl_record_text("\n"), utString("\r\n"));
+    EXPECT_EQ(sgl_record_text(""), utString(""));
 }
 
 TEST(BatchEntries, EndAsTheirStatusSays)
