@@ -107,6 +107,10 @@ void sglApp::set_product_info()
     m_info = std::make_unique<vmrabsAppInfo>(program, operating_system, user, "Organisation Unknown", "");
     find_string_encodings();
     initialise_directory_mapper();
+    utString const resource_files =
+        m_directories.search_path(sdbHRKDirectory::resources).ut_path_string(m_ut_encoding.get());
+    m_info->set_schema_path("resources", resource_files);
+    m_info->set_schema_path("export_options", resource_files);
 
     utString const key = m_version + m_build_number;
     m_product_file = m_directories.schema_dir(sdbHRKDirectory::product).find_file("product");

@@ -2,6 +2,7 @@
 
 #include "sglMenu.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/menu.h>
@@ -20,20 +21,6 @@ constexpr long slice_milliseconds = 15;
 
 /// How much text a slice appends at most: the toolkit's control needs time in proportion.
 constexpr std::size_t slice_characters = 50'000;
-
-/// The toolkit's control takes no text with lone surrogates in it, which is what bytes that are not UTF-8
-/// become on the way here.
-wxString without_surrogates(wxString const & text)
-{
-    std::wstring shown = text.ToStdWstring();
-    bool changed = false;
-    for (wchar_t & character : shown)
-        if (character >= 0xD800 && character <= 0xDFFF) {
-            character = 0xFFFD;
-            changed = true;
-        }
-    return changed ? wxString(shown) : text;
-}
 
 } // namespace
 
@@ -177,5 +164,5 @@ void sglEdit::append(wxString const & text)
     if (text.empty())
         return;
     m_text_arrived = true;
-    AppendText(without_surrogates(text));
+    AppendText(sgl_shown_text(text));
 }
