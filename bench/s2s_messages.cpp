@@ -42,7 +42,7 @@ public:
     {
         info.set_info(s2sHOSTPROGRAM, FAKE_HOST);
         vmrTableInstance options;
-        options.initialise(folder / "none.rsc");
+        options.initialise(folder.write("none.rsc", ""));
         options.add_resource("script", script);
         s2sTranslatorElementscoPageArr inputs;
         inputs.append({folder.write("in.cad", "input"), &options, "m.so", 0, "A"});

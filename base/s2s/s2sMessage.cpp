@@ -168,6 +168,11 @@ s2sMessage engine_failed(std::string const & reason)
     return message("engine::The translation was stopped by an error of the program (%s).\n", reason);
 }
 
+s2sMessage option_ignored(std::string const & problem)
+{
+    return message("engine::The options file %s. The default value of the option is used.\n", problem);
+}
+
 s2sMessage batch_header(path const & input, path const & output)
 {
     return message("engine::Translating %s to %s", input.native(), output.native());

@@ -45,6 +45,7 @@ s2sMessage host_not_started(std::filesystem::path const & program, std::string c
 s2sMessage host_died(std::string const & how, bool writing, std::filesystem::path const & file);
 s2sMessage host_not_understood(std::string const & line);
 s2sMessage engine_failed(std::string const & reason);
+s2sMessage option_ignored(std::string const & problem);
 s2sMessage batch_header(std::filesystem::path const & input, std::filesystem::path const & output);
 
 } // namespace s2sMessages

@@ -11,6 +11,7 @@
 #include "s2s/s2sThreadComm.h"
 #include "s2s/s2sTranslatorLoader.h"
 #include "s2s/s2sVmr2vmr.h"
+#include "vmr/vmrTableInstance.h"
 
 namespace fs = std::filesystem;
 
@@ -59,7 +60,20 @@ s2sHostEnd s2sTranslationRun::attempt()
         return {s2sThreadReadError};
     if (!output_may_be_written(place))
         return {s2sThreadWriteError};
+    tell_ignored_options();
     return translate(output, place);
+}
+
+void s2sTranslationRun::tell_ignored_options() const
+{
+    auto const tell = [this](s2sTranslatorElements const & side) {
+        if (side.table())
+            for (auto const & problem : side.table()->problems())
+                m_parts.say_error(s2sMessages::option_ignored(problem));
+    };
+    for (auto const & input : m_elements.input_elements())
+        tell(input);
+    tell(m_elements.output_elements());
 }
 
 s2sHostEnd s2sTranslationRun::translate(fs::path const & output, fs::path const & place)

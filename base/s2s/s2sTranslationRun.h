@@ -19,6 +19,7 @@ public:
 
 private:
     s2sHostEnd attempt();
+    void tell_ignored_options() const;
     s2sHostEnd translate(std::filesystem::path const & output, std::filesystem::path const & place);
     bool inputs_stand_ready();
     bool output_may_be_written(std::filesystem::path const & place) const;

@@ -27,6 +27,8 @@ utString sdbFile::path_element(int element) const
     apSplitPath::split_path(utString(m_path.utf8()), directory, name, extension);
     switch (element) {
     case sdbPathDirectory:
+        if (!directory.empty() && directory[directory.length() - 1] != apPathSeparator)
+            directory += utString(std::string(1, apPathSeparator));
         return directory;
     case sdbPathName:
         return name;

@@ -8,7 +8,7 @@
 
 /// The parts of a path that sdbFile::path_element gives.
 enum sdbPathElement {
-    sdbPathDirectory = 1, ///< without a separator at its end, but for the root
+    sdbPathDirectory = 1, ///< with the separator at its end, so that a name can follow
     sdbPathName = 2,      ///< of the file, without extension
     sdbPathExtension = 3  ///< without its dot
 };

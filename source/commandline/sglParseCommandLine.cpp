@@ -24,6 +24,12 @@ bool begins_with(utString const & word, std::string_view start)
     return word.view().starts_with(start);
 }
 
+/// Also no, when a user without rights on the installation asks for it.
+bool make_default_resources(utString & file)
+{
+    return create_default_resources(file) && sdu_check_file_exists(file) == sduFileExists;
+}
+
 } // namespace
 
 sglParseCommandLine::sglParseCommandLine(vmrabsAppInfo const & info, char const * command_line)
@@ -219,7 +225,7 @@ int sglParseCommandLine::find_input_resource(utString & next, sdbTranslatorInfo 
     }
     say("cl::The resource file %s does not exist\n", name);
     utString made = default_resource_file(translator);
-    if (create_default_resources(made))
+    if (make_default_resources(made))
         m_input_resource_file = made;
     return 1;
 }
@@ -322,7 +328,7 @@ int sglParseCommandLine::find_output_resource(utString const & file, sdbTranslat
     }
     say("cl::The resource file %s does not exist\n", name);
     utString made = default_resource_file(translator);
-    if (!create_default_resources(made)) {
+    if (!make_default_resources(made)) {
         say("cl::No output to file %s\n\n", file);
         return 0;
     }

@@ -37,10 +37,11 @@ int is_viewer(sdbTranslatorDlls const & catalogue, utString const & format)
 
 } // namespace
 
-wxBEGIN_EVENT_TABLE(sglTranslation, wxEvtHandler) EVT_TIMER(wxID_ANY, sglTranslation::OnTimer)
-    wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglTranslation, wxEvtHandler)
+    EVT_TIMER(wxID_ANY, sglTranslation::OnTimer)
+wxEND_EVENT_TABLE()
 
-        sglTranslation::sglTranslation()
+sglTranslation::sglTranslation()
     : m_timer(this, wxID_ANY), m_app(sglApp::app()), m_info(m_app.application_information()),
       m_input_catalogue(m_app.input_dlls()), m_output_catalogue(m_app.output_dlls()), m_nls(getNlsHelp()),
       m_writing_label(m_nls->gsprintf("vmrgrlib", "Writing :")),

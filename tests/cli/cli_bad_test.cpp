@@ -31,6 +31,7 @@ cliCase const cases[] = {
     {"NoOutputFolder", {"part.step", "-t", "IGES", "-o", "out/none/a.igs"}, 0, {"Fatal error writing to output file", "out/none"}, {}},
     {"OutputIsTheInput", {"part.step", "-t", "STEP", "-o", "part.step"}, 0, {"is also an input file"}, {}},
     {"OutputIsTheInputByAnotherPath", {"part.step", "-t", "STEP", "-o", "out/../part.step"}, 0, {"is also an input file"}, {}},
+    {"DamagedOptionsFile", {"part.step", "-t", "IGES", "-o", "out/a.igs", "damaged.rsc"}, 0, {"The options file damaged.rsc, line 1", "banana", "line 2"}, {"a.igs"}},
     {"FolderAsInput", {"out", "-t", "STEP", "-o", "a.step"}, 2, {"The input file out does not exist"}, {}},
 };
 // clang-format on
@@ -50,6 +51,7 @@ TEST_P(BadCommandLine, GetsAClearAnswerAndLosesNothing)
     folder.write("truncated.step", step.substr(0, step.size() * 2 / 3));
     folder.write("random.step", step.substr(0, data + 5) + noise);
     folder.write("nogeometry.step", step.substr(0, data + 5) + "\nENDSEC;\nEND-ISO-10303-21;\n");
+    folder.write("damaged.rsc", "igesWriteSolids = banana\nno option at all\n");
     folder.write("unknown.xyz", "what is this?");
     folder.write("random.stl", "solid" + noise);
     folder.write("random.brep", "DBRep_DrawableShape\n\nCASCADE Topology V1, (c) Matra-Datavision\n" + noise);

@@ -41,6 +41,28 @@ public:
         return file.string();
     }
 
+    std::string read(std::string const & name) const
+    {
+        std::ifstream stream(m_path / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    /// Whether there is anything of that name, also a link that leads nowhere.
+    bool exists(std::string const & name) const
+    {
+        return std::filesystem::symlink_status(m_path / name).type() != std::filesystem::file_type::not_found;
+    }
+    /// How many files and folders lie in it.
+    int count() const
+    {
+        return static_cast<int>(std::distance(std::filesystem::directory_iterator(m_path), {}));
+    }
+    /// The rights of a file, 0 when there is none.
+    unsigned mode(std::string const & name) const
+    {
+        auto const status = std::filesystem::status(m_path / name);
+        return std::filesystem::exists(status) ? static_cast<unsigned>(status.permissions()) & 07777U : 0U;
+    }
+
 private:
     std::filesystem::path m_path;
 };

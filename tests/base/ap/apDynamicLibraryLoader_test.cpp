@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "TempDirectory.h"
 #include "ap/apPosixOperations.h"
+#include "kit/kitTempFolder.h"
 
 class DynamicLibraryLoader : public testing::Test {
 protected:
@@ -39,7 +39,7 @@ TEST_F(DynamicLibraryLoader, GivesAnObjectForAFileThatIsMissing)
 
 TEST_F(DynamicLibraryLoader, GivesAnObjectForAFileThatIsNoModule)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     auto const library = m_loader.load_ut(utString(temp.write("module.so", "text")));
     ASSERT_NE(library, nullptr);
     EXPECT_FALSE(library->loaded_successfully());

@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
 #include "ap/apPosixOperations.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 class FileChanges : public testing::Test {
 protected:
-    apPathName path(std::string const & name) const { return apPathName::from_utf8(m_temp.path(name)); }
+    apPathName path(std::string const & name) const { return apPathName::from_utf8(m_temp / name); }
 
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
     apPosixFileOperations m_files;
 };
 
@@ -32,13 +32,13 @@ TEST_F(FileChanges, KeepThePermissionsOfTheFileThatIsReplaced)
 
 TEST_F(FileChanges, ReplaceWhatALinkPointsTo)
 {
-    std::filesystem::create_directory(m_temp.path("below"));
+    std::filesystem::create_directory(m_temp / "below");
     m_temp.write("below/real", "one");
-    std::filesystem::create_symlink("below/real", m_temp.path("link"));
+    std::filesystem::create_symlink("below/real", m_temp / "link");
     EXPECT_TRUE(m_files.replace_file(path("link"), "two"));
-    EXPECT_TRUE(std::filesystem::is_symlink(m_temp.path("link")));
+    EXPECT_TRUE(std::filesystem::is_symlink(m_temp / "link"));
     EXPECT_EQ(m_temp.read("below/real"), "two");
-    std::filesystem::create_symlink("below/new", m_temp.path("dangling"));
+    std::filesystem::create_symlink("below/new", m_temp / "dangling");
     EXPECT_TRUE(m_files.replace_file(path("dangling"), "three"));
     EXPECT_EQ(m_temp.read("below/new"), "three");
 }
@@ -47,8 +47,8 @@ TEST_F(FileChanges, LeaveTheOldFileWhenTheNewOneCannotBeWritten)
 {
     m_temp.write("file", "one");
     EXPECT_TRUE(as_ordinary_user([&] { return true; }));
-    give_to_ordinary_user(m_temp.path());
-    give_to_ordinary_user(m_temp.path("file"));
+    give_to_ordinary_user(m_temp.path().string());
+    give_to_ordinary_user(m_temp / "file");
     EXPECT_TRUE(as_ordinary_user([&] {
         rlimit const small{1000, 1000};
         std::signal(SIGXFSZ, SIG_IGN);
@@ -61,7 +61,7 @@ TEST_F(FileChanges, LeaveTheOldFileWhenTheNewOneCannotBeWritten)
 
 TEST_F(FileChanges, RefuseToReplaceADirectory)
 {
-    std::filesystem::create_directory(m_temp.path("directory"));
+    std::filesystem::create_directory(m_temp / "directory");
     EXPECT_EQ(m_files.replace_file(path("directory"), "x").error(), std::errc::is_a_directory);
     EXPECT_FALSE(m_files.replace_file(path("missing/file"), "x"));
     EXPECT_EQ(m_temp.count(), 1);
@@ -83,7 +83,7 @@ TEST_F(FileChanges, CopyTheContentIntoAFileOfTheUser)
 TEST_F(FileChanges, RefuseToCopyAFileOntoItself)
 {
     m_temp.write("file", "content");
-    std::filesystem::create_symlink("file", m_temp.path("link"));
+    std::filesystem::create_symlink("file", m_temp / "link");
     EXPECT_FALSE(m_files.copy(path("file"), path("file")));
     EXPECT_FALSE(m_files.copy(path("file"), path("link")));
     EXPECT_EQ(m_temp.read("file"), "content");
@@ -92,7 +92,7 @@ TEST_F(FileChanges, RefuseToCopyAFileOntoItself)
 TEST_F(FileChanges, RefuseToCopyDirectories)
 {
     m_temp.write("file", "content");
-    std::filesystem::create_directory(m_temp.path("directory"));
+    std::filesystem::create_directory(m_temp / "directory");
     EXPECT_FALSE(m_files.copy(path("directory"), path("new")));
     EXPECT_FALSE(m_files.copy(path("file"), path("directory")));
     EXPECT_FALSE(m_files.copy(path("missing"), path("new")));
@@ -107,14 +107,14 @@ TEST_F(FileChanges, RenameAndRemoveFiles)
     EXPECT_TRUE(m_files.remove(path("b")));
     EXPECT_EQ(m_temp.count(), 0);
     EXPECT_EQ(m_files.remove(path("b")).error(), std::errc::no_such_file_or_directory);
-    std::filesystem::create_directory(m_temp.path("directory"));
+    std::filesystem::create_directory(m_temp / "directory");
     EXPECT_FALSE(m_files.remove(path("directory")));
     EXPECT_TRUE(m_temp.exists("directory"));
 }
 
 TEST_F(FileChanges, MakeADirectoryThatAnOrdinaryOwnerCanUse)
 {
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     for (mode_t const mask : {0022U, 0077U, 0777U}) {
         auto const name = "made" + std::to_string(mask);
         EXPECT_TRUE(as_ordinary_user([&] {

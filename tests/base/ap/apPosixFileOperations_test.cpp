@@ -1,10 +1,10 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
 #include "ap/apPosixOperations.h"
 #include "ap/apStringCompareInsensitive.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 namespace {
 
@@ -17,15 +17,15 @@ apPathName path(std::string const & text)
 
 class FileLooks : public testing::Test {
 protected:
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
     apPosixFileOperations m_files;
 };
 
 TEST_F(FileLooks, TellFilesFromDirectories)
 {
     auto const file = path(m_temp.write("file", "12345"));
-    auto const directory = path(m_temp.path());
-    auto const missing = path(m_temp.path("missing"));
+    auto const directory = path(m_temp.path().string());
+    auto const missing = path(m_temp / "missing");
     EXPECT_TRUE(m_files.exists(file) && m_files.exists(directory));
     EXPECT_FALSE(m_files.exists(missing) || m_files.is_file(missing) || m_files.is_directory(missing));
     EXPECT_TRUE(m_files.is_file(file) && !m_files.is_directory(file));
@@ -37,7 +37,7 @@ TEST_F(FileLooks, GiveTheSizeOrTheReason)
     std::uint64_t bytes = 0;
     EXPECT_TRUE(m_files.size(path(m_temp.write("file", "12345")), bytes));
     EXPECT_EQ(bytes, 5U);
-    auto const result = m_files.size(path(m_temp.path("missing")), bytes);
+    auto const result = m_files.size(path(m_temp / "missing"), bytes);
     EXPECT_FALSE(result);
     EXPECT_EQ(result.error(), std::errc::no_such_file_or_directory);
     EXPECT_FALSE(result.message().empty());
@@ -49,12 +49,12 @@ TEST_F(FileLooks, ListNamesInOrderWhateverTheirBytes)
     for (char const * name : {"b", "a", "\xFF.txt", ".hidden"})
         m_temp.write(name, "");
     std::vector<apFileName> names;
-    ASSERT_TRUE(m_files.list_directory(path(m_temp.path()), names));
+    ASSERT_TRUE(m_files.list_directory(path(m_temp.path().string()), names));
     ASSERT_EQ(names.size(), 4U);
     EXPECT_EQ(names[0].utf8(), ".hidden");
     EXPECT_EQ(names[1].utf8(), "a");
     EXPECT_EQ(names[3].utf8(), "\xFF.txt");
-    EXPECT_FALSE(m_files.list_directory(path(m_temp.path("missing")), names));
+    EXPECT_FALSE(m_files.list_directory(path(m_temp / "missing"), names));
     EXPECT_TRUE(names.empty());
 }
 
@@ -62,13 +62,13 @@ TEST_F(FileLooks, FindFilesByExtensionInEitherCase)
 {
     for (char const * name : {"b.rsc", "a.RSC", "c.rsc2", "rsc", ".rsc"})
         m_temp.write(name, "");
-    std::filesystem::create_directory(m_temp.path("d.rsc"));
+    std::filesystem::create_directory(m_temp / "d.rsc");
     apStringCompareInsensitive const compare(nullptr);
     std::vector<apPathName> paths;
-    ASSERT_TRUE(m_files.list_by_extension(path(m_temp.path()), apString(L"Rsc"), compare, paths));
+    ASSERT_TRUE(m_files.list_by_extension(path(m_temp.path().string()), apString(L"Rsc"), compare, paths));
     ASSERT_EQ(paths.size(), 2U);
-    EXPECT_EQ(paths[0].utf8(), m_temp.path("a.RSC"));
-    EXPECT_EQ(paths[1].utf8(), m_temp.path("b.rsc"));
+    EXPECT_EQ(paths[0].utf8(), m_temp / "a.RSC");
+    EXPECT_EQ(paths[1].utf8(), m_temp / "b.rsc");
     EXPECT_FALSE(m_files.list_by_extension(path("/nowhere"), apString(L"rsc"), compare, paths));
 }
 
@@ -89,20 +89,20 @@ TEST_F(FileLooks, RefuseToReadWhatIsTooBigOrNoFile)
     EXPECT_TRUE(m_files.read_file(file, read, 5));
     EXPECT_EQ(m_files.read_file(file, read, 4).error(), std::errc::file_too_large);
     EXPECT_TRUE(read.empty());
-    EXPECT_EQ(m_files.read_file(path(m_temp.path()), read).error(), std::errc::is_a_directory);
-    EXPECT_FALSE(m_files.read_file(path(m_temp.path("missing")), read));
-    ASSERT_EQ(mkfifo(m_temp.path("pipe").c_str(), 0600), 0);
-    EXPECT_FALSE(m_files.read_file(path(m_temp.path("pipe")), read));
+    EXPECT_EQ(m_files.read_file(path(m_temp.path().string()), read).error(), std::errc::is_a_directory);
+    EXPECT_FALSE(m_files.read_file(path(m_temp / "missing"), read));
+    ASSERT_EQ(mkfifo((m_temp / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(m_files.read_file(path(m_temp / "pipe"), read));
 }
 
 TEST_F(FileLooks, KnowWhatAnOrdinaryUserMayWrite)
 {
-    auto const mine = m_temp.path("mine");
-    auto const read_only = m_temp.path("read-only");
+    auto const mine = m_temp / "mine";
+    auto const read_only = m_temp / "read-only";
     std::filesystem::create_directory(mine);
     std::filesystem::create_directory(read_only);
     auto const locked = m_temp.write("mine/locked", "");
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     give_to_ordinary_user(mine);
     give_to_ordinary_user(locked);
     ASSERT_EQ(chmod(locked.c_str(), 0444), 0);

@@ -84,6 +84,7 @@ void Recorder::wait_for(std::string const & key)
 
 EngineTest::EngineTest() : module(folder / "module.so")
 {
+    write_text(folder / "options.rsc", "");
     fs::create_directory(folder / "out");
     write_text(module, "");
     write_text(folder / "module.json", R"({"interface": 1, "formats": []})");
@@ -99,7 +100,7 @@ fs::path EngineTest::make_input(std::string const & name, std::string const & te
 s2sTranslatorElements EngineTest::input(fs::path const & file, std::string const & script) const
 {
     vmrTableInstance table;
-    table.initialise(folder / "none.rsc");
+    table.initialise(folder / "options.rsc");
     table.add_resource("script", script);
     return {file.native(), &table, module.native(), 0, "Fake"};
 }

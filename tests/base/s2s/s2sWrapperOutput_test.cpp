@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "engineKit.h"
+#include "kit/kitOrdinaryUser.h"
 #include "sdu/sduFileFunctions.h"
 
 namespace fs = std::filesystem;
@@ -165,12 +166,14 @@ TEST_F(WrapperOutput, NamesAMissingFolder)
 
 TEST_F(WrapperOutput, NamesAFolderThatCannotBeWrittenTo)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the administrator may write everywhere";
     fs::permissions(folder / "out", fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_EQ(run_script("chief x\nend completed 1 0"), 0);
-    EXPECT_EQ(details().status(), s2sThreadWriteError);
-    EXPECT_THAT(error_stream.text(), HasSubstr("folder " + folder / "out" + " cannot be written to"));
+    give_to_ordinary_user(folder / "out");
+    give_to_ordinary_user(folder.path().string());
+    EXPECT_TRUE(as_ordinary_user([&] {
+        int const result = run_script("chief x\nend completed 1 0");
+        EXPECT_THAT(error_stream.text(), HasSubstr("folder " + folder / "out" + " cannot be written to"));
+        return result == 0 && details().status() == s2sThreadWriteError && !HasFailure();
+    }));
 }
 
 TEST_F(WrapperOutput, NamesAFolderInWhichNobodyCanWrite)
@@ -190,15 +193,19 @@ TEST_F(WrapperOutput, NamesANameThatIsTooLong)
 
 TEST_F(WrapperOutput, KeepsAWriteProtectedFileAlsoFromTheTidyingUp)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the administrator may write everywhere";
     auto const out = folder / "out/part.cad";
     write_text(out, "old");
     fs::permissions(out, fs::perms::owner_read);
-    auto const wrapper = make_wrapper(translation(make_input(), out, "chief x\nend completed 1 0"));
-    EXPECT_EQ(wrapper->run(), 0);
-    EXPECT_EQ(details().status(), s2sThreadWriteError);
-    sdu_remove_file(out);
+    auto const job = translation(make_input(), out, "chief x\nend completed 1 0");
+    give_to_ordinary_user(out);
+    give_to_ordinary_user(folder / "out");
+    give_to_ordinary_user(folder.path().string());
+    EXPECT_TRUE(as_ordinary_user([&] {
+        auto const wrapper = make_wrapper(job);
+        int const result = wrapper->run();
+        sdu_remove_file(out);
+        return result == 0 && details().status() == s2sThreadWriteError;
+    }));
     EXPECT_EQ(read_text(out), "old");
 }
 

@@ -65,6 +65,17 @@ TEST_F(Wrapper, PassesMessagesToTheTwoStreamsWithTheirArguments)
     EXPECT_EQ(error_stream.messages()[0].key, "bad");
 }
 
+TEST_F(Wrapper, TellsWhichLinesOfAnOptionsFileHaveNoEffect)
+{
+    auto const options = folder / "options.rsc";
+    write_text(options, "# options\nno option at all\n");
+    run_script("chief x\nend completed 1 0");
+    ASSERT_EQ(error_stream.messages().size(), 1u);
+    EXPECT_EQ(error_stream.text(),
+              "The options file " + options +
+                  ", line 2: there is no \"=\". The default value of the option is used.\n");
+}
+
 TEST_F(Wrapper, LosesNoneOfManyMessagesAndKeepsTheirOrder)
 {
     run_script("flood 50000\nend completed 0 0");

@@ -6,7 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 #include "ap/apPosixOperations.h"
 #include "ap/apStringCompareInsensitive.h"
@@ -40,15 +40,15 @@ public:
     sdbTranslatorDlls const & output() const { return *m_output; }
     bool scanned() const { return m_factory.scanned(); }
 
-    std::string directory() const { return m_temp.path("translators"); }
+    std::string directory() const { return m_temp / "translators"; }
     std::string path(std::string const & name) const { return directory() + "/" + name; }
-    std::string cache_file() const { return m_temp.path("translators.lst"); }
-    TempDirectory const & temp() const { return m_temp; }
+    std::string cache_file() const { return m_temp / "translators.lst"; }
+    kitTempFolder const & temp() const { return m_temp; }
 
     TranslatorFolder();
 
 private:
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
     apPosixFileOperations m_files;
     apStringUTF8Encoding m_encoding;
     apStringCompareInsensitive m_compare{&m_encoding};

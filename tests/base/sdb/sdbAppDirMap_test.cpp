@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 #include "ap/apPosixOperations.h"
 #include "vmr/vmrabsAppInfo.h"
@@ -19,19 +19,19 @@ class AppDirMap : public testing::Test {
 protected:
     AppDirMap()
     {
-        fs::create_directories(temp.path("prefix/bin"));
-        fs::create_directories(temp.path("home"));
+        fs::create_directories(temp / "prefix/bin");
+        fs::create_directories(temp / "home");
     }
 
-    int initialise() { return initialise(temp.path("home/.config/Quorvane")); }
+    int initialise() { return initialise(temp / "home/.config/Quorvane"); }
     int initialise(std::string const & user_base)
     {
-        return map.initialise("", utString(temp.path("prefix/bin")), L"Crosswalk", nullptr,
+        return map.initialise("", utString(temp / "prefix/bin"), L"Crosswalk", nullptr,
                               apPathName::from_utf8(user_base), L"/tmp");
     }
     std::string user(std::string const & name) const
     {
-        return temp.path("home/.config/Quorvane/Crosswalk/" + name);
+        return temp / "home/.config/Quorvane/Crosswalk/" + name;
     }
     std::string first(sdbHRKDirectory kind) const
     {
@@ -41,7 +41,7 @@ protected:
         return path.utf8();
     }
 
-    TempDirectory temp;
+    kitTempFolder temp;
     apPosixProcessEnvironmentOperations environment;
     sdbAppDirMap map{&environment};
 };
@@ -64,19 +64,19 @@ TEST_F(AppDirMap, HasTheNumbersOfTheInterface)
 TEST_F(AppDirMap, FindsEveryKindBelowTheParentOfTheProgramsDirectory)
 {
     ASSERT_EQ(initialise(), 0);
-    EXPECT_EQ(map.prefix().utf8(), temp.path("prefix"));
+    EXPECT_EQ(map.prefix().utf8(), temp / "prefix");
     auto const installed = [&](sdbHRKDirectory kind) {
         return map.schema_dir(kind).installation_path().str();
     };
-    EXPECT_EQ(installed(sdbHRKDirectory::translators), temp.path("prefix/lib/vmr/translators"));
-    EXPECT_EQ(installed(sdbHRKDirectory::services), temp.path("prefix/lib/vmr/services"));
-    EXPECT_EQ(installed(sdbHRKDirectory::message_catalogues), temp.path("prefix/share/vmr/locale"));
-    EXPECT_EQ(installed(sdbHRKDirectory::help), temp.path("prefix/share/vmr/help"));
-    EXPECT_EQ(installed(sdbHRKDirectory::product), temp.path("prefix/share/vmr"));
-    EXPECT_EQ(installed(sdbHRKDirectory::resources), temp.path("prefix/share/vmr/resources"));
-    EXPECT_EQ(installed(sdbHRKDirectory::translator_cache), temp.path("prefix/share/vmr/cache"));
-    EXPECT_EQ(installed(sdbHRKDirectory::xrc), temp.path("prefix/share/vmr/xrc"));
-    EXPECT_EQ(installed(sdbHRKDirectory::toolkit), temp.path("prefix/share/vmr"));
+    EXPECT_EQ(installed(sdbHRKDirectory::translators), temp / "prefix/lib/vmr/translators");
+    EXPECT_EQ(installed(sdbHRKDirectory::services), temp / "prefix/lib/vmr/services");
+    EXPECT_EQ(installed(sdbHRKDirectory::message_catalogues), temp / "prefix/share/vmr/locale");
+    EXPECT_EQ(installed(sdbHRKDirectory::help), temp / "prefix/share/vmr/help");
+    EXPECT_EQ(installed(sdbHRKDirectory::product), temp / "prefix/share/vmr");
+    EXPECT_EQ(installed(sdbHRKDirectory::resources), temp / "prefix/share/vmr/resources");
+    EXPECT_EQ(installed(sdbHRKDirectory::translator_cache), temp / "prefix/share/vmr/cache");
+    EXPECT_EQ(installed(sdbHRKDirectory::xrc), temp / "prefix/share/vmr/xrc");
+    EXPECT_EQ(installed(sdbHRKDirectory::toolkit), temp / "prefix/share/vmr");
 }
 
 TEST_F(AppDirMap, GivesTheUserDirectoriesForWhatIsSaved)
@@ -93,28 +93,28 @@ TEST_F(AppDirMap, KeepsTheStartupSettingsWithTheUser)
     ASSERT_EQ(initialise(), 0);
     EXPECT_EQ(first(sdbHRKDirectory::resources), user("resources"));
     EXPECT_EQ(map.search_path(sdbHRKDirectory::resources).ut_path_string(nullptr).str(),
-              user("resources") + vmrabsAppInfo::path_separator + temp.path("prefix/share/vmr/resources"));
+              user("resources") + vmrabsAppInfo::path_separator + (temp / "prefix/share/vmr/resources"));
 }
 
 TEST_F(AppDirMap, SearchesTheUsersTranslatorsBehindTheInstallations)
 {
     ASSERT_EQ(initialise(), 0);
     EXPECT_EQ(map.search_path(sdbHRKDirectory::translators).ut_path_string(nullptr).str(),
-              temp.path("prefix/lib/vmr/translators") + vmrabsAppInfo::path_separator + user("translators"));
+              (temp / "prefix/lib/vmr/translators") + vmrabsAppInfo::path_separator + user("translators"));
 }
 
 TEST_F(AppDirMap, LoadsServicesFromTheInstallationOnly)
 {
     ASSERT_EQ(initialise(), 0);
     EXPECT_EQ(map.search_path(sdbHRKDirectory::services).directories().size(), 1u);
-    EXPECT_EQ(first(sdbHRKDirectory::services), temp.path("prefix/lib/vmr/services"));
+    EXPECT_EQ(first(sdbHRKDirectory::services), temp / "prefix/lib/vmr/services");
 }
 
 TEST_F(AppDirMap, LeavesNothingOnTheDisk)
 {
     ASSERT_EQ(initialise(), 0);
-    EXPECT_TRUE(fs::is_empty(temp.path("home")));
-    EXPECT_EQ(std::distance(fs::recursive_directory_iterator(temp.path("prefix")), {}), 1);
+    EXPECT_TRUE(fs::is_empty(temp / "home"));
+    EXPECT_EQ(std::distance(fs::recursive_directory_iterator(temp / "prefix"), {}), 1);
 }
 
 TEST_F(AppDirMap, HasNothingBeforeItIsInitialisedNorForAnUnknownKind)
@@ -134,12 +134,13 @@ TEST_F(AppDirMap, ReportsThatTheUsersFilesHaveNoPlaceAndGoesOn)
     EXPECT_EQ(initialise(), 1);
     EXPECT_EQ(first(sdbHRKDirectory::resources), user("resources"));
     EXPECT_EQ(map.schema_dir(sdbHRKDirectory::resources).create_user_dir(), 0);
-    EXPECT_EQ(first(sdbHRKDirectory::xrc), temp.path("prefix/share/vmr/xrc"));
+    EXPECT_EQ(first(sdbHRKDirectory::xrc), temp / "prefix/share/vmr/xrc");
 }
 
 TEST_F(AppDirMap, ReportsAHomeThatTheUserMayNotWrite)
 {
-    fs::permissions(temp.path(), fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(temp.path().string(),
+                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
     EXPECT_TRUE(as_ordinary_user([&] { return geteuid() != ordinary_user || initialise() == 1; }));
 }
 
@@ -149,10 +150,10 @@ TEST_F(AppDirMap, ReportsAUserDirectoryThatMayNotBeWritten)
     fs::create_directories(user("cache"));
     for (auto const * const name : {"", "resources", "cache"})
         give_to_ordinary_user(user(name));
-    fs::permissions(temp.path(), fs::perms::all);
+    fs::permissions(temp.path().string(), fs::perms::all);
     auto const result = [&] {
-        return map.initialise("", utString(temp.path("prefix/bin")), L"Crosswalk", nullptr,
-                              apPathName::from_utf8(temp.path("home/.config/Quorvane")), {});
+        return map.initialise("", utString(temp / "prefix/bin"), L"Crosswalk", nullptr,
+                              apPathName::from_utf8(temp / "home/.config/Quorvane"), {});
     };
     EXPECT_TRUE(as_ordinary_user([&] { return result() == 0; }));
     fs::permissions(user("cache"), fs::perms::owner_read | fs::perms::owner_exec);
@@ -173,13 +174,13 @@ TEST_F(AppDirMap, ReadsSettingsThatItMayNotWrite)
 TEST_F(AppDirMap, CountsAHomeThatIsNotNamedAsNoPlace)
 {
     EXPECT_EQ(initialise(""), 1);
-    EXPECT_EQ(first(sdbHRKDirectory::resources), temp.path("prefix/share/vmr/resources"));
+    EXPECT_EQ(first(sdbHRKDirectory::resources), temp / "prefix/share/vmr/resources");
     EXPECT_TRUE(map.schema_dir(sdbHRKDirectory::resources).user_dir().empty());
 }
 
 TEST_F(AppDirMap, CannotDoWithoutProgramOrProduct)
 {
-    auto const base = apPathName::from_utf8(temp.path("home"));
+    auto const base = apPathName::from_utf8(temp / "home");
     EXPECT_EQ(map.initialise("", "", L"Crosswalk", nullptr, base, {}), 2);
     EXPECT_EQ(map.initialise("", "/usr/bin", {}, nullptr, base, {}), 2);
 }
@@ -187,20 +188,18 @@ TEST_F(AppDirMap, CannotDoWithoutProgramOrProduct)
 TEST_F(AppDirMap, CompletesARelativeDirectoryOfTheProgram)
 {
     auto const before = fs::current_path();
-    fs::current_path(temp.path("prefix"));
-    EXPECT_EQ(map.initialise("", "bin/", L"Crosswalk", nullptr, apPathName::from_utf8(temp.path("home")), {}),
-              0);
+    fs::current_path(temp / "prefix");
+    EXPECT_EQ(map.initialise("", "bin/", L"Crosswalk", nullptr, apPathName::from_utf8(temp / "home"), {}), 0);
     fs::current_path(before);
-    EXPECT_EQ(fs::canonical(map.prefix().utf8()), fs::canonical(temp.path("prefix")));
+    EXPECT_EQ(fs::canonical(map.prefix().utf8()), fs::canonical(temp / "prefix"));
 }
 
 TEST_F(AppDirMap, FindsTheFolderOfTheToolkitsCatalogues)
 {
     ASSERT_EQ(initialise(), 0);
     EXPECT_TRUE(map.schema_dir(sdbHRKDirectory::toolkit).find_dir("lib").invalid());
-    fs::create_directories(temp.path("prefix/share/vmr/lib"));
-    EXPECT_EQ(map.schema_dir(sdbHRKDirectory::toolkit).find_dir("lib").str(),
-              temp.path("prefix/share/vmr/lib"));
+    fs::create_directories(temp / "prefix/share/vmr/lib");
+    EXPECT_EQ(map.schema_dir(sdbHRKDirectory::toolkit).find_dir("lib").str(), temp / "prefix/share/vmr/lib");
 }
 
 TEST_F(AppDirMap, RemembersTheDirectoryForTemporaryFiles)

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 #include "ap/apPosixOperations.h"
 #include "ap/apStringUTF8Encoding.h"
@@ -17,9 +17,9 @@ namespace {
 
 class File : public testing::Test {
 protected:
-    sdbFile file(std::string const & name) const { return factory.make_file(utString(temp.path(name))); }
+    sdbFile file(std::string const & name) const { return factory.make_file(utString(temp / name)); }
 
-    TempDirectory temp;
+    kitTempFolder temp;
     apStringUTF8Encoding encoding;
     apPosixFileOperations operations;
     sdbSdbFileFactory factory{&encoding, &operations};
@@ -30,7 +30,8 @@ protected:
 TEST_F(File, GivesTheElementsOfItsPath)
 {
     auto const part = factory.make_file("/models/parts/bracket.v2.stp");
-    EXPECT_EQ(part.path_element(1), utString("/models/parts"));
+    EXPECT_EQ(part.path_element(1), utString("/models/parts/"));
+    EXPECT_EQ(factory.make_file("/bracket.stp").path_element(1), utString("/"));
     EXPECT_EQ(part.path_element(2), utString("bracket.v2"));
     EXPECT_EQ(part.path_element(3), utString("stp"));
     EXPECT_TRUE(part.path_element(0).empty());
@@ -47,8 +48,8 @@ TEST_F(File, GivesEmptyElementsForWhatThePathLacks)
 
 TEST_F(File, SaysWhatLiesAtItsPath)
 {
-    fs::create_directory(temp.path("directory"));
-    ASSERT_EQ(::mkfifo(temp.path("pipe").c_str(), 0600), 0);
+    fs::create_directory(temp / "directory");
+    ASSERT_EQ(::mkfifo((temp / "pipe").c_str(), 0600), 0);
     temp.write("part.rsc", "");
     EXPECT_EQ(file("absent").file_type(), 0);
     EXPECT_EQ(file("part.rsc").file_type(), sdbFileRegular);
@@ -87,9 +88,9 @@ TEST_F(File, IsReadAndWrittenWhole)
 TEST_F(File, IsTheSameFileBehindALink)
 {
     temp.write("step.rsc", "");
-    fs::create_directory(temp.path("d"));
-    fs::create_symlink(temp.path("step.rsc"), temp.path("link.rsc"));
-    fs::create_hard_link(temp.path("step.rsc"), temp.path("hard.rsc"));
+    fs::create_directory(temp / "d");
+    fs::create_symlink(temp / "step.rsc", temp / "link.rsc");
+    fs::create_hard_link(temp / "step.rsc", temp / "hard.rsc");
     temp.write("other.rsc", "");
     EXPECT_TRUE(file("step.rsc") == file("link.rsc"));
     EXPECT_TRUE(file("step.rsc") == file("hard.rsc"));
@@ -99,8 +100,8 @@ TEST_F(File, IsTheSameFileBehindALink)
 
 TEST_F(File, IsTheSameFileThatDoesNotExistYet)
 {
-    fs::create_directory(temp.path("d"));
-    fs::create_directory_symlink(temp.path("d"), temp.path("e"));
+    fs::create_directory(temp / "d");
+    fs::create_directory_symlink(temp / "d", temp / "e");
     EXPECT_TRUE(file("d/new.rsc") == file("e/./new.rsc"));
     EXPECT_FALSE(file("d/new.rsc") == file("d/New.rsc"));
     EXPECT_FALSE(file("d/new.rsc") == factory.make_file(""));
@@ -109,7 +110,7 @@ TEST_F(File, IsTheSameFileThatDoesNotExistYet)
 TEST_F(File, KeepsAPathUsableWhenItsSeparatorsAreMadeThoseOfThePlatform)
 {
     temp.write("step.rsc", "");
-    EXPECT_EQ(sdbFile::backslashify(utString(temp.path("step.rsc"))), utString(temp.path("step.rsc")));
+    EXPECT_EQ(sdbFile::backslashify(utString(temp / "step.rsc")), utString(temp / "step.rsc"));
     EXPECT_TRUE(sdbFile::backslashify(utString::make_invalid()).invalid());
 }
 

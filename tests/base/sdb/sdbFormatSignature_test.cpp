@@ -4,7 +4,7 @@
 
 #include <sys/stat.h>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 namespace {
 
@@ -118,7 +118,7 @@ TEST(WordsSignature, LooksNoFurtherThanItsReach)
 
 TEST(FileHead, HoldsTheStartAndTheSizeOfAFile)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     auto const large = sdbFileHead::read(temp.write("large", std::string(100'000, 'x')));
     ASSERT_TRUE(large);
     EXPECT_EQ(large->size, 100'000u);
@@ -131,10 +131,10 @@ TEST(FileHead, HoldsTheStartAndTheSizeOfAFile)
 
 TEST(FileHead, IsNotReadFromWhatIsNoFile)
 {
-    TempDirectory const temp;
-    EXPECT_FALSE(sdbFileHead::read(temp.path()));
-    EXPECT_FALSE(sdbFileHead::read(temp.path("absent")));
+    kitTempFolder const temp;
+    EXPECT_FALSE(sdbFileHead::read(temp.path().string()));
+    EXPECT_FALSE(sdbFileHead::read(temp / "absent"));
     EXPECT_FALSE(sdbFileHead::read(""));
-    ASSERT_EQ(::mkfifo(temp.path("pipe").c_str(), 0600), 0);
-    EXPECT_FALSE(sdbFileHead::read(temp.path("pipe")));
+    ASSERT_EQ(::mkfifo((temp / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(sdbFileHead::read(temp / "pipe"));
 }

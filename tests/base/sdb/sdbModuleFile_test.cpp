@@ -5,8 +5,8 @@
 #include <elf.h>
 #include <filesystem>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ std::string module_bytes()
 
 std::string problem_with(std::size_t offset, char value)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     auto bytes = module_bytes();
     bytes.at(offset) = value;
     return sdb_module_file_problem(temp.write("module.so", bytes));
@@ -33,16 +33,16 @@ TEST(ModuleFile, HasNoProblemWhenItIsASharedObjectOfThisMachine)
 
 TEST(ModuleFile, MustExistAndBeAFile)
 {
-    TempDirectory const temp;
-    EXPECT_EQ(sdb_module_file_problem(temp.path("absent.so")), "there is no such file");
-    EXPECT_EQ(sdb_module_file_problem(temp.path()), "it is not a file");
+    kitTempFolder const temp;
+    EXPECT_EQ(sdb_module_file_problem(temp / "absent.so"), "there is no such file");
+    EXPECT_EQ(sdb_module_file_problem(temp.path().string()), "it is not a file");
 }
 
 TEST(ModuleFile, MustBeReadable)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     auto const path = temp.write("module.so", module_bytes());
-    std::filesystem::permissions(temp.path(), std::filesystem::perms::all);
+    std::filesystem::permissions(temp.path().string(), std::filesystem::perms::all);
     std::filesystem::permissions(path, std::filesystem::perms::none);
     EXPECT_TRUE(
         as_ordinary_user([&] { return sdb_module_file_problem(path).starts_with("it cannot be read: "); }));
@@ -50,7 +50,7 @@ TEST(ModuleFile, MustBeReadable)
 
 TEST(ModuleFile, MustBeASharedObject)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     EXPECT_EQ(sdb_module_file_problem(temp.write("text.so", "INPUT(libm.so.6)\n")),
               "it is not a shared object");
     EXPECT_EQ(sdb_module_file_problem(temp.write("empty.so", "")), "it is not a shared object");

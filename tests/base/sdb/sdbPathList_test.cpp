@@ -4,17 +4,17 @@
 
 #include <filesystem>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 namespace {
 
-std::vector<std::string> found_in(TempDirectory const & temp, char const * extension)
+std::vector<std::string> found_in(kitTempFolder const & temp, char const * extension)
 {
     utStringcoDynArr paths;
-    sdbPathList(utString(temp.path())).search_by_extension(paths, extension);
+    sdbPathList(utString(temp.path().string())).search_by_extension(paths, extension);
     std::vector<std::string> names;
     for (auto const & path : paths) {
-        EXPECT_EQ(std::filesystem::path(path.str()).parent_path().string(), temp.path());
+        EXPECT_EQ(std::filesystem::path(path.str()).parent_path().string(), temp.path().string());
         names.push_back(std::filesystem::path(path.str()).filename().string());
     }
     return names;
@@ -26,26 +26,26 @@ using Names = std::vector<std::string>;
 
 TEST(PathList, GivesTheFilesOfAnExtensionInTheOrderOfTheirNames)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     for (auto const * const name : {"step.rsc", "IGES.RSC", "notes.txt", "brep.rsc", "rsc", "a.rsc.bak"})
         temp.write(name, "");
-    std::filesystem::create_directory(temp.path("folder.rsc"));
+    std::filesystem::create_directory(temp / "folder.rsc");
     EXPECT_EQ(found_in(temp, "rsc"), (Names{"IGES.RSC", "brep.rsc", "step.rsc"}));
 }
 
 TEST(PathList, TakesAnExtensionWithItsDot)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     temp.write("step.rsc", "");
     EXPECT_EQ(found_in(temp, ".rsc"), Names{"step.rsc"});
 }
 
 TEST(PathList, AppendsToWhatIsThere)
 {
-    TempDirectory const temp;
+    kitTempFolder const temp;
     temp.write("step.rsc", "");
     utStringcoDynArr paths{"first"};
-    sdbPathList(utString(temp.path())).search_by_extension(paths, "rsc");
+    sdbPathList(utString(temp.path().string())).search_by_extension(paths, "rsc");
     ASSERT_EQ(paths.count(), 2);
     EXPECT_EQ(paths[0], utString("first"));
 }

@@ -1,6 +1,6 @@
 #include "sdb/sdbResourceHandler.h"
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 #include "vmr/coResourceIterator.h"
 #include "vmr/coResourceTableMaker.h"
 #include "vmr/vmrResourceFile.h"
@@ -72,8 +72,8 @@ protected:
     }
 
     CommaLocale m_validator;
-    TempDirectory m_directory;
-    vmrTableInstance m_instance{m_directory.path("none.rsc").c_str()};
+    kitTempFolder m_directory;
+    vmrTableInstance m_instance{(m_directory / "none.rsc").c_str()};
 };
 
 TEST_F(ResourceHandler, ValidatesByTheTypeOfTheResource)

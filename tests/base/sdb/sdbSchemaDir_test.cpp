@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 #include "ap/apStringUTF8Encoding.h"
 #include "sdb/sdb_fix_resource_path.h"
@@ -19,13 +19,13 @@ class SchemaDir : public testing::Test {
 protected:
     SchemaDir()
     {
-        fs::create_directory(temp.path("user"));
-        fs::create_directory(temp.path("installed"));
-        fs::create_directory(temp.path("more"));
+        fs::create_directory(temp / "user");
+        fs::create_directory(temp / "installed");
+        fs::create_directory(temp / "more");
     }
-    apPathName path(std::string const & name) const { return apPathName::from_utf8(temp.path(name)); }
+    apPathName path(std::string const & name) const { return apPathName::from_utf8(temp / name); }
 
-    TempDirectory temp;
+    kitTempFolder temp;
     sdbSchemaDir dir{path("user"), sdbSearchPath({path("installed"), path("more")})};
 };
 
@@ -34,17 +34,17 @@ protected:
 TEST_F(SchemaDir, PrefersTheUsersFileToTheInstallations)
 {
     temp.write("installed/step.rsc", "");
-    EXPECT_EQ(dir.find_file("step.rsc").str(), temp.path("installed/step.rsc"));
+    EXPECT_EQ(dir.find_file("step.rsc").str(), temp / "installed/step.rsc");
     temp.write("user/step.rsc", "");
-    EXPECT_EQ(dir.find_file("step.rsc").str(), temp.path("user/step.rsc"));
+    EXPECT_EQ(dir.find_file("step.rsc").str(), temp / "user/step.rsc");
 }
 
 TEST_F(SchemaDir, SearchesTheInstallationInItsOrder)
 {
     temp.write("more/iges.rsc", "");
-    EXPECT_EQ(dir.find_file("iges.rsc").str(), temp.path("more/iges.rsc"));
+    EXPECT_EQ(dir.find_file("iges.rsc").str(), temp / "more/iges.rsc");
     temp.write("installed/iges.rsc", "");
-    EXPECT_EQ(dir.find_file("iges.rsc").str(), temp.path("installed/iges.rsc"));
+    EXPECT_EQ(dir.find_file("iges.rsc").str(), temp / "installed/iges.rsc");
 }
 
 TEST_F(SchemaDir, GivesAnInvalidStringForWhatIsAbsent)
@@ -59,10 +59,10 @@ TEST_F(SchemaDir, GivesAnInvalidStringForWhatIsAbsent)
 
 TEST_F(SchemaDir, TellsFilesFromDirectories)
 {
-    fs::create_directory(temp.path("user/lib"));
+    fs::create_directory(temp / "user/lib");
     temp.write("installed/lib", "");
-    EXPECT_EQ(dir.find_dir("lib").str(), temp.path("user/lib"));
-    EXPECT_EQ(dir.find_file("lib").str(), temp.path("installed/lib"));
+    EXPECT_EQ(dir.find_dir("lib").str(), temp / "user/lib");
+    EXPECT_EQ(dir.find_file("lib").str(), temp / "installed/lib");
 }
 
 TEST_F(SchemaDir, GivesTheInstallationAsTextForTheSearchOfFiles)
@@ -70,14 +70,14 @@ TEST_F(SchemaDir, GivesTheInstallationAsTextForTheSearchOfFiles)
     temp.write("user/step.rsc", "");
     temp.write("more/step.rsc", "");
     EXPECT_EQ(vmrabsAppInfo::find_file_in_path(dir.installation_path(), "step.rsc").str(),
-              temp.path("more/step.rsc"));
+              temp / "more/step.rsc");
 }
 
 TEST_F(SchemaDir, MakesTheUsersDirectoryWithAllAboveIt)
 {
     sdbSchemaDir const deep(path("a/b/c"), {});
     EXPECT_NE(deep.create_user_dir(), 0);
-    EXPECT_TRUE(fs::is_directory(temp.path("a/b/c")));
+    EXPECT_TRUE(fs::is_directory(temp / "a/b/c"));
     EXPECT_NE(deep.create_user_dir(), 0);
     EXPECT_EQ(temp.mode("a/b/c") & 0700u, 0700u);
 }
@@ -92,16 +92,15 @@ TEST_F(SchemaDir, SaysThatTheUsersDirectoryCannotBeMade)
 
 TEST_F(SchemaDir, SaysThatTheUsersDirectoryCannotBeWritten)
 {
-    fs::permissions(temp.path(), fs::perms::all);
-    fs::permissions(temp.path("user"),
-                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(temp.path().string(), fs::perms::all);
+    fs::permissions(temp / "user", fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
     EXPECT_TRUE(as_ordinary_user([&] { return geteuid() != ordinary_user || dir.create_user_dir() == 0; }));
 }
 
 TEST_F(SchemaDir, FindsNamesThatAreNotText)
 {
     temp.write("user/caf\xe9.rsc", "");
-    EXPECT_EQ(dir.find_file("caf\xe9.rsc").str(), temp.path("user/caf\xe9.rsc"));
+    EXPECT_EQ(dir.find_file("caf\xe9.rsc").str(), temp / "user/caf\xe9.rsc");
 }
 
 TEST(SearchPath, IsEmptyAtFirst)
@@ -128,12 +127,12 @@ TEST(SearchPath, GivesItsDirectoriesInOrder)
 
 TEST(SearchPath, FindsTheFirstFileOfAName)
 {
-    TempDirectory const temp;
-    fs::create_directory(temp.path("a"));
-    fs::create_directory(temp.path("b"));
+    kitTempFolder const temp;
+    fs::create_directory(temp / "a");
+    fs::create_directory(temp / "b");
     temp.write("b/vmrdoc.htb", "");
-    sdbSearchPath const path({apPathName::from_utf8(temp.path("a")), apPathName::from_utf8(temp.path("b"))});
-    EXPECT_EQ(path.find_file(L"vmrdoc.htb").utf8(), temp.path("b/vmrdoc.htb"));
+    sdbSearchPath const path({apPathName::from_utf8(temp / "a"), apPathName::from_utf8(temp / "b")});
+    EXPECT_EQ(path.find_file(L"vmrdoc.htb").utf8(), temp / "b/vmrdoc.htb");
     EXPECT_TRUE(path.find_file(L"absent").invalid());
     EXPECT_TRUE(path.find_file(L"").invalid());
 }

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 #include "ap/apDynamicLibraryLoader.h"
 #include "ap/apPosixOperations.h"
@@ -16,10 +16,7 @@ class Services : public testing::Test {
 protected:
     explicit Services(char const * organisation = "somebody") : info("p", "o", "u", organisation, "") {}
 
-    void add_module(std::string const & name) const
-    {
-        std::filesystem::copy_file(TEST_MODULE, temp.path(name));
-    }
+    void add_module(std::string const & name) const { std::filesystem::copy_file(TEST_MODULE, temp / name); }
 
     /// Loads the modules into a new registry.
     sdbServices & load(std::vector<std::string> const & directories)
@@ -45,7 +42,7 @@ protected:
         return failures.size() == 1 ? failures.front().reason.str() : std::string();
     }
 
-    TempDirectory temp;
+    kitTempFolder temp;
     apPosixLibraryLoaderOperations operations;
     apDynamicLibraryLoader loader{&operations};
     vmrabsAppInfo info;
@@ -62,7 +59,7 @@ protected:
 TEST_F(Services, AreFoundWhenAModuleAddedThem)
 {
     add_module("answers.so");
-    load({temp.path()});
+    load({temp.path().string()});
     ASSERT_NE(answer(), nullptr);
     EXPECT_EQ(*answer(), 42);
     EXPECT_EQ(services->dll_manager()->module_count(), 1);
@@ -72,7 +69,7 @@ TEST_F(Services, AreFoundWhenAModuleAddedThem)
 TEST_F(Services, AreReleasedBeforeTheCodeOfTheirModule)
 {
     add_module("answers.so");
-    load({temp.path()});
+    load({temp.path().string()});
     ASSERT_NE(answer(), nullptr);
     services.reset();
     EXPECT_EQ(load({}).dll_manager()->module_count(), 0);
@@ -89,7 +86,7 @@ TEST_F(Services, AreNotFoundUnderAKeyThatWasNeverAdded)
 
 TEST_F(Services, DoWithoutTheirDirectory)
 {
-    load({temp.path("absent")});
+    load({temp / "absent"});
     EXPECT_EQ(services->dll_manager()->module_count(), 0);
     EXPECT_TRUE(services->dll_manager()->failures().empty());
 }
@@ -98,17 +95,17 @@ TEST_F(Services, OfOtherModulesWorkWhenOneCannotBeLoaded)
 {
     add_module("z.so");
     temp.write("a.so", "no shared object");
-    load({temp.path()});
+    load({temp.path().string()});
     EXPECT_NE(answer(), nullptr);
-    EXPECT_EQ(failure(), temp.path("a.so") + ": the service module cannot be loaded");
+    EXPECT_EQ(failure(), (temp / "a.so") + ": the service module cannot be loaded");
 }
 
 TEST_F(ServicesOfAReluctantProgram, AreMissingWhenTheModuleDeclines)
 {
     add_module("answers.so");
-    load({temp.path()});
+    load({temp.path().string()});
     EXPECT_EQ(answer(), nullptr);
-    EXPECT_EQ(failure(), temp.path("answers.so") + ": the service module could not add its services");
+    EXPECT_EQ(failure(), (temp / "answers.so") + ": the service module could not add its services");
 }
 
 TEST_F(Services, NeedNoManager)
@@ -147,9 +144,9 @@ TEST_F(Services, NeedTheEntryOfTheModule)
     temp.write("plain.so", "");
     EmptyLibraryLoader empty;
     services = std::make_unique<sdbServices>();
-    auto manager = std::make_unique<sdbServiceDllManager>(sdbSearchPath({apPathName::from_utf8(temp.path())}),
-                                                          &empty, &info);
+    auto manager = std::make_unique<sdbServiceDllManager>(
+        sdbSearchPath({apPathName::from_utf8(temp.path().string())}), &empty, &info);
     services->set_dll_manager(manager, &info);
-    EXPECT_EQ(failure(), temp.path("plain.so") + ": the service module has no vmr_register_services");
+    EXPECT_EQ(failure(), (temp / "plain.so") + ": the service module has no vmr_register_services");
     EXPECT_EQ(services->dll_manager()->module_count(), 0);
 }

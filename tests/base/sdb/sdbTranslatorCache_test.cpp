@@ -184,7 +184,7 @@ TEST_F(TranslatorCache, DoesNotServeOtherDirectories)
 
 TEST_F(TranslatorCache, NoticesADirectoryThatAppears)
 {
-    auto const own = folder.temp().path("own");
+    auto const own = folder.temp() / "own";
     folder.make({folder.directory(), own});
     EXPECT_TRUE(folder.write_cache().ok());
     folder.make({folder.directory(), own});
@@ -304,7 +304,7 @@ TEST(TranslatorCacheWriter, RefusesCataloguesOfDifferentScans)
 TEST(TranslatorCacheOfAnOddPlace, IsNotUsedWhenThePathIsNoText)
 {
     TranslatorFolder folder;
-    auto const odd = folder.temp().path("caf\xe9");
+    auto const odd = folder.temp() / "caf\xe9";
     fs::create_directory(odd);
     folder.make(Names{odd});
     EXPECT_TRUE(folder.write_cache().ok());

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "OrdinaryUser.h"
 #include "TranslatorFolder.h"
+#include "kit/kitOrdinaryUser.h"
 
 using Names = std::vector<std::string>;
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
-#include "OrdinaryUser.h"
 #include "TranslatorFolder.h"
+#include "kit/kitOrdinaryUser.h"
 
 namespace {
 
@@ -100,11 +100,11 @@ TEST_F(Recognition, TakesTheSizeIntoAccount)
 
 TEST_F(Recognition, GivesNothingForWhatIsNoFile)
 {
-    std::filesystem::create_directory(folder.temp().path("folder.step"));
-    ASSERT_EQ(::mkfifo(folder.temp().path("pipe.step").c_str(), 0600), 0);
-    EXPECT_EQ(input_format(folder.temp().path("folder.step")), "none");
-    EXPECT_EQ(input_format(folder.temp().path("pipe.step")), "none");
-    EXPECT_EQ(output_format(folder.temp().path("folder.step")), "none");
+    std::filesystem::create_directory(folder.temp() / "folder.step");
+    ASSERT_EQ(::mkfifo((folder.temp() / "pipe.step").c_str(), 0600), 0);
+    EXPECT_EQ(input_format(folder.temp() / "folder.step"), "none");
+    EXPECT_EQ(input_format(folder.temp() / "pipe.step"), "none");
+    EXPECT_EQ(output_format(folder.temp() / "folder.step"), "none");
 }
 
 TEST_F(Recognition, GoesByTheExtensionOfAFileThatCannotBeRead)
@@ -117,8 +117,8 @@ TEST_F(Recognition, GoesByTheExtensionOfAFileThatCannotBeRead)
 
 TEST_F(Recognition, GoesByTheExtensionOfAFileThatIsNotThereYet)
 {
-    EXPECT_EQ(output_format(folder.temp().path("new.stp")), "STEP");
-    EXPECT_EQ(output_format(folder.temp().path("new.doc")), "none");
+    EXPECT_EQ(output_format(folder.temp() / "new.stp"), "STEP");
+    EXPECT_EQ(output_format(folder.temp() / "new.doc"), "none");
 }
 
 TEST_F(Recognition, OfAnOutputFileTakesNoNoticeOfWhatIsAboutToBeReplaced)
@@ -130,8 +130,8 @@ TEST_F(Recognition, OfAnOutputFileTakesNoNoticeOfWhatIsAboutToBeReplaced)
 
 TEST_F(Recognition, FollowsALink)
 {
-    std::filesystem::create_symlink(write("part.txt", step_content), folder.temp().path("link"));
-    EXPECT_EQ(input_format(folder.temp().path("link")), "STEP");
+    std::filesystem::create_symlink(write("part.txt", step_content), folder.temp() / "link");
+    EXPECT_EQ(input_format(folder.temp() / "link"), "STEP");
 }
 
 TEST_F(Recognition, TakesNamesThatAreNotText)

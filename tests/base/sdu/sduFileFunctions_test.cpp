@@ -3,22 +3,22 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 
 class SduFiles : public testing::Test {
 protected:
-    utString path(std::string const & name) const { return utString(m_temp.path(name)); }
+    utString path(std::string const & name) const { return utString(m_temp / name); }
 
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
 };
 
 TEST_F(SduFiles, ChecksGiveSixForAFileAndSevenForADirectory)
 {
     m_temp.write("file", "");
     EXPECT_EQ(static_cast<int>(sdu_check_file_exists(path("file"))), 6);
-    EXPECT_EQ(static_cast<int>(sdu_check_directory_exists(utString(m_temp.path()))), 7);
-    EXPECT_NE(sdu_check_file_exists(utString(m_temp.path())), 6);
+    EXPECT_EQ(static_cast<int>(sdu_check_directory_exists(utString(m_temp.path().string()))), 7);
+    EXPECT_NE(sdu_check_file_exists(utString(m_temp.path().string())), 6);
     EXPECT_NE(sdu_check_directory_exists(path("file")), 7);
     EXPECT_EQ(sdu_check_file_exists(path("missing")), sduFileNotFound);
     EXPECT_EQ(sdu_check_directory_exists(path("missing")), sduFileNotFound);
@@ -28,8 +28,8 @@ TEST_F(SduFiles, ChecksGiveSixForAFileAndSevenForADirectory)
 TEST_F(SduFiles, ChecksFollowLinks)
 {
     m_temp.write("file", "");
-    std::filesystem::create_symlink("file", m_temp.path("link"));
-    std::filesystem::create_symlink("nowhere", m_temp.path("dangling"));
+    std::filesystem::create_symlink("file", m_temp / "link");
+    std::filesystem::create_symlink("nowhere", m_temp / "dangling");
     EXPECT_EQ(sdu_check_file_exists(path("link")), sduFileExists);
     EXPECT_EQ(sdu_check_file_exists(path("dangling")), sduFileNotFound);
 }
@@ -51,11 +51,11 @@ TEST_F(SduFiles, MakesADirectoryOrFindsIt)
 
 TEST_F(SduFiles, MakesADirectoryThatAnOrdinaryUserCanWriteTo)
 {
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     EXPECT_TRUE(as_ordinary_user([&] {
         return sdu_make_directory(path("made")) == sduFileDone &&
                sdu_make_directory(path("made/below")) == sduFileDone &&
-               std::filesystem::is_empty(m_temp.path("made/below"));
+               std::filesystem::is_empty(m_temp / "made/below");
     }));
 }
 
@@ -65,24 +65,24 @@ TEST_F(SduFiles, RemovesAFileAndNothingElse)
     EXPECT_EQ(sdu_remove_file(path("file")), sduFileDone);
     EXPECT_FALSE(m_temp.exists("file"));
     EXPECT_EQ(sdu_remove_file(path("file")), sduFileNotFound);
-    EXPECT_EQ(sdu_remove_file(utString(m_temp.path())), sduFileDirectoryExists);
+    EXPECT_EQ(sdu_remove_file(utString(m_temp.path().string())), sduFileDirectoryExists);
     EXPECT_EQ(sdu_remove_file(utString::make_invalid()), sduFileNotFound);
 }
 
 TEST_F(SduFiles, RemovesALinkAndLeavesWhatItPointsTo)
 {
     m_temp.write("file", "x");
-    std::filesystem::create_symlink("file", m_temp.path("link"));
+    std::filesystem::create_symlink("file", m_temp / "link");
     EXPECT_EQ(sdu_remove_file(path("link")), sduFileDone);
     EXPECT_EQ(m_temp.read("file"), "x");
 }
 
 TEST_F(SduFiles, TellsWhenTheSystemDoesNotAllowIt)
 {
-    std::filesystem::create_directory(m_temp.path("locked"));
+    std::filesystem::create_directory(m_temp / "locked");
     m_temp.write("locked/file", "x");
-    ASSERT_EQ(chmod(m_temp.path("locked").c_str(), 0555), 0);
-    ASSERT_EQ(chmod(m_temp.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod((m_temp / "locked").c_str(), 0555), 0);
+    ASSERT_EQ(chmod(m_temp.path().string().c_str(), 0755), 0);
     EXPECT_TRUE(as_ordinary_user([&] {
         return sdu_remove_file(path("locked/file")) == sduFileAccessDenied &&
                sdu_make_directory(path("locked/new")) == sduFileAccessDenied &&
@@ -101,7 +101,7 @@ TEST_F(SduFiles, CopiesTheContent)
     EXPECT_EQ(m_temp.read("to"), "content");
     EXPECT_EQ(sdu_copy_file(path("from"), path("from")), sduFileExists);
     EXPECT_EQ(m_temp.read("from"), "content");
-    EXPECT_EQ(sdu_copy_file(path("from"), utString(m_temp.path())), sduFileDirectoryExists);
+    EXPECT_EQ(sdu_copy_file(path("from"), utString(m_temp.path().string())), sduFileDirectoryExists);
 }
 
 TEST_F(SduFiles, SurvivePathsOfAnyLength)

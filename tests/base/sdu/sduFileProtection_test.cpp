@@ -6,14 +6,14 @@
 #include <thread>
 #include <vector>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 #include "sdu/sduFileFunctions.h"
 
 class FileProtection : public testing::Test {
 protected:
-    utString path(std::string const & name) const { return utString(m_temp.path(name)); }
+    utString path(std::string const & name) const { return utString(m_temp / name); }
 
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
     std::string m_file = m_temp.write("input", "geometry");
 };
 
@@ -30,9 +30,9 @@ TEST_F(FileProtection, KeepsTheFileForAsLongAsItLives)
 
 TEST_F(FileProtection, KeepsTheFileUnderEveryNameThatItHas)
 {
-    std::filesystem::create_directory(m_temp.path("below"));
-    std::filesystem::create_symlink(m_file, m_temp.path("soft"));
-    std::filesystem::create_hard_link(m_file, m_temp.path("hard"));
+    std::filesystem::create_directory(m_temp / "below");
+    std::filesystem::create_symlink(m_file, m_temp / "soft");
+    std::filesystem::create_hard_link(m_file, m_temp / "hard");
     sduFileProtection const protection(path("soft"));
     for (char const * name : {"input", "soft", "hard", "below/../input", ".//input"})
         EXPECT_EQ(sdu_remove_file(path(name)), sduFileProtected) << name;
@@ -100,7 +100,7 @@ TEST_F(FileProtection, KeepsTheFileFromBeingCopiedOver)
 TEST_F(FileProtection, FollowsTheFileAndNotItsName)
 {
     sduFileProtection const protection(path("input"));
-    std::filesystem::rename(m_file, m_temp.path("renamed"));
+    std::filesystem::rename(m_file, m_temp / "renamed");
     m_temp.write("input", "another file");
     EXPECT_EQ(sdu_remove_file(path("input")), sduFileDone);
     EXPECT_EQ(sdu_remove_file(path("renamed")), sduFileProtected);

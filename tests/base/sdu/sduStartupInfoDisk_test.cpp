@@ -5,8 +5,8 @@
 #include <thread>
 #include <vector>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 #include "sdu/sduStartupInfo.h"
 
 class StartupInfoDisk : public testing::Test {
@@ -18,14 +18,14 @@ protected:
         return info;
     }
 
-    TempDirectory m_temp;
-    std::string m_path = m_temp.path("startup.hrk");
+    kitTempFolder m_temp;
+    std::string m_path = m_temp / "startup.hrk";
 };
 
 TEST_F(StartupInfoDisk, MakesTheDirectoryForTheFirstSave)
 {
     sduStartupInfo info;
-    info.load(m_temp.path("a/b/startup.hrk").c_str());
+    info.load((m_temp / "a/b/startup.hrk").c_str());
     EXPECT_NE(info.using_defaults(), 0);
     info.add_field("a", "1");
     EXPECT_EQ(info.using_defaults(), 0);
@@ -35,7 +35,7 @@ TEST_F(StartupInfoDisk, MakesTheDirectoryForTheFirstSave)
 TEST_F(StartupInfoDisk, UsesDefaultsWhereTheDirectoryCannotBeWritten)
 {
     m_temp.write("startup.hrk", "a = 1\n");
-    ASSERT_EQ(chmod(m_temp.path().c_str(), 0555), 0);
+    ASSERT_EQ(chmod(m_temp.path().string().c_str(), 0555), 0);
     EXPECT_TRUE(as_ordinary_user([&] {
         auto info = loaded();
         bool const read = info.find_field("a") == utString("1") && info.using_defaults() != 0;
@@ -47,7 +47,7 @@ TEST_F(StartupInfoDisk, UsesDefaultsWhereTheDirectoryCannotBeWritten)
 
 TEST_F(StartupInfoDisk, RespectsAFileThatMayNotBeWritten)
 {
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     give_to_ordinary_user(m_temp.write("startup.hrk", "a = 1\n"));
     ASSERT_EQ(chmod(m_path.c_str(), 0444), 0);
     EXPECT_TRUE(as_ordinary_user([&] {
@@ -61,7 +61,7 @@ TEST_F(StartupInfoDisk, RespectsAFileThatMayNotBeWritten)
 
 TEST_F(StartupInfoDisk, NeverWritesOverAFileThatItCannotRead)
 {
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     give_to_ordinary_user(m_temp.write("startup.hrk", "a = 1\n"));
     ASSERT_EQ(chmod(m_path.c_str(), 0200), 0);
     EXPECT_TRUE(as_ordinary_user([&] {
@@ -87,7 +87,7 @@ TEST_F(StartupInfoDisk, UsesDefaultsForADirectoryInPlaceOfTheFile)
 TEST_F(StartupInfoDisk, KeepsTheOldFileWhenASaveIsCutShort)
 {
     std::string const old = "a = " + std::string(3000, 'x') + "\n";
-    give_to_ordinary_user(m_temp.path());
+    give_to_ordinary_user(m_temp.path().string());
     give_to_ordinary_user(m_temp.write("startup.hrk", old));
     EXPECT_TRUE(as_ordinary_user([&] {
         auto info = loaded();
@@ -104,7 +104,7 @@ TEST_F(StartupInfoDisk, KeepsTheOldFileWhenASaveIsCutShort)
 
 TEST_F(StartupInfoDisk, SavesThroughALink)
 {
-    std::filesystem::create_directory(m_temp.path("dotfiles"));
+    std::filesystem::create_directory(m_temp / "dotfiles");
     m_temp.write("dotfiles/settings", "a = 1\n");
     std::filesystem::create_symlink("dotfiles/settings", m_path);
     auto info = loaded();

@@ -3,15 +3,15 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 #include "sdu/sduStartupKeys.h"
 
 class StartupInfo : public testing::Test {
 protected:
     void load(sduStartupInfo & info) const { info.load(m_path.c_str()); }
 
-    TempDirectory m_temp;
-    std::string m_path = m_temp.path("startup.hrk");
+    kitTempFolder m_temp;
+    std::string m_path = m_temp / "startup.hrk";
 };
 
 TEST_F(StartupInfo, IsAnEmptyTableAtFirst)
@@ -145,7 +145,7 @@ TEST_F(StartupInfo, ReplacesItsTableByALoad)
     m_temp.write("startup.hrk", "a = 1\n");
     sduStartupInfo info;
     load(info);
-    info.load(m_temp.path("missing").c_str());
+    info.load((m_temp / "missing").c_str());
     EXPECT_TRUE(info.find_field("a").invalid());
     EXPECT_NE(info.using_defaults(), 0);
 }

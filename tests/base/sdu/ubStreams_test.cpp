@@ -4,13 +4,13 @@
 #include <locale>
 #include <string>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 class Streams : public testing::Test {
 protected:
-    utString path(std::string const & name) const { return utString(m_temp.path(name)); }
+    utString path(std::string const & name) const { return utString(m_temp / name); }
 
-    TempDirectory m_temp;
+    kitTempFolder m_temp;
 };
 
 TEST_F(Streams, WriteAFileUnderAnyName)
@@ -35,7 +35,7 @@ TEST_F(Streams, EmptyAnOldFileUnlessTheyAppend)
 TEST_F(Streams, TellWhenAFileCannotBeMade)
 {
     EXPECT_EQ(ubOFStream(path("missing/log"), 2).is_open(), 0);
-    EXPECT_EQ(ubOFStream(utString(m_temp.path()), 2).is_open(), 0);
+    EXPECT_EQ(ubOFStream(utString(m_temp.path().string()), 2).is_open(), 0);
     EXPECT_EQ(ubOFStream(utString("/" + std::string(4000, 'x')), 2).is_open(), 0);
     EXPECT_EQ(ubOFStream(utString::make_invalid(), 2).is_open(), 0);
 }
@@ -55,8 +55,8 @@ TEST_F(Streams, ReadLinesWithALimit)
 
 TEST_F(Streams, AreInAFailedStateWhenNothingCanBeRead)
 {
-    for (auto const & one :
-         {path("missing"), utString(m_temp.path()), utString("/" + std::string(4000, 'x')), utString()}) {
+    for (auto const & one : {path("missing"), utString(m_temp.path().string()),
+                             utString("/" + std::string(4000, 'x')), utString()}) {
         ubIFStream in(one, 1);
         EXPECT_EQ(in.is_open(), 0);
         EXPECT_NE(in.rdstate(), std::ios::goodbit);

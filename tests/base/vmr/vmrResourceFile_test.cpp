@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "OrdinaryUser.h"
-#include "TempDirectory.h"
+#include "kit/kitOrdinaryUser.h"
+#include "kit/kitTempFolder.h"
 #include "vmr/vmrTableInstance.h"
 
 #include <gmock/gmock.h>
@@ -16,16 +16,16 @@ class ResourceFile : public testing::Test {
 protected:
     void SetUp() override { m_table.set_value("a", "1"); }
 
-    TempDirectory m_directory;
+    kitTempFolder m_directory;
     coResourceTable m_table;
     std::vector<std::string> m_problems;
 };
 
 TEST_F(ResourceFile, IsWrittenWithNothingLeftBesideIt)
 {
-    EXPECT_NE(vmr_resource_save(m_directory.path("a.rsc"), &m_table), 0);
+    EXPECT_NE(vmr_resource_save(m_directory / "a.rsc", &m_table), 0);
     EXPECT_EQ(m_directory.count(), 1);
-    vmrTableInstance const loaded(m_directory.path("a.rsc").c_str());
+    vmrTableInstance const loaded((m_directory / "a.rsc").c_str());
     EXPECT_EQ(loaded.default_table()->value("a"), utString("1"));
 }
 
@@ -48,16 +48,16 @@ TEST_F(ResourceFile, KeepsItsPermissions)
 TEST_F(ResourceFile, IsReplacedBehindALinkAndTheLinkStays)
 {
     auto const target = m_directory.write("target.rsc", "");
-    std::filesystem::create_symlink(target, m_directory.path("link.rsc"));
-    EXPECT_NE(vmr_resource_save(m_directory.path("link.rsc"), &m_table), 0);
-    EXPECT_TRUE(std::filesystem::is_symlink(m_directory.path("link.rsc")));
+    std::filesystem::create_symlink(target, m_directory / "link.rsc");
+    EXPECT_NE(vmr_resource_save(m_directory / "link.rsc", &m_table), 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(m_directory / "link.rsc"));
     EXPECT_THAT(m_directory.read("target.rsc"), testing::HasSubstr("a = 1\n"));
 }
 
 TEST_F(ResourceFile, StaysAsItWasWhenItIsProtected)
 {
     auto const path = m_directory.write("a.rsc", "old = 1\n");
-    give_to_ordinary_user(m_directory.path());
+    give_to_ordinary_user(m_directory.path().string());
     give_to_ordinary_user(path);
     std::filesystem::permissions(path, std::filesystem::perms(0444));
     EXPECT_TRUE(as_ordinary_user([&] { return vmr_resource_save(path, &m_table) == 0; }));
@@ -67,16 +67,16 @@ TEST_F(ResourceFile, StaysAsItWasWhenItIsProtected)
 
 TEST_F(ResourceFile, IsNotWrittenWhereItCannotBe)
 {
-    EXPECT_EQ(vmr_resource_save(m_directory.path("none/a.rsc"), &m_table), 0);
-    EXPECT_EQ(vmr_resource_save(m_directory.path(), &m_table), 0);
+    EXPECT_EQ(vmr_resource_save(m_directory / "none/a.rsc", &m_table), 0);
+    EXPECT_EQ(vmr_resource_save(m_directory.path().string(), &m_table), 0);
     EXPECT_EQ(vmr_resource_save("", &m_table), 0);
-    EXPECT_EQ(vmr_resource_save(m_directory.path("a.rsc"), nullptr), 0);
+    EXPECT_EQ(vmr_resource_save(m_directory / "a.rsc", nullptr), 0);
     EXPECT_EQ(m_directory.count(), 0);
 }
 
 TEST_F(ResourceFile, MayHaveABackslashInItsName)
 {
-    EXPECT_NE(vmr_resource_save(m_directory.path("user\\Default"), &m_table), 0);
+    EXPECT_NE(vmr_resource_save(m_directory / "user\\Default", &m_table), 0);
     EXPECT_TRUE(m_directory.exists("user\\Default"));
 }
 
@@ -92,7 +92,7 @@ TEST_F(ResourceFile, NamesItselfAndTheLineOfAProblem)
 TEST_F(ResourceFile, CannotBeReadWhenItIsAbsentOrADirectory)
 {
     coResourceTable table;
-    for (auto const & path : {m_directory.path("none.rsc"), m_directory.path(), std::string()}) {
+    for (auto const & path : {m_directory / "none.rsc", m_directory.path().string(), std::string()}) {
         m_problems.clear();
         EXPECT_EQ(vmr_resource_load(path, table, m_problems), 0) << path;
         EXPECT_THAT(m_problems, ElementsAre(StartsWith(path + ": "))) << path;

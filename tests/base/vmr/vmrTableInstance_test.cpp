@@ -1,6 +1,6 @@
 #include "vmr/vmrTableInstance.h"
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 #include "vmr/vmrResourceFile.h"
 #include "vmrTestResources.h"
 
@@ -18,7 +18,7 @@ protected:
         m_file = m_directory.write("tst.rsc", "tstLevel = 5\ntstHeal = false\nother = x\n");
     }
 
-    TempDirectory m_directory;
+    kitTempFolder m_directory;
     std::string m_file;
 };
 
@@ -44,7 +44,7 @@ TEST_F(TableInstance, HoldsTheValuesOfItsFileAndNoOverrides)
 TEST_F(TableInstance, HasAnEmptyTableForAFileThatCannotBeRead)
 {
     vmrTableInstance instance(nullptr);
-    auto const missing = m_directory.path("none.rsc");
+    auto const missing = m_directory / "none.rsc";
     EXPECT_EQ(instance.initialise(missing), 0);
     EXPECT_FALSE(instance.invalid());
     EXPECT_EQ(instance.resource_file(), utString(missing));
@@ -128,11 +128,11 @@ TEST_F(TableInstance, SharesItsTablesInAShallowCopyAndNotItsName)
 {
     vmrTableInstance working(m_file.c_str());
     working.add_resource("tstLevel", "7");
-    vmrTableInstance mine(m_directory.path("mine.rsc").c_str());
+    vmrTableInstance mine((m_directory / "mine.rsc").c_str());
     mine.shallow_copy(working);
     EXPECT_EQ(mine.table(), working.table());
     EXPECT_EQ(mine.default_table(), working.default_table());
-    EXPECT_EQ(mine.resource_file(), utString(m_directory.path("mine.rsc")));
+    EXPECT_EQ(mine.resource_file(), utString(m_directory / "mine.rsc"));
     working.add_resource("tstLevel", "8");
     EXPECT_EQ(mine.effective_value("tstLevel"), utString("8"));
 }
@@ -234,7 +234,7 @@ TEST_F(TableInstance, ComesBackFromTheFileThatItsTableWasSavedTo)
 {
     vmrTableInstance first(m_file.c_str());
     first.default_table()->set_value("tstAuthor", "  a\nb\\ ");
-    auto const path = m_directory.path("saved.rsc");
+    auto const path = m_directory / "saved.rsc";
     ASSERT_NE(vmr_resource_save(path, first.default_table()), 0);
     vmrTableInstance const second(path.c_str());
     EXPECT_EQ(second.effective_values(), first.effective_values());
@@ -244,7 +244,7 @@ TEST_F(TableInstance, ComesBackFromTheFileThatItsTableWasSavedTo)
 
 TEST_F(TableInstance, ComesBackFromASavedTableOfAllDefaults)
 {
-    auto const path = m_directory.path("Default");
+    auto const path = m_directory / "Default";
     vmrResourceTableMark const mark;
     ASSERT_NE(vmr_resource_save(path, vmr_resource_table_inquire()), 0);
     vmrTableInstance const loaded(path.c_str());

@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <sys/wait.h>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 #include "vmr/vmrTableInstance.h"
 
 #include <gtest/gtest.h>
@@ -21,12 +21,12 @@ protected:
     {
         m_manifest = m_directory.write("manifest.json", m_text);
         auto const command = std::string(VMR_MAKE_RSC) + " '" + m_manifest + "' '" + format + "' '" +
-                             m_directory.path("out/sub") + "' 2>'" + m_directory.path("errors") + "'";
+                             (m_directory / "out/sub") + "' 2>'" + (m_directory / "errors") + "'";
         auto const status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
-    TempDirectory m_directory;
+    kitTempFolder m_directory;
     std::string m_text = manifest;
     std::string m_manifest;
 };
@@ -37,7 +37,7 @@ TEST_F(MakeRsc, WritesTheDefaultsOfAFormat)
 {
     EXPECT_EQ(run("TST"), 0);
     EXPECT_EQ(m_directory.read("errors"), "");
-    vmrTableInstance const table(m_directory.path("out/sub/tst.rsc").c_str());
+    vmrTableInstance const table((m_directory / "out/sub/tst.rsc").c_str());
     EXPECT_TRUE(table.problems().empty());
     EXPECT_EQ(table.default_table()->count(), 2);
     EXPECT_EQ(table.default_table()->value("mkLevel"), utString("3"));

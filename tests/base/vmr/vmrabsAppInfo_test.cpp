@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "TempDirectory.h"
+#include "kit/kitTempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -49,21 +49,21 @@ TEST(AppInfo, GivesTheSearchPathOfASubject)
 
 TEST(AppInfo, FindsAFileInTheFirstDirectoryThatHasIt)
 {
-    TempDirectory const first, second;
-    auto const path = utString(first.path() + "::" + second.path() + "/");
+    kitTempFolder const first, second;
+    auto const path = utString(first.path().string() + "::" + second.path().string() + "/");
     second.write("x.txt", "");
-    EXPECT_EQ(vmrabsAppInfo::find_file_in_path(path, "x.txt"), utString(second.path("x.txt")));
+    EXPECT_EQ(vmrabsAppInfo::find_file_in_path(path, "x.txt"), utString(second / "x.txt"));
     first.write("x.txt", "");
-    EXPECT_EQ(vmrabsAppInfo::find_file_in_path(path, "x.txt"), utString(first.path("x.txt")));
+    EXPECT_EQ(vmrabsAppInfo::find_file_in_path(path, "x.txt"), utString(first / "x.txt"));
 }
 
 TEST(AppInfo, FindsNoDirectoriesAndNothingThatIsAbsent)
 {
-    TempDirectory const directory;
-    std::filesystem::create_directory(directory.path("sub"));
-    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path(), "sub").invalid());
-    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path(), "none").invalid());
-    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path(), "").invalid());
+    kitTempFolder const directory;
+    std::filesystem::create_directory(directory / "sub");
+    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path().string(), "sub").invalid());
+    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path().string(), "none").invalid());
+    EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(directory.path().string(), "").invalid());
     EXPECT_TRUE(vmrabsAppInfo::find_file_in_path("", "sub").invalid());
     EXPECT_TRUE(vmrabsAppInfo::find_file_in_path(utString::make_invalid(), "sub").invalid());
 }

@@ -286,6 +286,14 @@ TEST_F(CommandLine, MakesADefaultFileForAMissingOne)
     EXPECT_EQ(parser->input_resource_file(), utString(installation() + "/share/vmr/resources/Default"));
 }
 
+TEST_F(CommandLine, WritesNothingWhenTheDefaultFileCannotBeMadeEither)
+{
+    std::filesystem::create_directories(installation() + "/share/vmr/resources/Default");
+    EXPECT_EQ(parse("IN -t BETA -o OUT -r nowhere.rsc"), 0);
+    EXPECT_TRUE(says("The resource file nowhere.rsc does not exist\n"));
+    EXPECT_TRUE(says("No output to file "));
+}
+
 TEST_F(CommandLine, OverridesResourcesOfTheInputBeforeTheOutputWord)
 {
     EXPECT_EQ(parse("IN -t BETA -res_opt alphaGreeting:moin vmrTolTriangulate3d:0.5 -o OUT"), 1);

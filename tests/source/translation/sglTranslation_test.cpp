@@ -3,6 +3,7 @@
 #include "sglNlsHelp.h"
 #include "sglProgressDialogBase.h"
 
+#include "ap/apPosixOperations.h"
 #include "kit/kitFormat.h"
 #include "kit/kitWrapper.h"
 
@@ -298,4 +299,14 @@ TEST_F(Driver, RecordsTheUseOfFormatsThatAreNoViewers)
     auto const reporter = app().analytics_reporter();
     EXPECT_EQ(reporter->num_read(apString(L"ALPHA")), 1);
     EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
+}
+
+TEST_F(Driver, DoesTheWorkItselfWhenTheSystemHasNoThreadToGive)
+{
+    struct NoThreads : apPosixProcessThreadOperations {
+        std::thread start_thread(std::function<void()>) const override { return {}; }
+    } const no_threads;
+    app().application_information()->services()->add_service(
+        sduPROCESSTHREADOPERATIONS, sduServicePtr<apIProcessThreadOperations const>(&no_threads));
+    EXPECT_EQ(outcome_of({s2sThreadCompleted, 3, 0}), "ok");
 }

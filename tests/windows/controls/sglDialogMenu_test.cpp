@@ -110,7 +110,7 @@ TEST_F(DialogMenu, KeepsItsFrameWhenTheMouseLeavesWhileTheMenuIsOpen)
 TEST_F(DialogMenu, RisesAndIsPressedFromTheKeyboard)
 {
     mouse_over(false);
-    m_menu->SetFocus();
+    focus(*m_menu);
     run_until([this] { return m_menu->HasFocus(); }, 20, "the focus");
     EXPECT_EQ(frame_shown(), Frame::raised);
     for (int const code : {WXK_SPACE, WXK_RETURN, WXK_DOWN})
@@ -122,9 +122,9 @@ TEST_F(DialogMenu, LosesItsFrameWithTheFocus)
 {
     auto * const text = new wxTextCtrl(m_panel, wxID_ANY, "", wxPoint(40, 100));
     mouse_over(false);
-    m_menu->SetFocus();
+    focus(*m_menu);
     run_until([this] { return m_menu->HasFocus(); }, 20, "the focus");
-    text->SetFocus();
+    focus(*text);
     run_until([text] { return text->HasFocus(); }, 20, "the focus elsewhere");
     EXPECT_EQ(frame_shown(), Frame::none);
 }

@@ -1,6 +1,8 @@
 #include "windows/kit/kitModal.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
+#include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 
@@ -36,7 +38,14 @@ void kitModal::expect_file(std::string const & path)
             ADD_FAILURE() << "not a file dialog";
             return static_cast<int>(wxID_CANCEL);
         }
-        files->SetPath(wxString::FromUTF8(path));
+        auto const chosen = wxString::FromUTF8(path);
+        files->SetPath(chosen);
+        // The dialog takes a path over in the course of an event loop.
+        auto * const loop = wxEventLoopBase::GetActive();
+        auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (files->GetPath() != chosen && std::chrono::steady_clock::now() < deadline)
+            loop->DispatchTimeout(10);
+        EXPECT_EQ(files->GetPath().utf8_string(), path);
         return static_cast<int>(wxID_OK);
     });
 }

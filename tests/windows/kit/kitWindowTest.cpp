@@ -147,7 +147,7 @@ wxFrame * kitWindowTest::show_frame(wxSize const & size)
 {
     auto * const frame = new wxFrame(nullptr, wxID_ANY, "test", wxDefaultPosition, size);
     frame->Show();
-    run_until([frame] { return frame->IsShownOnScreen(); }, 20, "the frame");
+    run_until([frame] { return frame->IsShownOnScreen() && frame->IsActive(); }, 20, "the frame");
     settle();
     return frame;
 }
@@ -161,7 +161,7 @@ int kitWindowTest::show_modal(wxDialog & dialog, std::function<void()> const & s
     });
     limit.StartOnce(seconds * 1000);
     dialog.CallAfter([&] {
-        run_until([&] { return dialog.IsShownOnScreen(); }, 20, "the dialog");
+        run_until([&] { return dialog.IsShownOnScreen() && dialog.IsActive(); }, 20, "the dialog");
         settle();
         script();
     });
@@ -177,6 +177,16 @@ void kitWindowTest::press(wxWindow & parent, char const * id)
     wxCommandEvent event(wxEVT_BUTTON, button->GetId());
     event.SetEventObject(button);
     button->ProcessWindowEvent(event);
+}
+
+void kitWindowTest::focus(wxWindow & window)
+{
+    auto * const top = dynamic_cast<wxTopLevelWindow *>(wxGetTopLevelParent(&window));
+    run_until([top] { return top->IsActive(); }, 20, "the window to be the active one");
+    window.SetFocus();
+    run_until([&] { return window.HasFocus() || window.IsDescendant(wxWindow::FindFocus()); }, 20,
+              "the focus");
+    settle();
 }
 
 void kitWindowTest::click(wxWindow & window)

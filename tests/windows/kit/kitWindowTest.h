@@ -47,6 +47,7 @@ protected:
 
     /// What the toolkit sends when a button is pressed.
     static void press(wxWindow & parent, char const * id);
+    static void focus(wxWindow & window); ///< and waits until keys reach it
     static void click(wxWindow & window); ///< a click of the mouse in its middle
     static void type(char const * text);  ///< keys, to what has the focus
     static void key(int code, int modifiers = 0);

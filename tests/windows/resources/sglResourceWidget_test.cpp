@@ -166,7 +166,7 @@ TEST_F(Widgets, EditCountsWhenTheFieldLosesTheFocus)
     type("0.125");
     run_until([box] { return box->GetValue() == "0.125"; }, 20, "the keys");
     EXPECT_EQ(applied(triangulate), ""); // not while it is being typed
-    control<sglResourceCheckBox>()->SetFocus();
+    focus(*control<sglResourceCheckBox>());
     run_until([box] { return !box->HasFocus(); }, 20, "the other focus");
     EXPECT_EQ(applied(triangulate), "0.125");
 }
@@ -177,7 +177,7 @@ TEST_F(Widgets, PressOfTheDefaultButtonTakesWhatWasTyped)
     add<sglResourceEditWidget>(tolerance, row);
     show();
     auto * const box = control<sglResourceEditBox>();
-    box->SetFocus();
+    focus(*box);
     run_until([box] { return box->HasFocus(); }, 20, "the focus");
     box->ChangeValue("0.125");
     press(panel(), "IDC_OPTIONS_OK");
@@ -254,7 +254,7 @@ TEST_F(Widgets, FieldThatGoesWithItsPageTellsNobody)
     add<sglResourceEditWidget>(tolerance, row);
     show();
     auto * const box = control<sglResourceEditBox>();
-    box->SetFocus();
+    focus(*box);
     run_until([box] { return box->HasFocus(); }, 20, "the focus");
     box->ChangeValue("x");
     kitModal boxes;
@@ -311,8 +311,7 @@ TEST_F(Widgets, ListShowsTheSecondTextsAndStoresTheFirst)
     EXPECT_EQ(box->GetCount(), 3U);
     EXPECT_EQ(box->GetStringSelection(), "the mm");
     EXPECT_TRUE(box->HasFlag(wxCB_READONLY));
-    box->SetFocus();
-    settle();
+    focus(*box);
     key(WXK_DOWN);
     run_until([box] { return box->GetStringSelection() == "the cm"; }, 20, "the selection");
     EXPECT_EQ(applied("vmrOptOutputUnits"), "cm");

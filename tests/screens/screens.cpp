@@ -1,0 +1,33 @@
+#include "screens/screens.h"
+
+#include <wx/utils.h>
+
+namespace fs = std::filesystem;
+
+void Screens::picture(wxWindow & window, std::string const & name)
+{
+    settle();
+    char const * const folder = std::getenv("VMR_SCREENS");
+    ASSERT_TRUE(folder) << "VMR_SCREENS names no folder";
+    auto const file = fs::path(folder) / (name + ".png");
+    double const scale = wxGetTopLevelParent(&window)->GetContentScaleFactor();
+    // The window manager draws its frame around what the toolkit calls the window.
+    wxRect const inner = wxGetTopLevelParent(&window)->GetScreenRect();
+    int const side = 6, top = 30;
+    auto const pixels = [scale](int value) {
+        return std::to_string(static_cast<int>(std::max(0, value) * scale));
+    };
+    std::string const region = pixels(inner.width + 2 * side) + "x" + pixels(inner.height + top + side) +
+                               "+" + pixels(inner.x - side) + "+" + pixels(inner.y - top);
+    std::string const path = file.string();
+    char const * const command[] = {"maim", "-u", "-g", region.c_str(), path.c_str(), nullptr};
+    EXPECT_EQ(wxExecute(command, wxEXEC_SYNC | wxEXEC_NOEVENTS), 0) << region;
+}
+
+std::string Screens::sample(std::string const & sample_name, std::string const & name)
+{
+    auto const copy = fs::path(folder() / name);
+    fs::copy_file("/usr/share/opencascade/data/step/" + sample_name, copy,
+                  fs::copy_options::overwrite_existing);
+    return copy.string();
+}

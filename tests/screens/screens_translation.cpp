@@ -1,0 +1,57 @@
+#include "screens/screens.h"
+#include "sglReportDialog.h"
+
+#include <atomic>
+
+TEST_F(Screens, ProgressWhileReading)
+{
+    kitRequest request;
+    fill(request, 0, folder().write("gearbox housing.step", "x"), folder() / "gearbox housing.igs");
+    kitDialog dialog(info(), frame(), nullptr);
+    std::atomic<bool> seen = false;
+    request.at_work = [&](s2sThreadComm & channel, int) {
+        channel.currentFile(utString(folder() / "gearbox housing.step"), s2sReadWriteReading);
+        channel.set_progress(40);
+        say(dialog, "IDC_PROGRESS_OUTPUT", "Length unit of the file is millimetre\n");
+        while (!seen)
+            std::this_thread::yield();
+    };
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run(request, dialog, [&] {
+        run_until([&] { return find<wxGauge>(dialog, "IDC_PROGRESS_PROGRESS")->GetValue() == 40; });
+        picture(dialog, "progress-reading");
+        dialog.hide_details();
+        picture(dialog, "progress-without-details");
+        dialog.show_details();
+        seen = true;
+        wait_for_end(dialog);
+        press(dialog, "IDC_PROGRESS_OK");
+    });
+}
+
+TEST_F(Screens, ProgressAtTheEndOfARealTranslation)
+{
+    sglTranslation request;
+    fill(request, 0, sample("linkrods.step", "linkrods.step"), folder() / "linkrods.igs");
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] { picture(dialog, "progress-end"); });
+}
+
+TEST_F(Screens, ProgressAfterAFailure)
+{
+    sglTranslation request;
+    fill(request, 0, folder().write("cut off.step", "ISO-10303-21;\nHEADER;\n"), folder() / "cut off.igs");
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] { picture(dialog, "progress-failure"); });
+
+    sglReportDialog report(frame());
+    show_modal(report, [&] {
+        picture(report, "report");
+        press(report, "IDC_REPORT_OK");
+    });
+}
