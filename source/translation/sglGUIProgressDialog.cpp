@@ -6,6 +6,7 @@
 #include "sglEdit.h"
 #include "sglResourceString.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <climits>
@@ -121,7 +122,7 @@ void sglGUIProgressDialog::fileLabel(utString const & file)
 
 void sglGUIProgressDialog::show_file(utString const & file)
 {
-    wxString const text = wxtStringConverter::to_wx(file);
+    wxString const text = sgl_shown_text(wxtStringConverter::to_wx(file));
     // A tooltip that is set anew on every tick would never stay on the screen.
     if (text == m_file_label->GetLabelText())
         return;

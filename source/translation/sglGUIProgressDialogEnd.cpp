@@ -11,6 +11,7 @@
 #include "sglTDOstreamDisplayer.h"
 #include "sglTranslation.h"
 
+#include "controls/sglShownText.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -27,7 +28,7 @@ constexpr int fatal_end = 9; // the modal result after a fatal error
 
 void tell(wxWindow * parent, utString const & text, long style)
 {
-    wxMessageBox(wxtStringConverter::to_wx(text),
+    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(text)),
                  wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), style, parent);
 }
 

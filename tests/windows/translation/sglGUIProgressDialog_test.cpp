@@ -393,3 +393,20 @@ TEST_F(ProgressDialog, StaysAliveWhileAHundredThousandMessagesArrive)
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), messages);
     EXPECT_TRUE(text.ends_with("message 99999 of the translator\r\n"));
 }
+
+TEST_F(ProgressDialog, ShowsFileNamesThatAreNotUtf8)
+{
+    kitRequest request;
+    std::string const input = folder().write("part \xff.step", "input");
+    fill(request, 0, input, folder() / "part.igs");
+    request.outcomes = {{s2sThreadReadError, 0, 0}};
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] {
+        auto const shown = find<wxStaticText>(dialog, "IDC_PROGRESS_FILE_NAME")->GetLabelText();
+        EXPECT_TRUE(shown.EndsWith(L"part \xFFFD.step")) << shown;
+    });
+    EXPECT_THAT(boxes.said()[0], testing::EndsWith("part \xEF\xBF\xBD.step"));
+    EXPECT_EQ(last_record().input_file(0), utString(input));
+}
