@@ -1,6 +1,8 @@
 #include "screens/screens.h"
 
-#include <wx/utils.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -21,7 +23,11 @@ void Screens::picture(wxWindow & window, std::string const & name)
                                "+" + pixels(inner.x - side) + "+" + pixels(inner.y - top);
     std::string const path = file.string();
     char const * const command[] = {"maim", "-u", "-g", region.c_str(), path.c_str(), nullptr};
-    EXPECT_EQ(wxExecute(command, wxEXEC_SYNC | wxEXEC_NOEVENTS), 0) << region;
+    pid_t child = 0;
+    ASSERT_EQ(posix_spawnp(&child, command[0], nullptr, nullptr, const_cast<char **>(command), environ), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << region;
 }
 
 std::string Screens::sample(std::string const & sample_name, std::string const & name)
