@@ -1,0 +1,386 @@
+#include "windows/resources/kitResources.h"
+
+#include <wx/listbox.h>
+
+namespace {
+
+using ResourceFiles = kitResourcesTest;
+
+/// Presses a button of the export dialog once it is there.
+void answer_export_dialog(char const * button)
+{
+    wxTheApp->CallAfter([button] {
+        for (wxWindow * const window : wxTopLevelWindows)
+            if (auto * const pressed = window->FindWindow(wxXmlResource::GetXRCID(button))) {
+                wxCommandEvent event(wxEVT_BUTTON, pressed->GetId());
+                pressed->ProcessWindowEvent(event);
+                return;
+            }
+        ADD_FAILURE() << "no export dialog";
+    });
+}
+
+char const question[] = "Warning : This will affect any future translations involving this format.\n"
+                        "Do you want to continue ?";
+
+} // namespace
+
+TEST_F(ResourceFiles, SavedOverTheInstallationFileBecomeTheUsersCopy)
+{
+    auto const before = read(installed());
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        kitModal boxes;
+        boxes.expect_message(wxID_YES);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{question});
+    });
+    EXPECT_EQ(read(installed()), before);
+    EXPECT_EQ(value_in(utString(user_copy()), "stepWriteNames"), "false");
+    EXPECT_EQ(value_in(utString(user_copy()), "stepWriteSchema"), "AP214") << "the set is complete";
+    EXPECT_EQ(dialog.working_table().resource_file(), utString(user_copy()));
+    EXPECT_EQ(app().rsc_dir(m_step->resource_file_name()), utString(user_copy()));
+}
+
+TEST_F(ResourceFiles, AreNotSavedWhenTheUsersDirectoryCannotBeMade)
+{
+    std::filesystem::create_directories(user_folder());
+    std::ofstream(user_resources()) << "a file in its place";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{"Unable to create directory " + user_resources() +
+                                                         ".\nPlease check your user permissions."});
+        EXPECT_TRUE(boxes.styles()[0] & wxICON_WARNING);
+        EXPECT_FALSE(save_is_enabled(dialog));
+        EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "false");
+    });
+}
+
+TEST_F(ResourceFiles, AreSavedAsANewFileWithoutAQuestionAndTheDialogStaysOnTheOld)
+{
+    auto const target = folder() / "mine.rsc";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        toggle(dialog, "Colours"); // not applied, not saved
+        kitModal boxes;
+        boxes.expect_file(target);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{});
+        EXPECT_EQ(dialog.GetTitle(), "Output Resources - step.rsc");
+        EXPECT_EQ(dialog.working_table().resource_file(), installed());
+        EXPECT_TRUE(save_is_enabled(dialog));
+    });
+    EXPECT_EQ(value_in(utString(target), "stepWriteNames"), "false");
+    EXPECT_EQ(value_in(utString(target), "stepWriteColours"), "true");
+    EXPECT_TRUE(std::filesystem::is_directory(user_resources())) << "made for the dialog to begin in";
+}
+
+TEST_F(ResourceFiles, AreSavedOverAFormatsDefaultFileAfterAQuestionOnly)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_copy()) << "stepWriteNames = true\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        {
+            kitModal boxes;
+            boxes.expect_file(user_copy());
+            boxes.expect_message(wxID_NO);
+            choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+            EXPECT_EQ(boxes.said(), std::vector<std::string>{question});
+        }
+        EXPECT_EQ(read(utString(user_copy())), "stepWriteNames = true\n");
+        kitModal boxes;
+        boxes.expect_file(user_copy());
+        boxes.expect_message(wxID_YES);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+    });
+    EXPECT_EQ(value_in(utString(user_copy()), "stepWriteNames"), "false");
+}
+
+TEST_F(ResourceFiles, OfTheNameOfADefaultFileStayEmptyWhenTheAnswerIsNo)
+{
+    std::filesystem::create_directories(user_resources());
+    kitResources dialog(m_table, m_step);
+    kitModal boxes;
+    boxes.expect_message(wxID_NO);
+    dialog.Save(utString(user_copy()));
+    EXPECT_EQ(std::filesystem::file_size(user_copy()), 0u);
+}
+
+TEST_F(ResourceFiles, AreDefaultFilesWhateverLinkLeadsToThem)
+{
+    kitResources const dialog(m_table, m_step);
+    auto const link = folder() / "link.rsc";
+    std::filesystem::create_symlink(installed().str(), link);
+    EXPECT_TRUE(dialog.is_default_rsc_file(installed()));
+    EXPECT_TRUE(dialog.is_default_rsc_file(utString(link)));
+    EXPECT_FALSE(dialog.is_default_rsc_file(utString(folder().write("other.rsc", ""))));
+    EXPECT_FALSE(dialog.is_default_rsc_file(utString(folder() / "not-there.rsc")));
+}
+
+TEST_F(ResourceFiles, AreLoadedWithoutAQuestionWhenNothingWasApplied)
+{
+    auto const custom = folder().write("custom.rsc", "stepWriteColours = false\n");
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        kitModal boxes;
+        boxes.expect_file(custom);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{});
+        EXPECT_TRUE(check_box(dialog, "Names")->GetValue()) << "the edit is gone";
+        EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
+        EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(custom));
+        press(dialog, "IDC_OPTIONS_OK");
+    });
+    EXPECT_EQ(m_table.resource_file(), utString(custom));
+    EXPECT_EQ(value(m_table, "stepWriteColours"), "false");
+}
+
+TEST_F(ResourceFiles, AreLoadedOverAppliedChangesAfterAQuestionOnly)
+{
+    auto const custom = folder().write("custom.rsc", "stepWriteColours = false\n");
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        {
+            kitModal boxes;
+            boxes.expect_file(custom);
+            boxes.expect_message(wxID_NO);
+            choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+            EXPECT_EQ(boxes.said(),
+                      std::vector<std::string>{
+                          "Some resource values have been altered. Is it ok to lose these changes?"});
+            EXPECT_EQ(dialog.working_table().resource_file(), installed());
+        }
+        kitModal boxes;
+        boxes.expect_file(custom);
+        boxes.expect_message(wxID_YES);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        EXPECT_EQ(dialog.working_table().resource_file(), utString(custom));
+        EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "true");
+    });
+}
+
+TEST_F(ResourceFiles, StayAsTheyAreWhenTheFileDialogIsCancelled)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect_file_cancelled();
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        boxes.expect_file_cancelled();
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+        EXPECT_EQ(dialog.working_table().resource_file(), installed());
+    });
+}
+
+TEST_F(ResourceFiles, OfTheFormatAreLoadedFromTheUsersCopyBeforeTheInstallation)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_copy()) << "stepWriteNames = false\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_DEFAULT");
+        EXPECT_EQ(dialog.working_table().resource_file(), utString(user_copy()));
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
+        EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(user_copy()));
+    });
+    EXPECT_EQ(value(m_table, "stepWriteNames"), "true");
+}
+
+TEST_F(ResourceFiles, AreGoneBackToWhenChangesAreScrapped)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        toggle(dialog, "Colours");
+        choose_menu(dialog, "IDM_OPTIONS_SCRAP_CHANGES");
+        EXPECT_TRUE(check_box(dialog, "Names")->GetValue());
+        EXPECT_TRUE(check_box(dialog, "Colours")->GetValue());
+        EXPECT_FALSE(dialog.working_table().modified());
+        EXPECT_TRUE(dialog.IsModal()) << "no button of the dialog was pressed";
+        EXPECT_TRUE(save_is_enabled(dialog)) << "Scrap Changes leaves it";
+    });
+}
+
+TEST_F(ResourceFiles, OfTheUserAreRemovedByAFactoryResetAndTheCallerHasIt)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_copy()) << "stepWriteNames = false\n";
+    m_table.initialise(utString(user_copy()));
+    kitResources dialog(m_table, m_frame, m_step);
+    EXPECT_EQ(show(dialog,
+                   [&] {
+                       kitModal boxes;
+                       boxes.expect_message(wxID_NO);
+                       choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
+                       EXPECT_TRUE(std::filesystem::exists(user_copy()));
+                       boxes.expect_message(wxID_YES);
+                       choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
+                       EXPECT_EQ(boxes.said(), (std::vector<std::string>{question, question}));
+                       EXPECT_TRUE(check_box(dialog, "Names")->GetValue());
+                       EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(installed().c_str()));
+                   }),
+              wxID_CANCEL);
+    EXPECT_FALSE(std::filesystem::exists(user_copy()));
+    EXPECT_EQ(m_table.resource_file(), installed());
+    EXPECT_EQ(value(m_table, "stepWriteNames"), "true");
+}
+
+TEST_F(ResourceFiles, ElsewhereStayAfterAFactoryReset)
+{
+    auto const custom = folder().write("step.rsc", "stepWriteNames = false\n");
+    m_table.initialise(utString(custom));
+    kitResources dialog(m_table, m_step);
+    EXPECT_EQ(dialog.do_on_factory_settings(), 0);
+    EXPECT_TRUE(std::filesystem::exists(custom));
+    EXPECT_EQ(value(m_table, "stepWriteNames"), "true");
+}
+
+TEST_F(ResourceFiles, CanBeSavedOnceSomethingWasAppliedAndNotAgainAfterwards)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        EXPECT_FALSE(save_is_enabled(dialog));
+        toggle(dialog, "Names");
+        EXPECT_FALSE(save_is_enabled(dialog));
+        press(dialog, "IDC_OPTIONS_APPLY");
+        EXPECT_TRUE(save_is_enabled(dialog));
+        kitModal boxes;
+        boxes.expect_message(wxID_YES);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_FALSE(save_is_enabled(dialog));
+    });
+}
+
+TEST_F(ResourceFiles, AreOverlaidByAnExportSystem)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_resources() + "/export_overrides.txt")
+        << "Milling\nstepWriteColours False\nstlWriteForm text\nnoSuchResource 1\n#\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        toggle(dialog, "Layers");
+        EXPECT_TRUE(save_is_enabled(dialog));
+        answer_export_dialog("IDC_EXPORTTO_OK");
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue()) << "an override of before stays";
+        EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
+        EXPECT_TRUE(check_box(dialog, "Layers")->GetValue()) << "an edit that was not applied is lost";
+        EXPECT_TRUE(has_override(dialog.working_table(), "stepWriteColours"));
+        EXPECT_FALSE(has_override(dialog.working_table(), "noSuchResource"));
+        press(dialog, "IDC_OPTIONS_OK");
+    });
+    EXPECT_EQ(value(m_table, "stepWriteColours"), "false");
+    EXPECT_EQ(value_in(installed(), "stepWriteColours"), "true") << "nothing is written";
+}
+
+TEST_F(ResourceFiles, CanBeSavedAfterAnExportSystemWithoutOverridesToo)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_resources() + "/export_overrides.txt") << "As it is\n#\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        answer_export_dialog("IDC_EXPORTTO_CANCEL");
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_FALSE(save_is_enabled(dialog));
+        answer_export_dialog("IDC_EXPORTTO_OK");
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_TRUE(save_is_enabled(dialog));
+        EXPECT_FALSE(dialog.working_table().modified());
+    });
+}
+
+TEST_F(ResourceFiles, StayWhenThereIsNoExportSystemToBeHad)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_resources() + "/export_overrides.txt") << "# no name\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{"Error : Unable to read export options file."});
+    });
+}
+
+TEST_F(ResourceFiles, ThatAreCutOffOrHoldNonsenseAreUsedAsFarAsTheyGo)
+{
+    auto const custom =
+        folder().write("custom.rsc", "stepWriteNames = false\nnoSuchResource = 7\n"
+                                     "stepWritePrecision = much\n\x01\xFF\x00rubbish\nstepWriteCol");
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect_file(custom);
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        EXPECT_NE(boxes.said().at(0).find(custom), std::string::npos);
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
+        EXPECT_EQ(value(dialog.working_table(), "stepWritePrecision"), "0.0001");
+        EXPECT_EQ(value(dialog.working_table(), "stepWriteColours"), "true");
+    });
+}
+
+TEST_F(ResourceFiles, KeepTheValuesOfTranslatorsThatAreNotLoaded)
+{
+    auto const custom = folder().write("custom.rsc", "otherOption = 7\nstepWriteNames = false\n");
+    kitResources dialog(m_table, m_step);
+    dialog.Load(utString(custom));
+    utString const target(folder() / "copy.rsc");
+    dialog.Save(target);
+    EXPECT_EQ(value_in(target, "otherOption"), "7");
+    EXPECT_EQ(value_in(target, "stepWriteNames"), "false");
+}
+
+TEST_F(ResourceFiles, ThatCannotBeWrittenStayAndTheChangesToo)
+{
+    auto const custom = folder().write("custom.rsc", "stepWriteNames = true\n");
+    m_table.initialise(utString(custom));
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        // A directory has taken the place of the file while the dialog was open.
+        std::filesystem::remove(custom);
+        std::filesystem::create_directory(custom);
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_EQ(boxes.said(), std::vector<std::string>{"The file " + custom + " could not be written."});
+        EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "false");
+    });
+    EXPECT_TRUE(std::filesystem::is_directory(custom));
+}
+
+TEST_F(ResourceFiles, ReplacedWhileTheDialogIsOpenAreSavedWithWhatTheDialogShows)
+{
+    auto const custom = folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = true\n");
+    m_table.initialise(utString(custom));
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        folder().write("custom.rsc", "stepWriteColours = false\n");
+        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_TRUE(check_box(dialog, "Colours")->GetValue());
+    });
+    EXPECT_EQ(value_in(utString(custom), "stepWriteNames"), "false");
+    EXPECT_EQ(value_in(utString(custom), "stepWriteColours"), "true");
+}
