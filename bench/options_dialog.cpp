@@ -10,7 +10,6 @@
 #include "sglOptionsDialog.h"
 #include "sglResourceDialogBuilder.h"
 #include "sglResourceOptionsPage.h"
-#include "sglXrcHandlers.h"
 #include "vmr/vmrResourceFile.h"
 #include "vmr/vmrResourceRegistry.h"
 #include "vmr/vmrTableInstance.h"
@@ -296,7 +295,6 @@ int main(int argc, char ** argv)
     app->pre_splash_screen_init();
     if (!app->run_on_init())
         return 1;
-    sgl_add_xrc_handlers(*wxXmlResource::Get());
     wxEventLoop loop;
     wxEventLoopActivator const active(&loop);
     Bench(pages, rows).run();

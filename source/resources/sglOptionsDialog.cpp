@@ -1,8 +1,8 @@
 #include "sglOptionsDialog.h"
 
+#include "sglCaptionText.h"
 #include "sglDialog.h"
 #include "sglOptionsPage.h"
-#include "sglReadableColour.h"
 #include "sglResourceDialogTreeData.h"
 
 #include "wxt/wxtStringConverter.h"
@@ -188,7 +188,7 @@ void sglOptionsDialog::draw_caption_text(wxDC & dc, wxRect const & bar) const
         return;
     auto const * const page = active_page();
     wxString const text = page ? wxtStringConverter::to_wx(page->name()) : wxString();
-    wxDCFontChanger const font(dc, m_caption_font);
+    wxDCFontChanger const font(dc, sgl_fitting_font(dc, m_caption_font, text, bar.height));
     dc.SetTextForeground(sgl_readable_colour(wxSystemSettings::GetColour(wxSYS_COLOUR_INACTIVECAPTION),
                                              wxSystemSettings::GetColour(wxSYS_COLOUR_CAPTIONTEXT)));
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
