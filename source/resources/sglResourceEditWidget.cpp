@@ -8,13 +8,13 @@
 
 #include <wx/stattext.h>
 
-wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl) EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
-    wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl)
+    EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
+wxEND_EVENT_TABLE()
 
-        namespace
-{
+namespace {
 
-    constexpr int edit_width = 70;
+constexpr int edit_width = 70;
 
 } // namespace
 
