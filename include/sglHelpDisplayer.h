@@ -18,11 +18,15 @@ public:
     void show_help();
     void show_help(utString const & topic); ///< a page below "substituted/" in the book
 
+    /// Opens a book, once: one that is opened again would stand in the contents twice. The toolkit's own
+    /// operation of this name opens nothing.
+    bool LoadFile(wxString const & file) override;
+
 protected:
     int load_file(); ///< zero, with a message, when there is no book
 
 private:
     utString m_file = "vmrdoc.htb";
-    utString m_loaded;
+    wxString m_loaded;
     sglApp const * m_app;
 };

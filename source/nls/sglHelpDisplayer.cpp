@@ -5,6 +5,7 @@
 
 #include "wxt/wxtStringConverter.h"
 
+#include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/msgdlg.h>
@@ -47,11 +48,15 @@ int sglHelpDisplayer::load_file()
         sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
         return 0;
     }
-    // A book that is loaded again would stand in the contents twice.
-    if (utString const book(path.utf8()); m_loaded != book) {
-        read_archives();
-        LoadFile(wxtStringConverter::to_wx(book));
-        m_loaded = book;
-    }
+    LoadFile(wxtStringConverter::to_wx(utString(path.utf8())));
     return 1;
+}
+
+bool sglHelpDisplayer::LoadFile(wxString const & file)
+{
+    if (file == m_loaded)
+        return true;
+    m_loaded = file;
+    read_archives();
+    return AddBook(wxFileName(file));
 }
