@@ -1,10 +1,10 @@
 #include "sglHelpDisplayer.h"
 
-#include "windows/kit/kitWindowTest.h"
+#include "windows/resources/kitResources.h"
 
 #include <wx/filename.h>
 #include <wx/html/helpdata.h>
-#include <wx/html/helpfrm.h>
+#include <wx/html/helpdlg.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlwin.h>
 #include <wx/wfstream.h>
@@ -38,26 +38,27 @@ public:
     std::vector<std::string> asked;
 };
 
-class Help : public kitWindowTest {
+class Help : public kitResourcesTest {
 protected:
     void SetUp() override
     {
-        kitWindowTest::SetUp();
+        kitResourcesTest::SetUp();
         m_directory = app().file_locator().search_path(sdbHRKDirectory::help).directories().front().utf8();
         m_made_directory = std::filesystem::create_directories(m_directory);
         m_book = m_directory + "/test-book.htb";
     }
     void TearDown() override
     {
-        kitWindowTest::TearDown();
+        kitResourcesTest::TearDown();
         std::filesystem::remove(m_book);
         if (m_made_directory)
             std::filesystem::remove(m_directory);
     }
 
-    void write_book() const
+    void write_book() const { write_book(m_book); }
+    static void write_book(std::string const & path)
     {
-        wxFFileOutputStream file(m_book);
+        wxFFileOutputStream file(path);
         wxZipOutputStream archive(file);
         auto const add = [&](char const * name, std::string const & text) {
             archive.PutNextEntry(name);
@@ -107,9 +108,8 @@ TEST_F(Help, OnATopicIsLookedUpBelowTheSubstitutedPages)
 TEST_F(Help, OpensARealBookAtAPage)
 {
     write_book();
-    wxFrame * const frame = show_frame();
     {
-        sglHelpDisplayer help(&app(), frame);
+        sglHelpDisplayer help(&app(), m_frame);
         help.set_help_file("test-book.htb");
         help.show_help("values.htm");
         ASSERT_TRUE(help.GetHelpWindow());
@@ -119,4 +119,43 @@ TEST_F(Help, OpensARealBookAtAPage)
         EXPECT_EQ(help.GetHelpData()->GetBookRecArray().size(), 1u);
     }
     settle();
+}
+
+TEST_F(Help, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
+{
+    std::string const book = m_directory + "/vmrdoc.htb";
+    bool const installed_book = std::filesystem::exists(book);
+    if (!installed_book)
+        write_book(book);
+    auto const help_window = []() -> wxHtmlHelpDialog * {
+        for (wxWindow * const window : wxTopLevelWindows)
+            if (auto * const help = dynamic_cast<wxHtmlHelpDialog *>(window); help && help->IsShown())
+                return help;
+        return nullptr;
+    };
+    kitResources dialog(m_table, m_frame, m_step);
+    EXPECT_EQ(show(dialog,
+                   [&] {
+                       // Twice: the window is made anew. It keeps the user's events from the dialog
+                       // meanwhile.
+                       for (int time = 0; time < 2; ++time) {
+                           bool seen = false;
+                           wxTheApp->CallAfter([&] {
+                               run_until([&] { return help_window() != nullptr; }, 20, "the help");
+                               settle();
+                               seen = help_window() != nullptr;
+                               if (seen)
+                                   help_window()->Close();
+                           });
+                           press(dialog, "IDC_OPTIONS_HELP");
+                           EXPECT_TRUE(seen);
+                           settle();
+                           for (wxWindow * const window : wxTopLevelWindows)
+                               EXPECT_FALSE(dynamic_cast<wxHtmlHelpDialog *>(window)) << "is left";
+                       }
+                       click(*find<wxButton>(dialog, "IDC_OPTIONS_OK"));
+                   }),
+              wxID_OK);
+    if (!installed_book)
+        std::filesystem::remove(book);
 }
