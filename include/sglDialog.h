@@ -30,8 +30,8 @@ int sglTranslateWndText(char const * domain, wxWindow * window, int recursive);
 /// needs no permission for that, so the scope changes nothing here.
 class sglThreadFocus {
 public:
-    sglThreadFocus() = default;
-    ~sglThreadFocus() = default;
+    sglThreadFocus() {} // not defaulted: a scope that nothing else uses is no mistake
+    ~sglThreadFocus() {}
     sglThreadFocus(sglThreadFocus const &) = delete;
     sglThreadFocus & operator=(sglThreadFocus const &) = delete;
 };

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <wx/dialog.h>
 #include <wx/html/helpctrl.h>
+#include <wx/weakref.h>
 
 #include "ut/utString.h"
 
 class sglApp;
 
 /// Opens the program's help book, which is an archive of HTML pages in the directory of the help files, at
-/// its contents or at a topic. The help window lives as long as this. Graphical thread.
+/// its contents or at a topic. Over a modal dialog the help is a dialog too, and showing it ends when the
+/// user closes it; otherwise it is a window that lives as long as this. Graphical thread.
 class sglHelpDisplayer : public wxHtmlHelpController {
 public:
     sglHelpDisplayer(sglApp const * app, wxWindow * parent); ///< the parent may be null
@@ -18,11 +21,20 @@ public:
     void show_help();
     void show_help(utString const & topic); ///< a page below "substituted/" in the book
 
+    /// Opens a book, once: one that is opened again would stand in the contents twice. The toolkit's own
+    /// operation of this name opens nothing.
+    bool LoadFile(wxString const & file) override;
+
 protected:
+    wxHtmlHelpDialog * CreateHelpDialog(wxHtmlHelpData * data) override;
     int load_file(); ///< zero, with a message, when there is no book
 
 private:
+    void choose_window();
+    void remove_closed_dialog();
+
     utString m_file = "vmrdoc.htb";
-    utString m_loaded;
+    wxString m_loaded;
+    wxWeakRef<wxDialog> m_dialog;
     sglApp const * m_app;
 };

@@ -5,8 +5,11 @@
 
 #include "wxt/wxtStringConverter.h"
 
+#include <wx/dialog.h>
+#include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
+#include <wx/html/helpdlg.h>
 #include <wx/msgdlg.h>
 
 namespace {
@@ -16,6 +19,14 @@ void read_archives()
 {
     static bool const once = (wxFileSystem::AddHandler(new wxArchiveFSHandler), true);
     static_cast<void>(once);
+}
+
+bool a_dialog_is_modal()
+{
+    for (wxWindow const * const window : wxTopLevelWindows)
+        if (auto const * const dialog = dynamic_cast<wxDialog const *>(window); dialog && dialog->IsModal())
+            return true;
+    return false;
 }
 
 } // namespace
@@ -29,14 +40,43 @@ sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
 
 void sglHelpDisplayer::show_help()
 {
-    if (load_file())
-        DisplayContents();
+    if (!load_file())
+        return;
+    choose_window();
+    DisplayContents();
+    remove_closed_dialog();
 }
 
 void sglHelpDisplayer::show_help(utString const & topic)
 {
-    if (load_file())
-        DisplaySection(wxtStringConverter::to_wx("substituted/" + topic));
+    if (!load_file())
+        return;
+    choose_window();
+    DisplaySection(wxtStringConverter::to_wx("substituted/" + topic));
+    remove_closed_dialog();
+}
+
+void sglHelpDisplayer::choose_window()
+{
+    // Over a modal dialog the toolkit's help frame gets no events, or ends badly when it is closed.
+    bool const modal = a_dialog_is_modal();
+    if (modal && GetFrame())
+        DestroyHelpWindow();
+    m_FrameStyle = wxHF_DEFAULT_STYLE | (modal ? wxHF_DIALOG | wxHF_MODAL : wxHF_FRAME);
+}
+
+wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
+{
+    auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
+    m_dialog = dialog;
+    return dialog;
+}
+
+/// The toolkit forgets its dialog when the user closes it, and does not delete it.
+void sglHelpDisplayer::remove_closed_dialog()
+{
+    if (m_dialog && !m_dialog->IsShown())
+        m_dialog->Destroy();
 }
 
 int sglHelpDisplayer::load_file()
@@ -47,11 +87,15 @@ int sglHelpDisplayer::load_file()
         sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
         return 0;
     }
-    // A book that is loaded again would stand in the contents twice.
-    if (utString const book(path.utf8()); m_loaded != book) {
-        read_archives();
-        LoadFile(wxtStringConverter::to_wx(book));
-        m_loaded = book;
-    }
+    LoadFile(wxtStringConverter::to_wx(utString(path.utf8())));
     return 1;
+}
+
+bool sglHelpDisplayer::LoadFile(wxString const & file)
+{
+    if (file == m_loaded)
+        return true;
+    m_loaded = file;
+    read_archives();
+    return AddBook(wxFileName(file));
 }

@@ -97,6 +97,9 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
     make_menu();
     spread_buttons();
     add_menu_key();
+    // The menu would have the focus as the first control.
+    if (auto * const tree = m_options->FindWindow(XRCID("IDC_OPTIONS_TREE")))
+        tree->SetFocus();
     SetTitle(title(m_dialog_type, apPathName::from_utf8(m_table.resource_file().view()).file_name().utf8()));
     event.Skip();
 }

@@ -212,7 +212,7 @@ void sglGUIProgressDialog::save_details()
     wxFileDialog dialog(this, wxString(), wxString(), wxString(), sgl_log_file_filter(), wxFD_SAVE);
     if (dialog.ShowModal() != wxID_OK)
         return;
-    utString const path = wxtStringConverter::to_ut(dialog.GetDirectory() + "/" + dialog.GetFilename());
+    utString const path = wxtStringConverter::to_ut(dialog.GetPath());
     ubOFStream stream(path);
     sglTDOstreamDisplayer(m_record, m_info, &stream).display();
     sglMessageBox(domain, 1131, wxOK, path);
