@@ -47,10 +47,12 @@ protected:
     void OnLButtonDown(wxMouseEvent & event);
     void OnLButtonDblClk(wxMouseEvent & event);
     void OnRButtonDown(wxMouseEvent & event);
+    void OnContextMenu(wxContextMenuEvent & event);
     void OnWorkerThreadText(wxCommandEvent & event);
 
 private:
     void OnTextWaiting(wxThreadEvent & event);
+    void pop_up_menu(wxPoint position);
     std::unique_ptr<wxEvent> next_waiting();
     void gather_waiting(bool all);
     void append(wxString const & text);

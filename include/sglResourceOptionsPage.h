@@ -53,6 +53,8 @@ protected:
 
 private:
     void OnInitDialog(wxInitDialogEvent & event);
+    void rebuild_overrides(vmrTableInstance & target) const;
+    void change_overrides(vmrTableInstance & target) const;
 
     utString m_name;
     vmrTableInstance * m_caller_table = nullptr;

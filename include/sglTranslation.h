@@ -92,6 +92,18 @@ protected:
     void set_wrapper(std::unique_ptr<s2sWrapperBase> wrapper) { m_wrapper = std::move(wrapper); }
     wxTimer & timer() { return m_timer; }
 
+    /// Takes the entry out of every list that has it, apart from the documents.
+    void remove_entry(int index);
+
+    /// What a wrapper is made of; the connectors are there from translate() on.
+    s2sVmr2vmr const & context() const { return m_context; }
+    vmrabsAppInfo const * application_information() const { return m_info; }
+    s2sTranslatorLoader const * translator_loader() const { return m_translator_loader.get(); }
+    vmrabsOutput * output_connector() const { return m_output_connector.get(); }
+    vmrabsOutput * error_connector() const { return m_error_connector.get(); }
+    int num_input_translators() const { return m_input_translators.count(); }
+    int num_output_translators() const { return m_output_translators.count(); }
+
     wxDECLARE_EVENT_TABLE();
 
 private:

@@ -1,5 +1,17 @@
 #include "vmr/coResourceTable.h"
 
+#include <atomic>
+
+namespace {
+
+std::uint64_t next_revision()
+{
+    static std::atomic<std::uint64_t> revision = 0;
+    return ++revision;
+}
+
+} // namespace
+
 coResourceTable::coResourceTable(coResourceTable const & other)
 {
     *this = other;
@@ -12,6 +24,7 @@ coResourceTable & coResourceTable::operator=(coResourceTable const & other)
     m_resources.clear();
     for (auto const & [name, resource] : other.m_resources)
         set_value(name, resource.value_text());
+    m_revision = other.m_revision;
     return *this;
 }
 
@@ -29,6 +42,7 @@ coResourceBase const * coResourceTable::lookup_resource(coResourceKeyBase const 
 void coResourceTable::set_value(utString const & name, utString const & value)
 {
     m_resources.try_emplace(name, name).first->second.set(value);
+    m_revision = next_revision();
 }
 
 utString coResourceTable::value(utString const & name) const
@@ -39,5 +53,6 @@ utString coResourceTable::value(utString const & name) const
 
 void coResourceTable::remove(utString const & name)
 {
-    m_resources.erase(name);
+    if (m_resources.erase(name) > 0)
+        m_revision = next_revision();
 }

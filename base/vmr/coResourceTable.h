@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 
 #include "ut/utString.h"
@@ -46,6 +47,9 @@ public:
     void remove(utString const & name);
     int count() const { return static_cast<int>(m_resources.size()); }
     bool empty() const { return m_resources.empty(); }
+    /// Tables with equal revisions have equal content. A change gives a table a revision that no table had
+    /// before.
+    std::uint64_t revision() const { return m_revision; }
 
 private:
     friend class coResourceIterator;
@@ -62,4 +66,5 @@ private:
     };
 
     std::map<utString, Resource> m_resources;
+    std::uint64_t m_revision = 0;
 };

@@ -39,7 +39,11 @@ int vmrTableInstance::initialise(utString const & file)
     m_problems.clear();
     m_table = std::make_shared<coResourceTable>();
     m_default_table = std::make_shared<coResourceTable>();
-    return vmr_resource_load(m_file, *m_default_table, m_problems);
+    m_loaded_file = m_file;
+    m_loaded_state = vmrFileState::of(m_file.str());
+    int const result = vmr_resource_load(m_file, *m_default_table, m_problems);
+    m_loaded_revision = m_default_table->revision();
+    return result;
 }
 
 int vmrTableInstance::add_resource(utString const & name, utString const & value)
@@ -73,6 +77,7 @@ void vmrTableInstance::shallow_copy(vmrTableInstance const & other)
     m_default_table = other.m_default_table;
     m_table = other.m_table;
     m_problems = other.m_problems;
+    take_loaded_state(other);
 }
 
 void vmrTableInstance::deep_copy(vmrTableInstance const & other)
@@ -81,6 +86,33 @@ void vmrTableInstance::deep_copy(vmrTableInstance const & other)
     m_default_table = copy_of(other.m_default_table);
     m_table = copy_of(other.m_table);
     m_problems = other.m_problems;
+    take_loaded_state(other);
+}
+
+void vmrTableInstance::take_loaded_state(vmrTableInstance const & other)
+{
+    m_loaded_file = other.m_loaded_file;
+    m_loaded_state = other.m_loaded_state;
+    m_loaded_revision = other.m_loaded_revision;
+}
+
+int vmrTableInstance::is_as_loaded() const
+{
+    return m_default_table && m_loaded_file == m_file && m_loaded_revision == m_default_table->revision() &&
+           m_loaded_state.is_still(m_file.str());
+}
+
+void vmrTableInstance::share_defaults(vmrTableInstance const & other)
+{
+    shallow_copy(other);
+    m_file = other.m_file;
+    m_table = std::make_shared<coResourceTable>();
+}
+
+void vmrTableInstance::own_overrides()
+{
+    if (m_table.use_count() > 1)
+        m_table = copy_of(m_table);
 }
 
 utString vmrTableInstance::effective_value(utString const & name) const

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "vmr/coResourceTable.h"
+#include "vmr/vmrFileState.h"
 
 /// The resource table of one format in use: the values of a resource file, and beside them the overrides for
 /// the present piece of work. A value in table() goes before one in default_table().
@@ -40,11 +41,18 @@ public:
     int modified() const { return m_table && !m_table->empty(); } ///< whether there are overrides
     void reset();                                                 ///< drops tables and file name
 
+    /// Whether initialise on the resource file would surely give the default table as it stands: neither has
+    /// changed since the file was read.
+    int is_as_loaded() const;
+
     /// What initialise found wrong in the file, a text each, which names the file and the line.
     std::vector<std::string> const & problems() const { return m_problems; }
 
     void shallow_copy(vmrTableInstance const & other); ///< shares the tables, and leaves the file name alone
-    void deep_copy(vmrTableInstance const & other);    ///< the tables and the file name
+    /// Shares the default table alone, with the file name, and has no overrides.
+    void share_defaults(vmrTableInstance const & other);
+    void own_overrides(); ///< gives this instance a table() that no other one shares
+    void deep_copy(vmrTableInstance const & other); ///< the tables and the file name
 
     /// The first legal value among the override, the file's value and the built-in default, in the neutral
     /// form; invalid when there is none. A resource that is not registered has no built-in default, and all
@@ -56,10 +64,14 @@ public:
     std::map<std::string, std::string> effective_values() const;
 
 private:
+    void take_loaded_state(vmrTableInstance const & other);
     void set_override(utString const & name, utString const & value);
 
     utString m_file;
     std::shared_ptr<coResourceTable> m_default_table;
     std::shared_ptr<coResourceTable> m_table;
     std::vector<std::string> m_problems;
+    utString m_loaded_file = utString::make_invalid();
+    vmrFileState m_loaded_state;
+    std::uint64_t m_loaded_revision = 0;
 };

@@ -28,6 +28,7 @@ wxBEGIN_EVENT_TABLE(sglEdit, wxTextCtrl)
     EVT_LEFT_DOWN(sglEdit::OnLButtonDown)
     EVT_LEFT_DCLICK(sglEdit::OnLButtonDblClk)
     EVT_RIGHT_DOWN(sglEdit::OnRButtonDown)
+    EVT_CONTEXT_MENU(sglEdit::OnContextMenu)
     EVT_COMMAND(wxID_ANY, sglEVT_WORKER_TEXT, sglEdit::OnWorkerThreadText)
     wx__DECLARE_EVT1(EVT_TEXT_WAITING, wxID_ANY, wxThreadEventHandler(sglEdit::OnTextWaiting))
 wxEND_EVENT_TABLE()
@@ -77,10 +78,25 @@ void sglEdit::OnRButtonDown(wxMouseEvent & event)
         event.Skip();
         return;
     }
+    pop_up_menu(event.GetPosition());
+}
+
+void sglEdit::OnContextMenu(wxContextMenuEvent & event)
+{
+    // The key for it. A press of the mouse comes here only when the operation above has let it pass.
+    if (!m_editable)
+        return;
+    if (m_context_menu.invalid())
+        event.Skip();
+    else
+        pop_up_menu(wxDefaultPosition);
+}
+
+void sglEdit::pop_up_menu(wxPoint position)
+{
     std::unique_ptr<wxMenu> const menu(sglMenu("vmrgrlib").create_menu(m_context_menu));
     if (!menu)
         return;
-    wxPoint position = event.GetPosition();
     if (position == wxPoint(-1, -1))
         position = wxPoint(GetSize().x / 2, GetSize().y / 2);
     PopupMenu(menu.get(), position);

@@ -1,6 +1,34 @@
 #include "sglFileFilter.h"
 
 #include <wx/arrstr.h>
+#include <wx/wxcrt.h>
+
+namespace {
+
+wxString of_either_case(wxString const & pattern)
+{
+    if (pattern.find('[') != wxString::npos)
+        return pattern;
+    wxString result;
+    for (wxUniChar const one : pattern) {
+        wxUniChar const lower = wxTolower(one), upper = wxToupper(one);
+        if (lower != upper)
+            result << '[' << lower << upper << ']';
+        else
+            result << one;
+    }
+    return result;
+}
+
+wxString toolkit_patterns(wxString const & patterns)
+{
+    wxArrayString result;
+    for (wxString const & pattern : wxSplit(patterns, ';', '\0'))
+        result.Add(pattern == "*.*" ? wxString("*") : of_either_case(pattern));
+    return wxJoin(result, ';', '\0');
+}
+
+} // namespace
 
 wxString sgl_toolkit_filter(wxString const & filter)
 {
@@ -12,5 +40,7 @@ wxString sgl_toolkit_filter(wxString const & filter)
     }
     while (!parts.empty() && parts.Last().empty())
         parts.RemoveAt(parts.size() - 1);
+    for (std::size_t at = 1; at < parts.size(); at += 2)
+        parts[at] = toolkit_patterns(parts[at]);
     return wxJoin(parts, '|', '\0');
 }

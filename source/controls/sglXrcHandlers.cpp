@@ -1,5 +1,6 @@
 #include "sglXrcHandlers.h"
 
+#include "sglComboBoxXmlHandler.h"
 #include "sglDialogMenuXmlHandler.h"
 #include "sglEditXmlHandler.h"
 #include "sglLinkBitmapXmlHandler.h"
@@ -11,6 +12,7 @@
 void sgl_add_xrc_handlers(wxXmlResource & resource)
 {
     resource.InitAllHandlers();
+    resource.AddHandler(new sglComboBoxXmlHandler);
     resource.AddHandler(new sglDialogMenuXmlHandler);
     resource.AddHandler(new sglEditXmlHandler);
     resource.AddHandler(new sglLinkBitmapXmlHandler);

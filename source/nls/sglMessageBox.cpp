@@ -4,6 +4,7 @@
 #include "sglMessageDisplayer.h"
 #include "sglResourceString.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <iostream>
@@ -31,7 +32,7 @@ int sglMessageBoxWithArguments(char const * domain, unsigned int id, utTextArgum
         // Nobody is there to agree to anything.
         return style & wxYES_NO ? wxID_NO : wxID_OK;
     }
-    wxMessageDialog dialog(wxGetActiveWindow(), wxtStringConverter::to_wx(text),
+    wxMessageDialog dialog(wxGetActiveWindow(), sgl_shown_text(wxtStringConverter::to_wx(text)),
                            wxtStringConverter::to_wx(sglApp::app().application_name_no_version()),
                            static_cast<long>(style));
     dialog.CentreOnParent(wxBOTH);
@@ -44,7 +45,7 @@ void sgl_show_error_text(utString const & text)
         tell_on_standard_error(text);
         return;
     }
-    wxMessageBox(wxtStringConverter::to_wx(text),
+    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(text)),
                  wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), wxOK | wxICON_HAND);
 }
 

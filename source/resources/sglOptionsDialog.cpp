@@ -1,8 +1,8 @@
 #include "sglOptionsDialog.h"
 
+#include "sglCaptionText.h"
 #include "sglDialog.h"
 #include "sglOptionsPage.h"
-#include "sglReadableColour.h"
 #include "sglResourceDialogTreeData.h"
 
 #include "wxt/wxtStringConverter.h"
@@ -14,39 +14,40 @@
 #include <wx/treectrl.h>
 #include <wx/xrc/xmlres.h>
 
-wxBEGIN_EVENT_TABLE(sglOptionsDialog, wxPanel) EVT_MOVE(sglOptionsDialog::OnMove)
+wxBEGIN_EVENT_TABLE(sglOptionsDialog, wxPanel)
+    EVT_MOVE(sglOptionsDialog::OnMove)
     EVT_PAINT(sglOptionsDialog::OnPaint)
-        EVT_TREE_SEL_CHANGED(XRCID("IDC_OPTIONS_TREE"), sglOptionsDialog::OnSelchangedTree)
-            EVT_BUTTON(XRCID("IDC_OPTIONS_APPLY"), sglOptionsDialog::OnApply)
-                EVT_BUTTON(XRCID("IDC_OPTIONS_CANCEL"), sglOptionsDialog::OnCancel)
-                    EVT_BUTTON(XRCID("IDC_OPTIONS_OK"), sglOptionsDialog::OnOk)
-                        EVT_BUTTON(XRCID("IDC_OPTIONS_DEFAULTS"), sglOptionsDialog::OnDefaults)
-                            EVT_INIT_DIALOG(sglOptionsDialog::OnInitDialog) wxEND_EVENT_TABLE()
+    EVT_TREE_SEL_CHANGED(XRCID("IDC_OPTIONS_TREE"), sglOptionsDialog::OnSelchangedTree)
+    EVT_BUTTON(XRCID("IDC_OPTIONS_APPLY"), sglOptionsDialog::OnApply)
+    EVT_BUTTON(XRCID("IDC_OPTIONS_CANCEL"), sglOptionsDialog::OnCancel)
+    EVT_BUTTON(XRCID("IDC_OPTIONS_OK"), sglOptionsDialog::OnOk)
+    EVT_BUTTON(XRCID("IDC_OPTIONS_DEFAULTS"), sglOptionsDialog::OnDefaults)
+    EVT_INIT_DIALOG(sglOptionsDialog::OnInitDialog)
+wxEND_EVENT_TABLE()
 
-                                namespace
+namespace {
+
+constexpr int caption_points = 18;
+constexpr int caption_height = 32;
+constexpr int caption_gap = 4;     ///< between the tree and the caption, and before the text
+constexpr int caption_margin = 11; ///< right of the caption
+
+/// Fills the rectangle between two corners, in whichever order they are given; the right and lower sides
+/// do not belong to it. A brush covers whole pixels, where a pen would leave the ends of a thin line
+/// pale.
+void fill_rectangle(wxDC & dc, wxColour const & colour, int x, int y, int width, int height)
 {
-
-    constexpr int caption_points = 18;
-    constexpr int caption_height = 32;
-    constexpr int caption_gap = 4;     ///< between the tree and the caption, and before the text
-    constexpr int caption_margin = 11; ///< right of the caption
-
-    /// Fills the rectangle between two corners, in whichever order they are given; the right and lower sides
-    /// do not belong to it. A brush covers whole pixels, where a pen would leave the ends of a thin line
-    /// pale.
-    void fill_rectangle(wxDC & dc, wxColour const & colour, int x, int y, int width, int height)
-    {
-        if (width < 0) {
-            x += width;
-            width = -width;
-        }
-        if (height < 0) {
-            y += height;
-            height = -height;
-        }
-        dc.SetBrush(wxBrush(colour));
-        dc.DrawRectangle(x, y, width, height);
+    if (width < 0) {
+        x += width;
+        width = -width;
     }
+    if (height < 0) {
+        y += height;
+        height = -height;
+    }
+    dc.SetBrush(wxBrush(colour));
+    dc.DrawRectangle(x, y, width, height);
+}
 
 } // namespace
 
@@ -187,7 +188,7 @@ void sglOptionsDialog::draw_caption_text(wxDC & dc, wxRect const & bar) const
         return;
     auto const * const page = active_page();
     wxString const text = page ? wxtStringConverter::to_wx(page->name()) : wxString();
-    wxDCFontChanger const font(dc, m_caption_font);
+    wxDCFontChanger const font(dc, sgl_fitting_font(dc, m_caption_font, text, bar.height));
     dc.SetTextForeground(sgl_readable_colour(wxSystemSettings::GetColour(wxSYS_COLOUR_INACTIVECAPTION),
                                              wxSystemSettings::GetColour(wxSYS_COLOUR_CAPTIONTEXT)));
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);

@@ -4,10 +4,11 @@
 
 #include "wxt/wxtStringConverter.h"
 
-wxBEGIN_EVENT_TABLE(sglResourceCheckBox, wxCheckBox) EVT_CHECKBOX(wxID_ANY, sglResourceCheckBox::OnClicked)
-    wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglResourceCheckBox, wxCheckBox)
+    EVT_CHECKBOX(wxID_ANY, sglResourceCheckBox::OnClicked)
+wxEND_EVENT_TABLE()
 
-        void sglResourceCheckBox::OnClicked(wxCommandEvent &)
+void sglResourceCheckBox::OnClicked(wxCommandEvent &)
 {
     if (m_widget)
         m_widget->control_changed();

@@ -9,14 +9,14 @@
 
 #include <wx/stattext.h>
 
-wxBEGIN_EVENT_TABLE(sglResourceComboBox, wxComboBox) EVT_TEXT(wxID_ANY, sglResourceComboBox::OnSelChange)
-    wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglResourceComboBox, wxComboBox)
+    EVT_TEXT(wxID_ANY, sglResourceComboBox::OnSelChange)
+wxEND_EVENT_TABLE()
 
-        namespace
-{
+namespace {
 
-    /// The narrowest that a drop-down list can be, in dialog units.
-    constexpr int narrowest = 47;
+/// The narrowest that a drop-down list can be, in dialog units.
+constexpr int narrowest = 47;
 
 } // namespace
 

@@ -6,15 +6,20 @@
 
 #include "wxt/wxtStringConverter.h"
 
+#include <algorithm>
 #include <wx/stattext.h>
 
-wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl) EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
-    wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl)
+    EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
+wxEND_EVENT_TABLE()
 
-        namespace
+namespace {
+
+/// Room for a number at the usual size of letters, and with larger letters as much more.
+int edit_width(wxWindow const & page)
 {
-
-    constexpr int edit_width = 70;
+    return std::max(70, page.ConvertDialogToPixels(wxSize(34, 0)).GetWidth());
+}
 
 } // namespace
 
@@ -45,9 +50,9 @@ wxWindow * sglResourceEditWidget::tooltip_window()
 
 int sglResourceEditWidget::create(wxRect & rectangle)
 {
-    wxPoint const position(rectangle.x + rectangle.width - (edit_width + 1), rectangle.y);
-    if (!m_edit_box->Create(page(), wxID_ANY, wxString(), position, wxSize(edit_width, rectangle.height - 1),
-                            0))
+    int const width = edit_width(*page());
+    wxPoint const position(rectangle.x + rectangle.width - (width + 1), rectangle.y);
+    if (!m_edit_box->Create(page(), wxID_ANY, wxString(), position, wxSize(width, rectangle.height - 1), 0))
         return 0;
     m_edit_box->SetFont(page()->GetFont());
     m_label =

@@ -9,9 +9,37 @@
 #include "wxt/wxtStringConverter.h"
 
 wxBEGIN_EVENT_TABLE(sglResourceOptionsPage, sglOptionsPage)
-    EVT_INIT_DIALOG(sglResourceOptionsPage::OnInitDialog) wxEND_EVENT_TABLE()
+    EVT_INIT_DIALOG(sglResourceOptionsPage::OnInitDialog)
+wxEND_EVENT_TABLE()
 
-        sglResourceOptionsPage::sglResourceOptionsPage() = default;
+namespace {
+
+/// The tables that an apply left behind: to apply nothing to them again would change nothing, as long as
+/// their file is what it was.
+class Applied {
+public:
+    Applied() = default;
+    explicit Applied(vmrTableInstance const & table)
+        : m_overrides(table.table()->revision()), m_defaults(table.default_table()->revision()), m_any(true)
+    {
+    }
+    bool is(vmrTableInstance const & table) const
+    {
+        return m_any && !table.invalid() && table.table()->revision() == m_overrides &&
+               table.default_table()->revision() == m_defaults && table.is_as_loaded();
+    }
+
+private:
+    std::uint64_t m_overrides = 0;
+    std::uint64_t m_defaults = 0;
+    bool m_any = false;
+};
+
+Applied last_applied;
+
+} // namespace
+
+sglResourceOptionsPage::sglResourceOptionsPage() = default;
 
 sglResourceOptionsPage::sglResourceOptionsPage(utString const & name, vmrTableInstance * table,
                                                wxWindow * parent)
@@ -97,6 +125,16 @@ int sglResourceOptionsPage::resource_is_available(utString const & name,
 
 void sglResourceOptionsPage::apply_changes(vmrTableInstance & target)
 {
+    if (last_applied.is(target))
+        change_overrides(target);
+    else
+        rebuild_overrides(target);
+    last_applied = Applied(target);
+}
+
+/// Reads the file again, so that the overrides are all that differs from it.
+void sglResourceOptionsPage::rebuild_overrides(vmrTableInstance & target) const
+{
     vmrTableInstance scratch(target.resource_file().c_str());
     auto const carry_over = [&](coResourceBase const * resource) {
         utString const & name = resource->key->name;
@@ -120,6 +158,29 @@ void sglResourceOptionsPage::apply_changes(vmrTableInstance & target)
     target.shallow_copy(scratch);
 }
 
+/// The same for a target that was rebuilt last: with many pages, all but the first find one.
+void sglResourceOptionsPage::change_overrides(vmrTableInstance & target) const
+{
+    vmrTableInstance edits;
+    edits.share_defaults(target);
+    std::vector<utString> differing;
+    for (auto const & [name, value] : m_changes) {
+        sglResourceHandler(name).insert(value, edits);
+        if (edits.table()->value(name) != target.table()->value(name))
+            differing.push_back(name);
+    }
+    if (differing.empty())
+        return;
+    target.own_overrides();
+    for (auto const & name : differing) {
+        utString const value = edits.table()->value(name);
+        if (value.invalid())
+            target.table()->remove(name);
+        else
+            target.table()->set_value(name, value);
+    }
+}
+
 int sglResourceOptionsPage::apply_pressed()
 {
     apply_changes(*m_working_table);
@@ -128,6 +189,9 @@ int sglResourceOptionsPage::apply_pressed()
 
 int sglResourceOptionsPage::ok_pressed()
 {
+    // What an earlier page has shared with the caller is shared again below; meanwhile it need not be copied.
+    if (m_caller_table->table() == m_working_table->table())
+        m_caller_table->reset();
     apply_changes(*m_working_table);
     m_caller_table->shallow_copy(*m_working_table);
     m_caller_table->set_resource_file(m_working_table->resource_file());
@@ -142,6 +206,7 @@ int sglResourceOptionsPage::cancel_pressed()
 int sglResourceOptionsPage::defaults_pressed()
 {
     m_changes.clear();
-    m_working_table->initialise(m_working_table->resource_file());
+    if (m_working_table->modified() || !m_working_table->is_as_loaded())
+        m_working_table->initialise(m_working_table->resource_file());
     return do_update(*m_working_table);
 }

@@ -1,5 +1,6 @@
 #include "sglClipboard.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/clipbrd.h>
@@ -19,5 +20,5 @@ sglClipboardStatus sglClipboardItem::copy_to_clipboard()
 
 wxDataObject * sglClipboardText::create_data_handle(utPtrReleaseTag) const
 {
-    return new wxTextDataObject(wxtStringConverter::to_wx(m_text));
+    return new wxTextDataObject(sgl_shown_text(wxtStringConverter::to_wx(m_text)));
 }

@@ -5,6 +5,7 @@
 #include "sglStreamText.h"
 #include "sglTranslation.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <algorithm>
@@ -118,7 +119,7 @@ void sglBatchProgressDialog::translation_ended()
     progress(100);
     finish_translation_data(sdbProgressCompleted);
     ensure_visible();
-    wxMessageBox(wxtStringConverter::to_wx(summary()),
+    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(summary())),
                  wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), wxOK);
     activateOKbutton();
 }

@@ -6,6 +6,7 @@
 #include "sglEdit.h"
 #include "sglResourceString.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <climits>
@@ -121,7 +122,7 @@ void sglGUIProgressDialog::fileLabel(utString const & file)
 
 void sglGUIProgressDialog::show_file(utString const & file)
 {
-    wxString const text = wxtStringConverter::to_wx(file);
+    wxString const text = sgl_shown_text(wxtStringConverter::to_wx(file));
     // A tooltip that is set anew on every tick would never stay on the screen.
     if (text == m_file_label->GetLabelText())
         return;
@@ -167,19 +168,24 @@ void sglGUIProgressDialog::set_height(int height)
 void sglGUIProgressDialog::show_details()
 {
     set_height(m_full_height);
+    m_tabs->Enable();
     m_details_button->SetLabel(wxtStringConverter::to_wx(m_details_open_label));
 }
 
 void sglGUIProgressDialog::hide_details()
 {
     set_height(m_short_height);
+    m_tabs->Disable(); // out of sight, and so out of reach of the keyboard
     m_details_button->SetLabel(wxtStringConverter::to_wx(m_details_closed_label));
 }
 
 void sglGUIProgressDialog::clear_tabs()
 {
-    m_output_pane->Clear();
-    m_error_pane->Clear();
+    // What is still on its way belongs to what is cleared.
+    for (auto * const pane : {m_output_pane, m_error_pane}) {
+        pane->append_waiting_text();
+        pane->Clear();
+    }
 }
 
 void sglGUIProgressDialog::ensure_visible()

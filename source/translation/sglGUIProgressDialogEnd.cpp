@@ -11,6 +11,7 @@
 #include "sglTDOstreamDisplayer.h"
 #include "sglTranslation.h"
 
+#include "controls/sglShownText.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -27,7 +28,7 @@ constexpr int fatal_end = 9; // the modal result after a fatal error
 
 void tell(wxWindow * parent, utString const & text, long style)
 {
-    wxMessageBox(wxtStringConverter::to_wx(text),
+    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(text)),
                  wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), style, parent);
 }
 
@@ -211,7 +212,7 @@ void sglGUIProgressDialog::save_details()
     wxFileDialog dialog(this, wxString(), wxString(), wxString(), sgl_log_file_filter(), wxFD_SAVE);
     if (dialog.ShowModal() != wxID_OK)
         return;
-    utString const path = wxtStringConverter::to_ut(dialog.GetDirectory() + "/" + dialog.GetFilename());
+    utString const path = wxtStringConverter::to_ut(dialog.GetPath());
     ubOFStream stream(path);
     sglTDOstreamDisplayer(m_record, m_info, &stream).display();
     sglMessageBox(domain, 1131, wxOK, path);

@@ -8,6 +8,7 @@
 #include "sglTDEditDisplayer.h"
 #include "sglTDOstreamDisplayer.h"
 
+#include "controls/sglShownText.h"
 #include "sdu/sduServices.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
@@ -61,7 +62,7 @@ void sglReportDialog::OnInitDialog(wxInitDialogEvent & event)
     for (int i = 0; i < app.num_translations(); ++i) {
         utString const title =
             sglTranslationDataDisplayer::title(app.translation_details(i), m_files.pointer());
-        wxTreeItemId const item = m_tree->AppendItem(root, wxtStringConverter::to_wx(title));
+        wxTreeItemId const item = m_tree->AppendItem(root, sgl_shown_text(wxtStringConverter::to_wx(title)));
         if (i == 0)
             first = item;
     }
@@ -107,8 +108,9 @@ void sglReportDialog::OnSelchangeTree(wxTreeEvent &)
 
 utString sglReportDialog::get_save_file_name(utString const & name)
 {
-    wxFileDialog dialog(this, wxString(), wxString(), wxtStringConverter::to_wx(name + ".hrklog"),
-                        sgl_log_file_filter(), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    wxFileDialog dialog(this, wxString(), wxString(),
+                        sgl_shown_text(wxtStringConverter::to_wx(name + ".hrklog")), sgl_log_file_filter(),
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     return dialog.ShowModal() == wxID_OK ? wxtStringConverter::to_ut(dialog.GetPath()) : utString();
 }
 

@@ -1,5 +1,6 @@
 #include "sglTDEditDisplayer.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 namespace {
@@ -32,6 +33,6 @@ void sglTDEditDisplayer::decrement_depth()
 
 void sglTDEditDisplayer::indent_and_display(utString const & text)
 {
-    m_control->AppendText(wxString(' ', static_cast<std::size_t>(m_depth)) + wxtStringConverter::to_wx(text) +
-                          "\r\n");
+    m_control->AppendText(wxString(' ', static_cast<std::size_t>(m_depth)) +
+                          sgl_shown_text(wxtStringConverter::to_wx(text)) + "\r\n");
 }

@@ -1,5 +1,6 @@
 #include "sglTDTreeDisplayer.h"
 
+#include "controls/sglShownText.h"
 #include "wxt/wxtStringConverter.h"
 
 sglTDTreeDisplayer::sglTDTreeDisplayer(sdbTranslationData const * record, vmrabsAppInfo const * info,
@@ -26,5 +27,5 @@ void sglTDTreeDisplayer::decrement_depth()
 wxTreeItemId sglTDTreeDisplayer::insert_item(utString const & text)
 {
     return m_tree->AppendItem(m_current.IsOk() ? m_current : m_tree->GetRootItem(),
-                              wxtStringConverter::to_wx(text));
+                              sgl_shown_text(wxtStringConverter::to_wx(text)));
 }

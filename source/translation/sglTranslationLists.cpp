@@ -66,3 +66,19 @@ void sglTranslation::output_document(annDocument * document, int index)
 {
     m_output_documents.at_grow(index) = document;
 }
+
+void sglTranslation::remove_entry(int index)
+{
+    auto const take_out = [index](auto & list) {
+        if (index < list.count())
+            list.remove(index);
+    };
+    take_out(m_input_files);
+    take_out(m_input_tables);
+    take_out(m_input_formats);
+    take_out(m_input_translators);
+    take_out(m_output_files);
+    take_out(m_output_tables);
+    take_out(m_output_formats);
+    take_out(m_output_translators);
+}

@@ -3,12 +3,15 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <wx/stopwatch.h>
 
 namespace fs = std::filesystem;
 
 void Screens::picture(wxWindow & window, std::string const & name)
 {
-    settle();
+    // What the theme fades in or out has come to its end by then.
+    wxStopWatch watch;
+    run_until([&] { return watch.Time() > 400; });
     char const * const folder = std::getenv("VMR_SCREENS");
     ASSERT_TRUE(folder) << "VMR_SCREENS names no folder";
     auto const file = fs::path(folder) / (name + ".png");

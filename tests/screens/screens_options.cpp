@@ -1,4 +1,5 @@
 #include "screens/screens.h"
+#include "sdb/sdbTranslatorLoadStatus.h"
 #include "sglResources.h"
 
 #include <wx/treectrl.h>
@@ -30,11 +31,14 @@ TEST_P(OptionScreens, ShowsEachPage)
     auto const & catalogue = side == 1 ? app().input_dlls() : app().output_dlls();
     auto const * const translator = catalogue.translator_for_format(name);
     ASSERT_TRUE(translator);
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    translator->load(status);
     utString const file = app().installation_resource_file(*translator);
     vmrTableInstance table(file.c_str());
     table.set_resource_file(file);
     sglResources dialog(table, frame(), translator, info(), "DLG_RESOURCES");
     dialog.dialog_type(side);
+    kitModal const no_boxes;
     show_modal(dialog, [&] {
         auto * const tree = find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE");
         tree->ExpandAll();

@@ -73,3 +73,21 @@ TEST(ResourceTable, DropsWhatItHeldWhenAssignedTo)
     table = coResourceTable();
     EXPECT_TRUE(table.empty());
 }
+
+TEST(ResourceTable, RevisionTellsContentsApart)
+{
+    coResourceTable table;
+    EXPECT_EQ(table.revision(), coResourceTable().revision());
+    table.set_value("a", "1");
+    auto const first = table.revision();
+    EXPECT_NE(first, coResourceTable().revision());
+    coResourceTable copy = table;
+    EXPECT_EQ(copy.revision(), first);
+    copy.set_value("a", "2");
+    EXPECT_NE(copy.revision(), first);
+    EXPECT_EQ(table.revision(), first);
+    table.remove("b");
+    EXPECT_EQ(table.revision(), first);
+    table.remove("a");
+    EXPECT_NE(table.revision(), first);
+}

@@ -4,6 +4,7 @@
 #include "vmr/vmrResourceFile.h"
 #include "vmrTestResources.h"
 
+#include <chrono>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
@@ -249,4 +250,56 @@ TEST_F(TableInstance, ComesBackFromASavedTableOfAllDefaults)
     ASSERT_NE(vmr_resource_save(path, vmr_resource_table_inquire()), 0);
     vmrTableInstance const loaded(path.c_str());
     EXPECT_EQ(vmr_resource_text(*loaded.default_table()), vmr_resource_text(*vmr_resource_table_inquire()));
+}
+
+TEST_F(TableInstance, KnowsWhetherItIsAsItWasLoaded)
+{
+    vmrTableInstance instance(m_file.c_str());
+    auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!instance.is_as_loaded() && std::chrono::steady_clock::now() < deadline) // the file is too young
+        instance.initialise(m_file);
+    ASSERT_TRUE(instance.is_as_loaded());
+
+    vmrTableInstance const copy = instance;
+    EXPECT_TRUE(copy.is_as_loaded());
+    vmrTableInstance shared;
+    EXPECT_FALSE(shared.is_as_loaded());
+    shared.shallow_copy(instance);
+    EXPECT_FALSE(shared.is_as_loaded()); // it has no file
+    shared.set_resource_file(m_file);
+    EXPECT_TRUE(shared.is_as_loaded());
+
+    instance.add_resource("tstLevel", "6");
+    EXPECT_TRUE(instance.is_as_loaded()); // overrides do not count
+    instance.default_table()->set_value("tstLevel", "7");
+    EXPECT_FALSE(instance.is_as_loaded());
+    EXPECT_TRUE(copy.is_as_loaded());
+    m_directory.write("tst.rsc", "tstLevel = 6\n");
+    EXPECT_FALSE(copy.is_as_loaded());
+}
+
+TEST_F(TableInstance, SharesItsDefaultsAlone)
+{
+    vmrTableInstance instance(m_file.c_str());
+    instance.add_resource("tstLevel", "6");
+    vmrTableInstance other;
+    other.share_defaults(instance);
+    EXPECT_EQ(other.default_table(), instance.default_table());
+    EXPECT_EQ(other.resource_file(), instance.resource_file());
+    EXPECT_FALSE(other.modified());
+    EXPECT_TRUE(instance.modified());
+}
+
+TEST_F(TableInstance, TakesItsOverridesOutOfASharing)
+{
+    vmrTableInstance instance(m_file.c_str());
+    instance.add_resource("tstLevel", "6");
+    auto const * const alone = instance.table();
+    instance.own_overrides();
+    EXPECT_EQ(instance.table(), alone);
+    vmrTableInstance other;
+    other.shallow_copy(instance);
+    instance.own_overrides();
+    EXPECT_NE(instance.table(), other.table());
+    EXPECT_EQ(instance.table()->value("tstLevel"), utString("6"));
 }

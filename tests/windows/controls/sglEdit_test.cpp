@@ -160,7 +160,10 @@ TEST_F(TextPane, TakesNoMouseWhileItIsLockedAndTextKeepsArriving)
     kitXrc const xrc(popup_resource);
     m_edit->set_context_menu("MB_TEST_POPUP");
     int menus = 0;
-    m_frame->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent &) { ++menus; });
+    m_edit->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent &) {
+        ++menus;
+        wxUIActionSimulator().Char(WXK_ESCAPE);
+    });
 
     wxUIActionSimulator simulator;
     simulator.MouseMove(m_edit->ClientToScreen(wxPoint(25, 8)));
@@ -170,6 +173,8 @@ TEST_F(TextPane, TakesNoMouseWhileItIsLockedAndTextKeepsArriving)
     EXPECT_EQ(m_edit->GetStringSelection(), "");
     simulator.MouseClick(wxMOUSE_BTN_RIGHT);
     settle();
+    wxContextMenuEvent key(wxEVT_CONTEXT_MENU, m_edit->GetId());
+    m_edit->ProcessWindowEvent(key);
     EXPECT_EQ(menus, 0);
     sglCEditDisplayer(*m_edit).display("!");
     settle();
@@ -196,6 +201,10 @@ TEST_F(TextPane, OpensItsContextMenuWhenItMayBeUsed)
     press.SetPosition(wxPoint(-1, -1));
     m_edit->ProcessWindowEvent(press);
     EXPECT_EQ(label, "&Copy");
+    label.clear();
+    wxContextMenuEvent key(wxEVT_CONTEXT_MENU, m_edit->GetId());
+    m_edit->ProcessWindowEvent(key);
+    EXPECT_EQ(label, "&Copy") << "from the keyboard";
 }
 
 TEST_F(TextPane, LeavesTheRightButtonToOthersWithoutAMenuName)

@@ -94,6 +94,7 @@ void kitWindowTest::SetUp()
 {
     if (!started)
         started = new Started;
+    m_layout_path = app().application_information()->schema_path("resources");
 }
 
 void kitWindowTest::TearDown()
@@ -103,6 +104,9 @@ void kitWindowTest::TearDown()
         if (!wxPendingDelete.Member(window))
             window->Destroy();
     settle();
+    // The next test finds the application as it was.
+    const_cast<vmrabsAppInfo *>(app().application_information())->set_schema_path("resources", m_layout_path);
+    std::filesystem::remove_all(user_folder() + "/resources");
 }
 
 kitApp & kitWindowTest::app()

@@ -55,4 +55,5 @@ protected:
 
 private:
     kitTempFolder m_folder;
+    utString m_layout_path;
 };

@@ -42,7 +42,6 @@ protected:
     void SetUp() override
     {
         kitWindowTest::SetUp();
-        [[maybe_unused]] static bool const once = (wxXmlResource::Get()->InitAllHandlers(), true);
         m_frame = show_frame(wxSize(900, 700));
         // A frame gives all its room to an only child.
         auto * const host = new wxPanel(m_frame);

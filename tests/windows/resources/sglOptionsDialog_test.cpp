@@ -1,6 +1,6 @@
 #include "windows/resources/kitOptions.h"
 
-#include "sglReadableColour.h"
+#include "sglCaptionText.h"
 #include "sglResourceDialogTreeData.h"
 
 #include <wx/settings.h>
@@ -237,4 +237,18 @@ TEST_F(OptionsDialog, WantedColourIsKeptWhereItCanBeRead)
                               static_cast<unsigned char>(grey));
         EXPECT_GE(sgl_contrast(ground, sgl_readable_colour(ground, ground)), 4.5) << grey;
     }
+}
+
+TEST_F(OptionsDialog, CaptionFontIsAsLargeAsTheBarAllows)
+{
+    wxClientDC dc(&panel());
+    wxFont font = panel().GetFont();
+    font.SetPointSize(18);
+    EXPECT_EQ(sgl_fitting_font(dc, font, "Geometry", 1000), font);
+    font.SetPointSize(60);
+    wxFont const smaller = sgl_fitting_font(dc, font, "Geometry", 32);
+    EXPECT_LT(smaller.GetPointSize(), 60);
+    EXPECT_GT(smaller.GetPointSize(), 8);
+    dc.SetFont(smaller);
+    EXPECT_LE(dc.GetTextExtent("Geometry").GetHeight(), 32);
 }

@@ -12,7 +12,13 @@ struct Builder : kitOptionsTest {
     {
         kitOptionsTest::SetUp();
         load(table, "vmrTolTriangulate3d = 0.5\nvmrOptProcessSurfaces = true\n");
+        m_shipped = app().application_information()->schema_path("resources");
         set_layout_path(folder() / "layout");
+    }
+    void TearDown() override
+    {
+        set_layout_path(m_shipped.str());
+        kitOptionsTest::TearDown();
     }
     static void set_layout_path(std::string const & path)
     {
@@ -42,7 +48,12 @@ struct Builder : kitOptionsTest {
     }
     wxPoint units(int x, int y) { return panel().ConvertDialogToPixels(wxPoint(x, y)); }
 
+    std::string shipped() const { return m_shipped.str(); }
+
     vmrTableInstance table;
+
+private:
+    utString m_shipped;
 };
 
 } // namespace
@@ -117,7 +128,7 @@ TEST_F(Builder, InitialisesNoPages)
 
 TEST_F(Builder, ShippedPagesFitTheirPlaceAndNoRowNeedsTwoLines)
 {
-    set_layout_path(VMR_BUILD_TREE "/share/vmr/resources");
+    set_layout_path(shipped());
     int built = 0;
     for (auto const & format : app().output_dlls().translators()) {
         sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);

@@ -209,3 +209,87 @@ TEST_F(OptionsPage, TellsItsWidgetsAndDeletesThem)
     delete page;
     EXPECT_EQ(log.back(), "deleted");
 }
+
+namespace {
+
+/// The same page where the file has been left alone for a while, so that applying need not read it again.
+struct CalmPage : OptionsPage {
+    void SetUp() override
+    {
+        OptionsPage::SetUp();
+        run_until(
+            [this] {
+                working.initialise(working.resource_file());
+                return working.is_as_loaded() != 0;
+            },
+            20, "the file to grow older");
+        page->apply_pressed();
+        other = new kitOptionsPage("Other", &caller, &panel());
+        other->initialise(&working);
+    }
+
+    kitOptionsPage * other = nullptr;
+};
+
+} // namespace
+
+TEST_F(CalmPage, EditsOfLaterPagesAddUpToTheSame)
+{
+    auto const * const defaults = working.default_table();
+    page->add_resource("vmrTolTriangulate3d", "0.125");
+    page->apply_pressed();
+    other->add_resource("vmrOptProcessSurfaces", "False");
+    other->apply_pressed();
+    EXPECT_EQ(working.default_table(), defaults); // it was not read again
+    EXPECT_EQ(working.table()->value("vmrTolTriangulate3d"), utString("0.125"));
+    EXPECT_EQ(working.table()->value("vmrOptProcessSurfaces"), utString("false"));
+    EXPECT_FALSE(caller.modified());
+}
+
+TEST_F(CalmPage, IllegalEditTakesTheOverrideAwayAsAFirstApplyDoes)
+{
+    page->add_resource("vmrTolTriangulate3d", "0.125");
+    page->apply_pressed();
+    page->add_resource("vmrTolTriangulate3d", "coarse");
+    page->apply_pressed();
+    EXPECT_TRUE(working.table()->value("vmrTolTriangulate3d").invalid());
+
+    load(working, "vmrTolTriangulate3d = 0.5\n"); // young again
+    working.add_resource("vmrTolTriangulate3d", "0.125");
+    page->apply_pressed();
+    EXPECT_TRUE(working.table()->value("vmrTolTriangulate3d").invalid());
+}
+
+TEST_F(CalmPage, ApplyAfterOkDoesNotReachTheCallerAgain)
+{
+    page->add_resource("vmrTolTriangulate3d", "0.125");
+    page->ok_pressed();
+    other->ok_pressed();
+    EXPECT_EQ(caller.table(), working.table());
+    EXPECT_EQ(caller.resource_file(), working.resource_file());
+    page->add_resource("vmrTolTriangulate3d", "0.75");
+    page->apply_pressed();
+    EXPECT_EQ(caller.effective_value("vmrTolTriangulate3d"), utString("0.125"));
+    EXPECT_EQ(working.effective_value("vmrTolTriangulate3d"), utString("0.75"));
+}
+
+TEST_F(CalmPage, ChangesFromElsewhereAreSeenBetweenApplies)
+{
+    working.add_resource("unknown", "x"); // no resource of the file and of no type: applying drops it
+    page->apply_pressed();
+    EXPECT_TRUE(working.table()->value("unknown").invalid());
+    coResourceTableMaker::merge_entry("vmrTolTriangulate3d", "0.75", *working.default_table());
+    page->apply_pressed();
+    EXPECT_EQ(working.default_table()->value("vmrTolTriangulate3d"), utString("0.5"));
+    EXPECT_EQ(working.table()->value("vmrTolTriangulate3d"), utString("0.75"));
+}
+
+TEST_F(CalmPage, DefaultsNeedNotReadAFileThatIsAsItWas)
+{
+    auto const * const defaults = working.default_table();
+    page->defaults_pressed();
+    EXPECT_EQ(working.default_table(), defaults);
+    working.add_resource("vmrTolTriangulate3d", "0.25");
+    page->defaults_pressed();
+    EXPECT_FALSE(working.modified());
+}

@@ -278,12 +278,33 @@ TEST_F(ProgressDialog, GivesItsPanesTheMouseAndTheMenuOnlyAfterTheEnd)
     kitRequest request;
     fill(request);
     kitDialog dialog(info(), frame(), nullptr);
-    request.at_work = [&](s2sThreadComm &, int) { say(dialog, "IDC_PROGRESS_OUTPUT", "some text\n"); };
+    std::atomic<bool> seen = false;
+    request.at_work = [&](s2sThreadComm &, int) {
+        say(dialog, "IDC_PROGRESS_OUTPUT", "some text\n");
+        while (!seen)
+            std::this_thread::yield();
+    };
     kitModal boxes;
     boxes.expect_message(wxID_OK);
-    run_to_end(request, dialog, [&] {
-        settle();
-        auto * const pane = find<sglEdit>(dialog, "IDC_PROGRESS_OUTPUT");
+    auto * const pane = find<sglEdit>(dialog, "IDC_PROGRESS_OUTPUT");
+    int menus = 0;
+    pane->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent & event) {
+        menus += event.GetMenu()->FindItem(XRCID("IDM_SAVE_DETAILS")) ? 1 : 0;
+        wxUIActionSimulator().Char(WXK_ESCAPE);
+    });
+    auto const press_right = [pane] {
+        wxMouseEvent event(wxEVT_RIGHT_DOWN);
+        event.SetPosition(wxPoint(5, 5));
+        pane->ProcessWindowEvent(event);
+    };
+    run(request, dialog, [&] {
+        run_until([&] { return pane->GetValue() == "some text\n"; }, 20, "the text");
+        press_right();
+        EXPECT_EQ(menus, 0) << "while the worker runs";
+        seen = true;
+        wait_for_end(dialog);
+        press_right();
+        EXPECT_EQ(menus, 1);
         choose_menu(*pane, "ID_EDIT_SELECT_ALL");
         EXPECT_TRUE(pane->HasFocus());
         EXPECT_EQ(pane->GetStringSelection(), "some text\n");
@@ -296,6 +317,7 @@ TEST_F(ProgressDialog, GivesItsPanesTheMouseAndTheMenuOnlyAfterTheEnd)
         settle();
         choose_menu(*pane, "IDM_EDIT_COPY");
         EXPECT_EQ(copies, 1) << "the copy goes to the window with the focus";
+        press(dialog, "IDC_PROGRESS_OK");
     });
 }
 
@@ -392,4 +414,21 @@ TEST_F(ProgressDialog, StaysAliveWhileAHundredThousandMessagesArrive)
     auto const text = last_record().output_messages(0).str();
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), messages);
     EXPECT_TRUE(text.ends_with("message 99999 of the translator\r\n"));
+}
+
+TEST_F(ProgressDialog, ShowsFileNamesThatAreNotUtf8)
+{
+    kitRequest request;
+    std::string const input = folder().write("part \xff.step", "input");
+    fill(request, 0, input, folder() / "part.igs");
+    request.outcomes = {{s2sThreadReadError, 0, 0}};
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] {
+        auto const shown = find<wxStaticText>(dialog, "IDC_PROGRESS_FILE_NAME")->GetLabelText();
+        EXPECT_TRUE(shown.EndsWith(L"part \xFFFD.step")) << shown;
+    });
+    EXPECT_THAT(boxes.said()[0], testing::EndsWith("part \xEF\xBF\xBD.step"));
+    EXPECT_EQ(last_record().input_file(0), utString(input));
 }

@@ -1,10 +1,12 @@
 #include "sglReportDialog.h"
 
+#include "controls/sglShownText.h"
 #include "kit/kitRecord.h"
 #include "sglEdit.h"
 #include "sglMenu.h"
 #include "sglTDOstreamDisplayer.h"
 #include "windows/kit/kitWindowTest.h"
+#include "wxt/wxtStringConverter.h"
 
 #include <gmock/gmock.h>
 #include <sstream>
@@ -16,6 +18,7 @@
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 char const * const none = "No translations have been completed yet.";
@@ -83,8 +86,16 @@ protected:
     }
 };
 
-std::string with_line_ends(std::string const & text)
+/// As a window or the clipboard has the text.
+std::string shown(std::string const & text)
 {
+    return sgl_shown_text(wxtStringConverter::to_wx(utString(text))).utf8_string();
+}
+
+/// As the pane has the text.
+std::string with_line_ends(std::string const & log)
+{
+    std::string const text = shown(log);
     std::string result;
     for (char const character : text)
         result += character == '\n' ? "\r\n" : std::string(1, character);
@@ -133,7 +144,7 @@ TEST_F(ReportDialog, ListsAllRecordsAndShowsTheFirst)
         EXPECT_EQ(static_cast<int>(tree.GetChildrenCount(tree.GetRootItem())), count());
         EXPECT_EQ(tree.GetItemText(item(tree, count() - 1)), "Translation of second.step to second.igs");
         EXPECT_EQ(dialog.get_selected_data(), app().translation_details(0));
-        EXPECT_EQ(pane_text(dialog), with_line_ends(report(0)));
+        EXPECT_TRUE(pane_text(dialog) == with_line_ends(report(0)));
         press(dialog, "IDC_REPORT_OK");
     });
     EXPECT_EQ(result, static_cast<int>(wxID_OK));
@@ -148,7 +159,7 @@ TEST_F(ReportDialog, ShowsTheReportThatIsSelectedFromItsTop)
         auto const & pane = *find<sglEdit>(dialog, "IDC_REPORT_EDIT");
         tree.SelectItem(item(tree, count() - 1));
         settle();
-        EXPECT_EQ(pane_text(dialog), with_line_ends(report(count() - 1)));
+        EXPECT_TRUE(pane_text(dialog) == with_line_ends(report(count() - 1)));
         EXPECT_EQ(pane.GetInsertionPoint(), 0);
         wxTreeItemId const below = tree.AppendItem(item(tree, count() - 2), "below");
         wxTreeItemId const further_below = tree.AppendItem(below, "further below");
@@ -171,7 +182,7 @@ TEST_F(ReportDialog, HasNoRecordWhileTheRootIsSelectedAndLeavesThePaneAsItStands
         tree.SelectItem(tree.GetRootItem());
         settle();
         EXPECT_EQ(dialog.get_selected_data(), nullptr);
-        EXPECT_EQ(pane_text(dialog), with_line_ends(report(0)));
+        EXPECT_TRUE(pane_text(dialog) == with_line_ends(report(0)));
         command(dialog, "ID_REPORT_POPUP_SAVE");
         command(dialog, "ID_REPORT_COPY");
         press(dialog, "IDC_REPORT_OK");
@@ -196,7 +207,7 @@ TEST_F(ReportDialog, SavesTheReportThatIsSelected)
         press(dialog, "IDC_REPORT_OK");
     });
     EXPECT_THAT(boxes.said(), ElementsAre("Details successfully saved to " + file + "."));
-    EXPECT_EQ(kit_read_file(file), report(count() - 1));
+    EXPECT_TRUE(kit_read_file(file) == report(count() - 1));
 }
 
 TEST_F(ReportDialog, OffersTheInputPathWithTheExtensionOfLogsAndAsksBeforeOverwriting)
@@ -238,7 +249,7 @@ TEST_F(ReportDialog, SavesAllReportsInOneFile)
         command(dialog, "ID_REPORT_POPUP_SAVE_ALL");
         press(dialog, "IDC_REPORT_OK");
     });
-    EXPECT_EQ(kit_read_file(file), all_reports());
+    EXPECT_TRUE(kit_read_file(file) == all_reports());
 }
 
 TEST_F(ReportDialog, CopiesOneReportOrAllOfThem)
@@ -247,9 +258,9 @@ TEST_F(ReportDialog, CopiesOneReportOrAllOfThem)
     OpenReportDialog dialog(show_frame());
     show_modal(dialog, [&] {
         command(dialog, "ID_REPORT_COPY");
-        EXPECT_EQ(clipboard_text(), report(0));
+        EXPECT_TRUE(clipboard_text() == shown(report(0)));
         command(dialog, "ID_REPORT_COPY_ALL");
-        EXPECT_EQ(clipboard_text(), all_reports());
+        EXPECT_TRUE(clipboard_text() == shown(all_reports()));
         press(dialog, "IDC_REPORT_OK");
     });
 }
@@ -279,10 +290,10 @@ TEST_F(ReportDialog, SelectsAndCopiesTheTextOfItsPane)
         command(dialog, "ID_REPORT_SELECT_ALL");
         EXPECT_TRUE(pane.HasFocus());
         EXPECT_THAT(pane.GetStringSelection().utf8_string(),
-                    StartsWith(report(0).substr(0, report(0).find('\n'))));
+                    StartsWith(shown(report(0).substr(0, report(0).find('\n')))));
         pane.SetSelection(0, 5);
         command(dialog, "ID_REPORT_COPY_TEXT");
-        EXPECT_EQ(clipboard_text(), report(0).substr(0, 5));
+        EXPECT_EQ(clipboard_text(), shown(report(0)).substr(0, 5));
         press(dialog, "IDC_REPORT_OK");
     });
 }
@@ -302,8 +313,29 @@ TEST_F(ReportDialog, ShowsAndSavesAReportOfAHundredThousandLines)
         tree.SelectItem(item(tree, count() - 1));
         RecordProperty("show_in_milliseconds", static_cast<int>(watch.Time()));
         watch.Start();
-        EXPECT_EQ(pane_text(dialog), with_line_ends(report(count() - 1)));
+        EXPECT_TRUE(pane_text(dialog) == with_line_ends(report(count() - 1)));
         RecordProperty("report_in_milliseconds", static_cast<int>(watch.Time()));
         press(dialog, "IDC_REPORT_OK");
     });
+}
+
+TEST_F(ReportDialog, ShowsFileNamesThatAreNotUtf8AndSavesThemAsTheyAre)
+{
+    register_record("part \xff");
+    std::string const file = folder() / "odd.hrklog";
+    OpenReportDialog dialog(show_frame());
+    kitModal boxes;
+    boxes.expect_file(file);
+    boxes.expect_message(wxID_OK);
+    show_modal(dialog, [&] {
+        auto & tree = *find<wxTreeCtrl>(dialog, "IDC_REPORT_TREE");
+        tree.SelectItem(item(tree, count() - 1));
+        settle();
+        std::string const title = "Translation of part \xEF\xBF\xBD.step to part \xEF\xBF\xBD.igs";
+        EXPECT_EQ(tree.GetItemText(item(tree, count() - 1)).utf8_string(), title);
+        EXPECT_THAT(pane_text(dialog), StartsWith(title + "\r\n"));
+        command(dialog, "ID_REPORT_POPUP_SAVE");
+        press(dialog, "IDC_REPORT_OK");
+    });
+    EXPECT_THAT(kit_read_file(file), HasSubstr("/part \xff.step\n"));
 }

@@ -1,8 +1,9 @@
-#include "sglReadableColour.h"
+#include "sglCaptionText.h"
 
 #include <algorithm>
 #include <cmath>
 
+#include <wx/dc.h>
 #include <wx/settings.h>
 
 namespace {
@@ -40,4 +41,15 @@ wxColour sgl_readable_colour(wxColour const & background, wxColour const & wante
             return colour;
     }
     return sgl_contrast(background, *wxBLACK) >= sgl_contrast(background, *wxWHITE) ? *wxBLACK : *wxWHITE;
+}
+
+wxFont sgl_fitting_font(wxDC & dc, wxFont const & font, wxString const & text, int height)
+{
+    wxFont fitting = font;
+    wxDCFontChanger const changer(dc, fitting);
+    while (fitting.GetPointSize() > 1 && dc.GetTextExtent(text).GetHeight() > height) {
+        fitting.SetPointSize(fitting.GetPointSize() - 1);
+        dc.SetFont(fitting);
+    }
+    return fitting;
 }

@@ -1,0 +1,11 @@
+#include "sglDialogFilterIndexSet.h"
+
+#include <wx/filedlg.h>
+
+void sglDialogFilterIndexSet::set_filter_index(int index) const
+{
+    wxArrayString labels, patterns;
+    int const count = wxParseCommonDialogsFilter(m_dialog->GetWildcard(), labels, patterns);
+    if (count > 0)
+        m_dialog->SetFilterIndex(index >= 0 && index < count ? index : count - 1);
+}

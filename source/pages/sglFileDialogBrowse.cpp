@@ -1,0 +1,116 @@
+// The sides of a page where they open the system's file dialog.
+
+#include "sglFileDialog.h"
+
+#include "sglApp.h"
+#include "sglComboBox.h"
+#include "sglDialogFilterIndexSet.h"
+#include "sglMessageBox.h"
+#include "sglOutputName.h"
+#include "sglResourceString.h"
+#include "sglRow.h"
+#include "sglTranslatedFilter.h"
+
+#include "ap/apStringCompareInsensitive.h"
+#include "controls/sglFileFilter.h"
+#include "sdu/sduStartupKeys.h"
+#include "wxt/wxtStringConverter.h"
+
+#include <wx/button.h>
+#include <wx/filedlg.h>
+#include <wx/listctrl.h>
+
+namespace {
+
+apStringCompareInsensitive label_order(vmrabsAppInfo const & info)
+{
+    return apStringCompareInsensitive(utObserverPtr<apIStringEncoding const>(info.mb_encoding()));
+}
+
+wxString text(unsigned int id)
+{
+    return wxtStringConverter::to_wx(sglResourceString("vmrgrlib", id));
+}
+
+} // namespace
+
+utString sglFileDialog::filter_text() const
+{
+    auto const order = label_order(*m_info);
+    return sglTranslatedFilter(dlls()->filter_elements(), m_info->mb_encoding(), &order)
+        .translated_filter_string();
+}
+
+void sglFileDialog::choose_filter(wxFileDialog & dialog, char const * preferred_format_field) const
+{
+    auto const order = label_order(*m_info);
+    sglDialogFilterIndexSet index_set(&dialog);
+    m_combo->set_filter_index(*dlls(), sglApp::app().startup_info().find_field(preferred_format_field),
+                              &order, index_set);
+}
+
+int sglFileDialog::input_browse(utString & file)
+{
+    m_selected_files.clear();
+    long const style = wxFD_OPEN | wxFD_FILE_MUST_EXIST | (m_allow_multiple ? wxFD_MULTIPLE : 0);
+    wxFileDialog dialog(m_parent, text(1017), wxString(), wxString(),
+                        sgl_toolkit_filter(wxtStringConverter::to_wx(filter_text())), style);
+    choose_filter(dialog, sduPREFERREDINPUTFORMAT);
+    int const code = dialog.ShowModal();
+    if (code != wxID_OK)
+        return code;
+
+    wxArrayString paths;
+    if (m_allow_multiple)
+        dialog.GetPaths(paths);
+    else
+        paths.Add(dialog.GetPath());
+    for (wxString const & path : paths)
+        m_selected_files.append(wxtStringConverter::to_ut(path));
+    if (m_selected_files.count() == 1) {
+        file = m_selected_files[0];
+        int failed = 0;
+        set_details(file, failed);
+    }
+    return wxID_OK;
+}
+
+int sglFileDialog::output_browse(sglRow & row, int & user_edited)
+{
+    wxFileDialog dialog(m_parent, text(1116), wxString(), wxString(),
+                        sgl_toolkit_filter(wxtStringConverter::to_wx(filter_text())),
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    choose_filter(dialog, sduPREFERREDOUTPUTFORMAT);
+    int const code = dialog.ShowModal();
+    if (code != wxID_OK)
+        return code;
+
+    utString const path = wxtStringConverter::to_ut(dialog.GetPath());
+    if (!file_is_writable(path)) {
+        sglMessageBox("vmrgrlib", 1119, wxICON_ERROR);
+        return wxID_CANCEL;
+    }
+    if (take_output(path, row)) {
+        m_resource_button->Enable();
+        m_combo->delete_unknown();
+        user_edited = 1;
+    }
+    return wxID_OK;
+}
+
+int sglFileDialog::take_output(utString const & path, sglRow & row)
+{
+    int failed = 0;
+    auto const * const translator = translator_for_file(path);
+    if (!translator) {
+        show_file(path);
+        set_resource_file();
+        initialise_row(row);
+    } else if (row.update_is_ok(translator->format_name().ut_string(), 1)) {
+        set_details(path, failed);
+        initialise_row(row);
+    } else {
+        m_combo->SetStringSelection(wxtStringConverter::to_wx(row.file_type()));
+    }
+    return failed ? 0 : 1;
+}
