@@ -107,10 +107,12 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
 /// The dialog is not modal yet while it is told to initialise.
 void sglResources::close_when_modal()
 {
-    CallAfter([this] {
+    Bind(wxEVT_IDLE, [this](wxIdleEvent & event) {
+        event.Skip();
         if (IsModal())
             EndModal(wxID_CANCEL);
     });
+    wxWakeUpIdle();
 }
 
 void sglResources::make_menu()
