@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
-TEST(FileFilter, LosesTheBarsAtItsEndAndTheBlanksAroundTheOthers)
+TEST(FileFilter, LosesTheBarsAtItsEndAndTheBlanksAroundTheOthersAndTakesBothCases)
 {
-    EXPECT_EQ(sgl_toolkit_filter("Resource Files (*.rsc)|*.rsc||"), "Resource Files (*.rsc)|*.rsc");
-    EXPECT_EQ(sgl_toolkit_filter("Resource Files (*.rsc) | *.rsc||"), "Resource Files (*.rsc)|*.rsc");
-    EXPECT_EQ(sgl_toolkit_filter("A (*.a)|*.a|B (*.b)|*.b"), "A (*.a)|*.a|B (*.b)|*.b");
+    EXPECT_EQ(sgl_toolkit_filter("Resource Files (*.rsc)|*.rsc||"), "Resource Files (*.rsc)|*.[rR][sS][cC]");
+    EXPECT_EQ(sgl_toolkit_filter("Resource Files (*.rsc) | *.rsc||"),
+              "Resource Files (*.rsc)|*.[rR][sS][cC]");
+    EXPECT_EQ(sgl_toolkit_filter("A (*.a)|*.a|B (*.b)|*.b"), "A (*.a)|*.[aA]|B (*.b)|*.[bB]");
     EXPECT_EQ(sgl_toolkit_filter(""), "");
 }
 
