@@ -93,6 +93,8 @@ int sglOptionsDialog::create_page(sglOptionsPage * page)
     page->set_tree_item(m_tree->InsertItem(above, m_tree->GetLastChild(above),
                                            wxtStringConverter::to_wx(page->name()), -1, -1,
                                            new sglResourceDialogTreeData(page)));
+    // From the tree the keyboard goes on to the page, and from there to the buttons.
+    page->MoveAfterInTabOrder(m_tree);
     return 1;
 }
 
