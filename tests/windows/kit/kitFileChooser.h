@@ -39,14 +39,7 @@ public:
         return call<int(void *, void const *)>("gtk_file_filter_filter")(filters().at(filter), &info) != 0;
     }
     bool several() const { return call<int(void *)>("gtk_file_chooser_get_select_multiple")(m_chooser) != 0; }
-    void go_to(std::string const & folder) const
-    {
-        call<int(void *, char const *)>("gtk_file_chooser_set_current_folder")(m_chooser, folder.c_str());
-    }
-    void select(std::string const & path) const
-    {
-        call<int(void *, char const *)>("gtk_file_chooser_select_filename")(m_chooser, path.c_str());
-    }
+    void select_all() const { call<void(void *)>("gtk_file_chooser_select_all")(m_chooser); }
     /// The file or folder that would be taken; empty until there is one.
     std::string path() const
     {

@@ -129,17 +129,17 @@ TEST_F(Browse, TakesSeveralFilesWithoutShowingThem)
         auto & files = dynamic_cast<wxFileDialog &>(*shown);
         kitFileChooser const chooser(files);
         EXPECT_TRUE(chooser.several());
-        chooser.go_to(folder().path().string());
-        run_until(
-            [&] {
-                // It takes no selection before it has read the folder.
-                chooser.select(a);
-                chooser.select(b);
-                wxArrayString paths;
-                files.GetPaths(paths);
-                return paths.size() == 2;
-            },
-            20, "the selection of two files");
+        auto const selected = [&] {
+            wxArrayString paths;
+            files.GetPaths(paths);
+            return paths.size();
+        };
+        files.SetPath(a);
+        files.Show();
+        run_until([&] { return selected() == 1; }, 20, "the first file");
+        // There is no selection of all before the folder has been read.
+        run_until([&] { return chooser.select_all(), selected() == 2; }, 20, "both files");
+        files.Hide();
         return static_cast<int>(wxID_OK);
     });
     utString file("before");
