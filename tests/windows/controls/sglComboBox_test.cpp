@@ -225,6 +225,22 @@ TEST_F(FormatBox, TellsOnceOfACloseByEachOfTheWaysOut)
     EXPECT_EQ(shown(), "IGES");
 }
 
+TEST_F(FormatBox, ShowsTheUnknownFormatAgainAfterAClickBesideTheList)
+{
+    m_box->fill({"STEP", "IGES"});
+    auto * const other = new wxTextCtrl(m_frame, wxID_ANY, "", wxPoint(20, 300), wxSize(200, -1));
+    std::string seen_by_page;
+    m_frame->Bind(wxEVT_COMBOBOX_CLOSEUP, [&](wxCommandEvent &) { seen_by_page = selected(); });
+    m_box->add_and_select_unknown();
+    settle();
+    open();
+    click(*other);
+    wait_for_close();
+    EXPECT_EQ(seen_by_page, unknown());
+    EXPECT_EQ(shown(), unknown());
+    EXPECT_EQ(count(wxEVT_COMBOBOX), 1);
+}
+
 TEST_F(FormatBox, IsUsedWithTheKeysAlone)
 {
     m_box->fill({"BREP", "IGES", "STEP"});
