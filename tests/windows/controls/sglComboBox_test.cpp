@@ -302,6 +302,24 @@ TEST_F(FormatBox, ShowsThatItLoadsWhileItDoes)
     EXPECT_EQ(selected(), "STEP");
 }
 
+TEST_F(FormatBox, LoadsWhatWasClickedFromTheHandlerOfThePage)
+{
+    m_box->fill({"BREP", "IGES", "STEP"});
+    m_box->add_and_select_unknown();
+    int loaded = 0;
+    m_frame->Bind(wxEVT_COMBOBOX_CLOSEUP, [&](wxCommandEvent &) { loaded += m_box->load_selected(); });
+    open();
+    click_on(2);
+    EXPECT_EQ(loaded, 1);
+    EXPECT_EQ(selected(), "STEP");
+    EXPECT_EQ(shown(), "STEP");
+    EXPECT_THAT(rows(), ElementsAre("BREP", "IGES", "STEP"));
+    open();
+    click_on(0);
+    EXPECT_EQ(loaded, 2);
+    EXPECT_EQ(selected(), "BREP");
+}
+
 TEST_F(FormatBox, TakesNoTranslatorForTheUnknownFormat)
 {
     m_box->fill({"STEP"});
