@@ -225,6 +225,22 @@ TEST_F(FormatBox, TellsOnceOfACloseByEachOfTheWaysOut)
     EXPECT_EQ(shown(), "IGES");
 }
 
+TEST_F(FormatBox, ShowsTheUnknownFormatAgainAfterAClickBesideTheList)
+{
+    m_box->fill({"STEP", "IGES"});
+    auto * const other = new wxTextCtrl(m_frame, wxID_ANY, "", wxPoint(20, 300), wxSize(200, -1));
+    std::string seen_by_page;
+    m_frame->Bind(wxEVT_COMBOBOX_CLOSEUP, [&](wxCommandEvent &) { seen_by_page = selected(); });
+    m_box->add_and_select_unknown();
+    settle();
+    open();
+    click(*other);
+    wait_for_close();
+    EXPECT_EQ(seen_by_page, unknown());
+    EXPECT_EQ(shown(), unknown());
+    EXPECT_EQ(count(wxEVT_COMBOBOX), 1);
+}
+
 TEST_F(FormatBox, IsUsedWithTheKeysAlone)
 {
     m_box->fill({"BREP", "IGES", "STEP"});
@@ -284,6 +300,24 @@ TEST_F(FormatBox, ShowsThatItLoadsWhileItDoes)
     EXPECT_EQ(watched.while_loading, "Loading DLL..., Loading DLL...");
     EXPECT_THAT(rows(), ElementsAre("STEP"));
     EXPECT_EQ(selected(), "STEP");
+}
+
+TEST_F(FormatBox, LoadsWhatWasClickedFromTheHandlerOfThePage)
+{
+    m_box->fill({"BREP", "IGES", "STEP"});
+    m_box->add_and_select_unknown();
+    int loaded = 0;
+    m_frame->Bind(wxEVT_COMBOBOX_CLOSEUP, [&](wxCommandEvent &) { loaded += m_box->load_selected(); });
+    open();
+    click_on(2);
+    EXPECT_EQ(loaded, 1);
+    EXPECT_EQ(selected(), "STEP");
+    EXPECT_EQ(shown(), "STEP");
+    EXPECT_THAT(rows(), ElementsAre("BREP", "IGES", "STEP"));
+    open();
+    click_on(0);
+    EXPECT_EQ(loaded, 2);
+    EXPECT_EQ(selected(), "BREP");
 }
 
 TEST_F(FormatBox, TakesNoTranslatorForTheUnknownFormat)
