@@ -94,7 +94,10 @@ int sglOptionsDialog::create_page(sglOptionsPage * page)
                                            wxtStringConverter::to_wx(page->name()), -1, -1,
                                            new sglResourceDialogTreeData(page)));
     // From the tree the keyboard goes on to the page, and from there to the buttons.
-    page->MoveAfterInTabOrder(m_tree);
+    wxWindow * before = m_tree;
+    for (int i = 0; i < m_pages.count() && m_pages[i] != page; ++i)
+        before = m_pages[i];
+    page->MoveAfterInTabOrder(before);
     return 1;
 }
 
