@@ -249,6 +249,31 @@ TEST_F(BatchPage, StaysAsItIsWhenTheOptionsAreCancelled)
     EXPECT_EQ(input_resource(), "step.rsc");
 }
 
+TEST_F(BatchPage, ShowsTheFileAgainWhoseEditedOptionsTheUserKeeps)
+{
+    drop_on_queue({step_file("a.stp")});
+    auto & options = const_cast<sglRow &>(m_batch->input_row(0)).resource_table();
+    ASSERT_TRUE(options.add_resource("stepReadNames", "false"));
+    click_line(0);
+    {
+        kitModal boxes;
+        boxes.expect_message(wxID_NO);
+        choose(ids.input_format, "STL");
+    }
+    EXPECT_EQ(input_file(), folder() / "a.stp");
+    EXPECT_EQ(input_format(), "STEP");
+    EXPECT_EQ(input_resource(), "step.rsc");
+    EXPECT_TRUE(enabled(ids.input_resources));
+    {
+        kitModal boxes;
+        boxes.expect_message(wxID_YES);
+        choose(ids.input_format, "STL");
+    }
+    EXPECT_EQ(input_format(), "STL");
+    EXPECT_TRUE(options.modified());
+    EXPECT_EQ(m_batch->input_row(0).file_type(), utString("STEP"));
+}
+
 TEST_F(BatchPage, RunsEveryItemAndLosesNothingToABrokenFile)
 {
     if (!have_samples())

@@ -1,3 +1,4 @@
+#include "kit/kitFormat.h"
 #include "sglSingleFile.h"
 #include "windows/pages/kitOpenPage.h"
 
@@ -15,6 +16,25 @@ protected:
         kitOpenPageTest::SetUp();
         open<sglSingleFile>(ids);
     }
+};
+
+/// Other formats for the application, for as long as this lives.
+class kitFormats {
+public:
+    kitFormats(kitApp & app, std::string const & folder) : m_app(app)
+    {
+        build(sdbSearchPath(std::vector{apPathName::from_utf8(folder)}));
+    }
+    ~kitFormats() { build(m_app.file_locator().search_path(sdbHRKDirectory::translators)); }
+    kitFormats(kitFormats const &) = delete;
+    kitFormats & operator=(kitFormats const &) = delete;
+
+private:
+    void build(sdbSearchPath const & path)
+    {
+        m_app.build_translator_dlls(utString::make_invalid(), path, utString::make_invalid());
+    }
+    kitApp & m_app;
 };
 
 /// The page with a panel that is not there.
@@ -140,17 +160,29 @@ TEST_F(SingleTranslation, FailsOnALinkThatLeadsNowhereAndSaysWhichOne)
 TEST_F(SingleTranslation, SaysSoWhenAFormatIsNotThereAnyMore)
 {
     drop({step_file("part.stp")});
-    auto const rebuild = [](sdbSearchPath const & path) {
-        app().build_translator_dlls(utString::make_invalid(), path, utString::make_invalid());
-    };
-    rebuild(sdbSearchPath(std::vector{apPathName::from_utf8(folder() / "none")}));
+    kitFormats const none(app(), folder() / "none");
     kitModal boxes;
     boxes.expect_message(wxID_OK);
     press(*m_page, ids.translate);
     EXPECT_EQ(boxes.said()[0], "An invalid input format was detected");
     EXPECT_TRUE(boxes.styles()[0] & wxICON_ERROR);
-    rebuild(app().file_locator().search_path(sdbHRKDirectory::translators));
     EXPECT_EQ(input_file(), folder() / "part.stp");
+    EXPECT_TRUE(can_translate());
+}
+
+TEST_F(SingleTranslation, SaysSoWhenTheModuleOfAFormatHasVanished)
+{
+    kit_install_format(folder(), "other", "Odd", "odd");
+    kitFormats const formats(app(), folder() / "other/lib/vmr/translators");
+    std::filesystem::remove(folder() / "other/lib/vmr/translators/odd.so");
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    drop({folder().write("part.odd", "odd")});
+    EXPECT_THAT(boxes.said()[0], testing::HasSubstr("unable to load"));
+    EXPECT_EQ(input_file(), folder() / "part.odd");
+    EXPECT_EQ(input_format(), unknown());
+    EXPECT_FALSE(can_translate());
+    EXPECT_TRUE(folder().exists("part.odd"));
 }
 
 TEST_F(SingleTranslation, IsStartedByEnterWhicheverOfItsControlsHasTheFocus)

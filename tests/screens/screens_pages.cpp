@@ -1,0 +1,59 @@
+#include "screens/screens.h"
+#include "sglBatchFiles.h"
+#include "sglMergeFiles.h"
+#include "sglSingleFile.h"
+
+#include <wx/dnd.h>
+#include <wx/notebook.h>
+
+namespace {
+
+class Pages : public Screens {
+protected:
+    void SetUp() override
+    {
+        Screens::SetUp();
+        frame()->SetClientSize(frame()->ConvertDialogToPixels(wxSize(450, 340)));
+        m_notebook = new wxNotebook(frame(), wxID_ANY);
+    }
+    /// The picture of a page on whose control those files have been dropped.
+    template <class Page>
+    void page_with(char const * control, std::vector<std::string> const & files, char const * name)
+    {
+        auto * const page = new Page(m_notebook);
+        ASSERT_TRUE(page->create());
+        m_notebook->AddPage(page, wxString::FromUTF8(page->caption().str()), true);
+        frame()->SendSizeEvent();
+        settle();
+        wxArrayString names;
+        for (auto const & file : files)
+            names.Add(wxString::FromUTF8(file));
+        auto * const target =
+            dynamic_cast<wxFileDropTarget *>(find<wxWindow>(*page, control)->GetDropTarget());
+        target->OnDropFiles(1, 1, names);
+        settle();
+        picture(*frame(), name);
+    }
+    std::string step(std::string const & name) { return folder().write(name, "ISO-10303-21;\nHEADER;\n"); }
+
+    wxNotebook * m_notebook = nullptr;
+};
+
+} // namespace
+
+TEST_F(Pages, Single)
+{
+    page_with<sglSingleFile>("IDC_SINGLE_INPUT_FILENAME", {step("gearbox housing.step")}, "page-single");
+}
+
+TEST_F(Pages, Merge)
+{
+    page_with<sglMergeFiles>("IDC_MULTIPLE_INPUT_FILENAME",
+                             {step("housing.step"), step("shaft.step"), step("lid.step")}, "page-merge");
+}
+
+TEST_F(Pages, Batch)
+{
+    page_with<sglBatchFiles>("IDC_BATCH_BATCH_LIST",
+                             {step("housing.step"), step("shaft.step"), step("lid.step")}, "page-batch");
+}
