@@ -222,6 +222,16 @@ TEST_F(BatchPage, BringsAnItemBackForEditingAndChangesItOnlyWithSave)
     EXPECT_EQ(queued(), 2);
 }
 
+TEST_F(BatchPage, BringsTheItemBackThatTheArrowKeysSelect)
+{
+    drop_on_queue({step_file("a.stp"), step_file("b.stp")});
+    focus(queue());
+    key(WXK_UP);
+    run_until([&] { return input_file() == folder() / "a.stp"; }, 20, "the details of the first item");
+    EXPECT_EQ(queue().GetSelection(), 0);
+    EXPECT_FALSE(can_add());
+}
+
 TEST_F(BatchPage, LeavesTheLineOfASavedItemAsItWas)
 {
     drop_on_queue({step_file("a.stp")});

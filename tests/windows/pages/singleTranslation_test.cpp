@@ -193,6 +193,30 @@ TEST_F(SingleTranslation, IsStartedByEnterWhicheverOfItsControlsHasTheFocus)
     EXPECT_EQ(m_frame->GetDefaultItem(), find<wxWindow>(*m_page, ids.translate));
 }
 
+TEST_F(SingleTranslation, IsDoneWithTheKeyboardAlone)
+{
+    if (!have_samples())
+        GTEST_SKIP() << "no sample files are installed";
+    kitModal boxes;
+    boxes.expect_file(sample("step/screw.step", "screw.step"));
+    boxes.expect_file(folder() / "mine.igs");
+    boxes.expect([this](wxDialog *) {
+        m_frame->CallAfter([] {
+            run_until([] { return find<wxWindow>(*progress_dialog(), "IDC_PROGRESS_OK")->IsEnabled(); }, 60,
+                      "the end of the translation");
+            key(WXK_RETURN);
+        });
+        return static_cast<int>(wxID_OK);
+    });
+    focus(*find<wxWindow>(*m_page, ids.input_list));
+    key('B', wxMOD_ALT);
+    run_until([&] { return input_file() == folder() / "screw.step"; }, 20, "the input");
+    key('W', wxMOD_ALT);
+    run_until([&] { return output_file() == folder() / "mine.igs"; }, 20, "the output");
+    key('T', wxMOD_ALT);
+    run_until([&] { return !progress_dialog() && folder().exists("mine.igs"); }, 60, "the output file");
+}
+
 TEST_F(SingleTranslation, IsWalkedThroughByTheTabKeyInItsOrder)
 {
     drop({step_file("part.stp")});
