@@ -108,6 +108,7 @@ TEST_F(MessageHandler, ShowsTheReportOfAllTranslationsOverTheMainWindow)
 TEST_F(MessageHandler, OpensTheHelpAtTheNewsInAWindowThatStays)
 {
     Book const book(app());
+    kitModal const no_boxes;
     sglAppMessageHandler const handler(&app());
     // Again after the user has closed the window.
     for (int time = 0; time < 2; ++time) {

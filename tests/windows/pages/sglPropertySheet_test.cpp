@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 #include <wx/clipbrd.h>
+#include <wx/weakref.h>
 
 namespace {
 
@@ -88,13 +89,14 @@ protected:
     static int code_of_end(Sheet & sheet, std::function<void()> const & end)
     {
         int code = -1;
+        wxWeakRef<Sheet> const window(&sheet);
         app().at_end_of_main_window([&] {
             code = app().last_end_code();
             EXPECT_FALSE(sheet.IsShown());
             EXPECT_FALSE(wxPendingDelete.Member(&sheet));
         });
         end();
-        EXPECT_EQ(code != -1, wxPendingDelete.Member(&sheet));
+        EXPECT_EQ(code != -1, !window || wxPendingDelete.Member(window.get()));
         return code;
     }
 };
