@@ -78,7 +78,7 @@ wxIconBundle vmrApp::icons() const
             auto const file = directory.utf8() + "/icons/vmr-" + size + ".png";
             wxIcon icon;
             if (std::filesystem::exists(file) &&
-                icon.LoadFile(wxtStringConverter::to_wx(file), wxBITMAP_TYPE_PNG))
+                icon.LoadFile(wxtStringConverter::to_wx(std::string_view(file)), wxBITMAP_TYPE_PNG))
                 bundle.AddIcon(icon);
         }
     }

@@ -16,7 +16,7 @@
 #include <wx/xrc/xmlres.h>
 
 wxBEGIN_EVENT_TABLE(sglTabDlg, sglPropertySheet)
-    EVT_BUTTON(wxID_CLOSE, sglPropertySheet::OnExit)
+    EVT_BUTTON(wxID_CLOSE, sglTabDlg::OnExit)
     EVT_MENU(XRCID("IDM_FILE_OPEN"), sglTabDlg::OnOpen)
     EVT_MENU(XRCID("IDM_FILE_SAVE_AS"), sglTabDlg::OnSaveAs)
 wxEND_EVENT_TABLE()
