@@ -60,10 +60,11 @@ class Bench : public wxApp {
             return;
         m_tick.Stop();
         m_worker.join();
-        std::printf("%ld messages of %ld characters: written after %.0f ms, shown after %.0f ms, latest event "
-                    "%.0f ms late\n",
-                    m_messages, m_length, milliseconds(m_written - m_begin), milliseconds(now - m_begin),
-                    milliseconds(m_longest));
+        std::printf(
+            "%ld messages of %ld characters: written after %.0f ms, shown after %.0f ms, latest event "
+            "%.0f ms late\n",
+            m_messages, m_length, milliseconds(m_written - m_begin), milliseconds(now - m_begin),
+            milliseconds(m_longest));
         ExitMainLoop();
     }
 

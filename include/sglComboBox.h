@@ -57,10 +57,13 @@ public:
     sglListViewComboPopup const * popup() const { return m_popup; } ///< null before create
 
 private:
+    void OnCloseUp(wxCommandEvent & event);
+
     sglListViewComboPopup * m_popup = nullptr;
     int m_hiding = 0;
     bool m_window_hiding = false;
 
     wxDECLARE_NO_COPY_CLASS(sglComboBox);
     wxDECLARE_DYNAMIC_CLASS(sglComboBox);
+    wxDECLARE_EVENT_TABLE();
 };

@@ -44,7 +44,9 @@ protected:
     void apply_changes(vmrTableInstance & target);
     int do_update(vmrTableInstance const & table); ///< every widget shows the working table
     int resource_is_available(utString const & name, vmrTableInstance const * instance) const;
-    utString value_from_table(utString const & name, coResourceTable * table) const; ///< invalid if absent
+    utString value_from_table(utString const & name, coResourceTable * table) const;
+    utString legal_value_from_table(utString const & name,
+                                    coResourceTable * table) const; ///< invalid if absent
 
     int ok_pressed() override;
     int apply_pressed() override;

@@ -92,7 +92,8 @@ protected:
     void set_wrapper(std::unique_ptr<s2sWrapperBase> wrapper) { m_wrapper = std::move(wrapper); }
     wxTimer & timer() { return m_timer; }
 
-    /// Takes the entry out of every list that has it, apart from the documents.
+    /// Takes the entry out of every list, apart from the documents. The lists that are longer than that of
+    /// the outputs become as long as it.
     void remove_entry(int index);
 
     /// What a wrapper is made of; the connectors are there from translate() on.

@@ -36,6 +36,10 @@ bool load_and_tell(sdbTranslatorInfo const & info)
 
 wxIMPLEMENT_DYNAMIC_CLASS(sglComboBox, wxComboCtrl);
 
+wxBEGIN_EVENT_TABLE(sglComboBox, wxComboCtrl)
+    EVT_COMBOBOX_CLOSEUP(wxID_ANY, sglComboBox::OnCloseUp)
+wxEND_EVENT_TABLE()
+
 utString unknown_format()
 {
     if (unknown_text().invalid())
@@ -174,17 +178,25 @@ void sglComboBox::HidePopup(bool)
     if (!IsPopupWindowState(Visible) || m_window_hiding)
         return;
     m_hiding = 1;
-    if (m_popup->value() == -1)
-        add_and_select_unknown();
     m_window_hiding = true;
-    wxComboCtrl::HidePopup(false);
+    check_and_select_unknown();
+    wxComboCtrl::HidePopup(true);
     m_window_hiding = false;
-    for (auto const type : {wxEVT_COMBOBOX_CLOSEUP, wxEVT_COMBOBOX}) {
-        wxCommandEvent event(type, GetId());
-        event.SetEventObject(this);
-        event.SetInt(m_popup->value());
-        event.SetString(GetValue());
-        ProcessWindowEvent(event);
-    }
     m_hiding = 0;
+}
+
+// The one place that every close comes to: a click beside the list closes it without HidePopup.
+void sglComboBox::OnCloseUp(wxCommandEvent & event)
+{
+    m_hiding = 1;
+    m_window_hiding = false;
+    check_and_select_unknown();
+    SetValue(m_popup->GetStringValue());
+    wxCommandEvent chosen(wxEVT_COMBOBOX, GetId());
+    chosen.SetEventObject(this);
+    chosen.SetInt(m_popup->value());
+    chosen.SetString(GetValue());
+    ProcessWindowEvent(chosen);
+    m_hiding = 0;
+    event.Skip();
 }

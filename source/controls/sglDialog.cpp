@@ -35,7 +35,7 @@ int sglTranslateWndText(char const * domain, wxWindow * window, int recursive)
 {
     if (!window)
         return 0;
-    auto * const top_level = wxDynamicCast(window, wxTopLevelWindow);
+    auto * const top_level = dynamic_cast<wxTopLevelWindow *>(window);
     wxString const text = top_level ? top_level->GetTitle() : window->GetLabel();
     if (!text.empty()) {
         utString const translated = sglGUIString(wxtStringConverter::to_ut(text), domain).process();

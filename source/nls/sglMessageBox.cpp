@@ -36,7 +36,9 @@ int sglMessageBoxWithArguments(char const * domain, unsigned int id, utTextArgum
                            wxtStringConverter::to_wx(sglApp::app().application_name_no_version()),
                            static_cast<long>(style));
     dialog.CentreOnParent(wxBOTH);
-    return dialog.ShowModal();
+    int const answer = dialog.ShowModal();
+    // Who closes a question without an answer has not agreed.
+    return answer == wxID_CANCEL && style & wxYES_NO && !(style & wxCANCEL) ? wxID_NO : answer;
 }
 
 void sgl_show_error_text(utString const & text)

@@ -8,9 +8,11 @@ namespace {
 
 void add_override_line(sglExportSystem & system, utString line)
 {
-    utString name;
-    if (line.locate_substring(" ") < 0 || !line.extract_string(" ", name))
+    int const blank = line.locate_substring(" ");
+    if (blank < 0)
         return;
+    utString const name(line.view().substr(0, static_cast<std::size_t>(blank)));
+    line.remove(0, blank);
     line.remove_leading_chars(" ");
     system.add_override(name, line);
 }

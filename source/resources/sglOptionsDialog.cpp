@@ -93,6 +93,11 @@ int sglOptionsDialog::create_page(sglOptionsPage * page)
     page->set_tree_item(m_tree->InsertItem(above, m_tree->GetLastChild(above),
                                            wxtStringConverter::to_wx(page->name()), -1, -1,
                                            new sglResourceDialogTreeData(page)));
+    // From the tree the keyboard goes on to the page, and from there to the buttons.
+    wxWindow * before = m_tree;
+    for (int i = 0; i < m_pages.count() && m_pages[i] != page; ++i)
+        before = m_pages[i];
+    page->MoveAfterInTabOrder(before);
     return 1;
 }
 

@@ -32,9 +32,11 @@ int sglResourceDialogBuilder::build_dialog(unsigned int mask)
 {
     utString const name = "resource_layout.txt";
     auto const * const information = sglApp::app().application_information();
-    utString file = information->find_file_in_path(information->schema_path("resources"), name);
-    if (file.invalid())
-        file = name;
+    utString const file = information->find_file_in_path(information->schema_path("resources"), name);
+    if (file.invalid()) {
+        sglMessageBox("vmrgrlib", 1211, wxOK, name);
+        return 0;
+    }
     ubIFStream stream(file, ubOpenInput);
     if (stream.rdstate() != std::ios::goodbit) {
         sglMessageBox("vmrgrlib", 1211, wxOK, file);

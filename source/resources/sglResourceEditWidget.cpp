@@ -84,9 +84,11 @@ void sglResourceEditWidget::control_changed()
         add_resource(text);
         return;
     }
-    // Nobody is told of a field that is empty because the resource is, and that was only passed through.
-    if (text.empty() && current_value().empty())
+    // What is empty to begin with may be emptied again.
+    if (text.empty() && (current_value().empty() || default_value().empty())) {
+        add_resource(text);
         return;
+    }
     utString const value = default_value();
     m_telling = true;
     sglMessageBox("vmrgrlib", 1210, wxOK);

@@ -85,14 +85,23 @@ utString sglResourceOptionsPage::value_from_table(utString const & name, coResou
     return resource ? sglResourceHandler(name).display(resource) : utString::make_invalid();
 }
 
+/// The same, but for a text that is no legal value: a file may hold any.
+utString sglResourceOptionsPage::legal_value_from_table(utString const & name, coResourceTable * table) const
+{
+    utString const value = value_from_table(name, table);
+    bool const legal =
+        value.invalid() || !sdbResourceType::look_up_type(name) || sglResourceHandler(name).validate(value);
+    return legal ? value : utString::make_invalid();
+}
+
 utString sglResourceOptionsPage::default_value(utString const & name) const
 {
     auto const * const working = m_working_table;
-    utString value = value_from_table(name, working ? working->default_table() : nullptr);
+    utString value = legal_value_from_table(name, working ? working->default_table() : nullptr);
     if (!value.invalid())
         return value;
     vmrResourceTableMark const mark;
-    value = value_from_table(name, vmr_resource_table_inquire());
+    value = legal_value_from_table(name, vmr_resource_table_inquire());
     return value.invalid() ? utString("Error") : value;
 }
 

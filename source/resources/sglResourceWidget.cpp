@@ -19,7 +19,8 @@ std::string wrapped(utString const & text)
     for (char const letter : text.view()) {
         bool const ends_line = letter == '\n' || (letter == ' ' && column >= tooltip_columns);
         result += ends_line ? '\n' : letter;
-        column = ends_line ? 0 : column + 1;
+        bool const begins_character = (static_cast<unsigned char>(letter) & 0xC0) != 0x80;
+        column = ends_line ? 0 : column + begins_character;
     }
     return result;
 }

@@ -107,10 +107,12 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
 /// The dialog is not modal yet while it is told to initialise.
 void sglResources::close_when_modal()
 {
-    CallAfter([this] {
+    Bind(wxEVT_IDLE, [this](wxIdleEvent & event) {
+        event.Skip();
         if (IsModal())
             EndModal(wxID_CANCEL);
     });
+    wxWakeUpIdle();
 }
 
 void sglResources::make_menu()
@@ -118,8 +120,16 @@ void sglResources::make_menu()
     m_menu.reset(sglMenu("vmrgrlib").create_menu("MB_OPTIONS_MENU"));
     enable_save(false);
     // Export systems are for output only.
-    if (m_menu && !(m_dialog_type & sglResourceDialogBuilder::output))
-        m_menu->Destroy(XRCID("IDM_OPTIONS_EXPORT_TO"));
+    if (!m_menu || m_dialog_type & sglResourceDialogBuilder::output)
+        return;
+    std::size_t place = 0;
+    if (!m_menu->FindChildItem(XRCID("IDM_OPTIONS_EXPORT_TO"), &place))
+        return;
+    m_menu->Destroy(XRCID("IDM_OPTIONS_EXPORT_TO"));
+    // One separator is enough for what is left on the two sides.
+    if (place > 0 && place < m_menu->GetMenuItemCount() && m_menu->FindItemByPosition(place)->IsSeparator() &&
+        m_menu->FindItemByPosition(place - 1)->IsSeparator())
+        m_menu->Destroy(m_menu->FindItemByPosition(place));
 }
 
 void sglResources::spread_buttons()

@@ -44,6 +44,12 @@ void tell_problems(char const * key, utString const & file, std::vector<std::str
     sgl_show_error_text(text);
 }
 
+bool holds(coResourceTable * table, utString const & name)
+{
+    coResourceKeyBase const key(name);
+    return table && table->lookup_resource(&key);
+}
+
 } // namespace
 
 sdbFile sglResources::file_of(utString const & path) const
@@ -226,18 +232,15 @@ void sglResources::OnExportTo(wxCommandEvent &)
 
 void sglResources::export_to(sglExportSystem const & system)
 {
-    utStringutStringcoTable overrides(4, 50);
+    // What was saved under another name lies in memory only; the copy has it, too.
+    vmrTableInstance scratch;
+    CopyTable(m_working, scratch);
+    vmrTableInstance const factory(sglApp::app().installation_resource_file(*m_translator).c_str());
     for (sglExportSystemIT walk(system); ++walk;)
-        overrides[walk.resource()] = walk.value();
-
-    vmrTableInstance scratch(m_working.resource_file().c_str());
-    for (coResourceIterator kept(m_working.table()); ++kept;) {
-        utString const & name = kept()->key->name;
-        if (!overrides.member(name))
-            sglResourceHandler(name).add_resource(kept(), scratch);
-    }
-    for (auto const & [name, value] : overrides)
-        scratch.add_resource(name, value);
+        // A system names the options of several formats.
+        if (holds(m_working.default_table(), walk.resource()) ||
+            holds(factory.default_table(), walk.resource()))
+            scratch.add_resource(walk.resource(), walk.value());
     CopyTable(scratch, m_working);
     m_builder.initialise(&m_working);
     enable_save(true);

@@ -195,7 +195,7 @@ void sglGUIProgressDialog::OnCopy(wxCommandEvent & event)
 
 void sglGUIProgressDialog::OnSelectAll(wxCommandEvent &)
 {
-    auto * const text = wxDynamicCast(m_tabs->GetCurrentPage(), wxTextCtrl);
+    auto * const text = dynamic_cast<wxTextCtrl *>(m_tabs->GetCurrentPage());
     if (!text)
         return;
     text->SetFocus();

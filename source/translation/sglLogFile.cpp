@@ -2,16 +2,12 @@
 
 #include "sglResourceString.h"
 
+#include "controls/sglFileFilter.h"
 #include "wxt/wxtStringConverter.h"
 
 wxString sgl_log_file_filter()
 {
-    utString filter = sglResourceString("vmrgrlib", 1130) + " (*.hrklog)|*.hrklog|" +
-                      sglResourceString("vmrgrlib", 1016) + " (*.*)|*.*||";
-    // The bars at the end would be one more kind of files to this toolkit.
-    filter.remove_trailing_chars("|");
-    wxString shown = wxtStringConverter::to_wx(filter);
-    // Files without a dot are files, too.
-    shown.Replace("|*.*", "|*");
-    return shown;
+    utString const filter = sglResourceString("vmrgrlib", 1130) + " (*.hrklog)|*.hrklog|" +
+                            sglResourceString("vmrgrlib", 1016) + " (*.*)|*.*||";
+    return sgl_toolkit_filter(wxtStringConverter::to_wx(filter));
 }

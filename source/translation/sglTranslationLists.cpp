@@ -69,9 +69,12 @@ void sglTranslation::output_document(annDocument * document, int index)
 
 void sglTranslation::remove_entry(int index)
 {
-    auto const take_out = [index](auto & list) {
+    int const left = num_output_files() - 1;
+    auto const take_out = [index, left](auto & list) {
         if (index < list.count())
             list.remove(index);
+        while (list.count() > left)
+            list.remove(list.count() - 1);
     };
     take_out(m_input_files);
     take_out(m_input_tables);

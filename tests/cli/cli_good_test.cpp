@@ -115,18 +115,50 @@ TEST_F(Program, StartsFromItsCacheTheSecondTime)
     EXPECT_GT(std::filesystem::file_size(cache), 10u);
 }
 
-TEST_F(Program, SpeaksTheLanguageOfTheUser)
+class GermanProgram : public cliTest {
+protected:
+    kitProgramResult run_in_german(std::string const & input) const
+    {
+        kitProgram program;
+        program.arguments = {VMR_PROGRAM, input, "-t", "IGES", "-o", "out/x.igs"};
+        program.folder = folder.path().string();
+        program.environment = {{"HOME", folder / "home"}, {"LANG", "de_DE.UTF-8"}};
+        return program.run();
+    }
+};
+
+TEST_F(GermanProgram, SpeaksTheLanguageOfTheUser)
 {
-    kitProgram program;
-    program.arguments = {VMR_PROGRAM, "nothing.step", "-t", "IGES", "-o", "out/x.igs"};
-    program.folder = folder.path().string();
-    program.environment = {{"HOME", folder / "home"}, {"LANG", "de_DE.UTF-8"}};
-    auto const result = program.run();
+    auto const result = run_in_german("nothing.step");
     EXPECT_EQ(result.exit_status, 2);
-    EXPECT_EQ(result.output.find("The input file nothing.step does not exist"), std::string::npos)
+    EXPECT_NE(result.output.find("Die Eingabedatei nothing.step ist nicht vorhanden\n"), std::string::npos)
         << result.output;
-    EXPECT_NE(result.output.find("nothing.step"), std::string::npos) << result.output;
     EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(GermanProgram, PutsTheMessagesOfTranslatorsIntoTheLanguageOfTheUser)
+{
+    folder.write("cube.step", cube_step());
+    auto const good = run_in_german("cube.step");
+    EXPECT_EQ(good.exit_status, 0);
+    EXPECT_NE(good.output.find("\nLängeneinheit der Ausgabe: "), std::string::npos) << good.output;
+    EXPECT_EQ(good.output.find("Length unit"), std::string::npos) << good.output;
+
+    folder.write("cut off.step", "ISO-10303-21;\nHEADER;\n");
+    auto const bad = run_in_german("cut off.step");
+    EXPECT_NE(bad.output.find(" ist abgeschnitten: Nach 22 Bytes fehlt das Ende der Daten; "),
+              std::string::npos)
+        << bad.output;
+}
+
+TEST_F(GermanProgram, PutsTheMessagesOfTheEngineIntoTheLanguageOfTheUser)
+{
+    folder.write("cube.step", cube_step());
+    std::filesystem::remove(folder / "out");
+    auto const result = run_in_german("cube.step");
+    EXPECT_NE(result.output.find(" ist nicht vorhanden. Legen Sie es an oder wählen Sie ein anderes.\n"),
+              std::string::npos)
+        << result.output;
 }
 
 } // namespace Cli

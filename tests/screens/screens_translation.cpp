@@ -12,7 +12,7 @@ TEST_F(Screens, ProgressWhileReading)
     request.at_work = [&](s2sThreadComm & channel, int) {
         channel.currentFile(utString(folder() / "gearbox housing.step"), s2sReadWriteReading);
         channel.set_progress(40);
-        say(dialog, "IDC_PROGRESS_OUTPUT", "Length unit of the file is millimetre\n");
+        say(dialog, "IDC_PROGRESS_OUTPUT", "Length unit of the file is mm\n");
         while (!seen)
             std::this_thread::yield();
     };

@@ -101,8 +101,8 @@ sdkResult brepReader::transfer(sdkDocument & document, Message_ProgressRange con
     sdk_report_dropped(dropped, reporter);
     auto const shape = sdk_scaled(kept, unit.millimetres);
     auto const count = sdk_count_entities(shape);
-    reporter.output("brep::%d faces, %d curves and %d points read, taking the unit to be the %s", count.faces,
-                    count.curves, count.points, unit.english);
+    reporter.output("brep::%d faces, %d curves and %d points read, taking lengths to be in %s", count.faces,
+                    count.curves, count.points, unit.name);
     if (count.entities() == 0) {
         return sdkResult::completed();
     }

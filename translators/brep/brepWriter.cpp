@@ -44,8 +44,8 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     if (auto result = tessellate(unit.millimetres, scope.Next(4)); !result) {
         return result;
     }
-    reporter.output("brep::%d faces, %d curves and %d points are written, in units of one %s", count.faces,
-                    count.curves, count.points, unit.english);
+    reporter.output("brep::%d faces, %d curves and %d points are written, with lengths in %s", count.faces,
+                    count.curves, count.points, unit.name);
     reporter.processed(count.entities());
     scope.Next();
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();

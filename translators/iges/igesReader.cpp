@@ -23,7 +23,7 @@ namespace {
 std::string unit_of(IGESData_GlobalSection const & section)
 {
     if (auto const * unit = sdk_length_unit(section.UnitValue() * section.CascadeUnit())) {
-        return std::string(unit->english);
+        return std::string(unit->name);
     }
     return section.UnitName().IsNull() ? "?" : section.UnitName()->ToCString();
 }
@@ -101,7 +101,7 @@ void igesReader::settle_unit()
         section.SetUnitFlag(iges_unit_flag(*wanted));
         section.SetUnitName(new TCollection_HAsciiString(std::string(wanted->toolkit).c_str()));
         model->SetGlobalSection(section);
-        reporter.output("iges::Its lengths are taken for %s, as the options ask", wanted->english);
+        reporter.output("iges::Its lengths are taken to be in %s, as the options ask", wanted->name);
     }
 }
 

@@ -61,7 +61,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     reporter.processed(entities - failed);
     reporter.output("iges::Length unit of the output is %s",
-                    sdk_length_unit(m_context.options().text("vmrOptOutputUnits"))->english);
+                    sdk_length_unit(m_context.options().text("vmrOptOutputUnits"))->name);
     return sdkResult::completed();
 }
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 std::array<sdkLengthUnit, 10> const sdk_length_units{{
-    {"um", 1.0e-3, "micron", "UM"},
+    {"um", 1.0e-3, "micrometre", "UM"},
     {"mm", 1.0, "millimetre", "MM"},
     {"cm", 10.0, "centimetre", "CM"},
     {"m", 1000.0, "metre", "M"},

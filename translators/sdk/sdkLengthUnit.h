@@ -5,9 +5,9 @@
 
 // A unit of length as the option vmrOptOutputUnits names it, and how formats know it.
 struct sdkLengthUnit {
-    std::string_view name;    // stored value of the option
+    std::string_view name;    // stored value of the option, and the sign of the unit in messages
     double millimetres;       // length of one unit
-    std::string_view english; // for messages
+    std::string_view english; // as STEP files name it, but in small letters
     std::string_view toolkit; // in Open CASCADE's settings for STEP and IGES
 };
 

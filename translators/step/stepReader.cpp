@@ -4,6 +4,7 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
+#include "sdk/sdkLengthUnit.h"
 #include "step/stepFile.h"
 
 #include <Message_ProgressScope.hxx>
@@ -27,6 +28,14 @@ bool has_geometry(TDF_LabelSequence const & shapes)
     return std::any_of(parts.begin(), parts.end(), [](TDF_Label const & part) {
         return sdk_count_entities(XCAFDoc_ShapeTool::GetShape(part)).entities() > 0;
     });
+}
+
+// The sign of a unit that the file names in words; other names are left alone.
+std::string sign_of(std::string_view name)
+{
+    auto const known = std::find_if(sdk_length_units.begin(), sdk_length_units.end(),
+                                    [name](auto const & unit) { return unit.english == name; });
+    return std::string(known == sdk_length_units.end() ? name : known->name);
 }
 
 } // namespace
@@ -177,7 +186,7 @@ void stepReader::report_units()
     for (auto const & length : lengths) {
         TCollection_AsciiString name = length;
         name.LowerCase();
-        names.insert(name.ToCString());
+        names.insert(sign_of(name.ToCString()));
     }
     for (auto const & name : names) {
         m_context.reporter().output("step::Length unit of the file is %s", name);

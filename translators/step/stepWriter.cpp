@@ -84,7 +84,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     reporter.processed(entities - failed);
     reporter.output("step::Length unit of the output is %s",
-                    sdk_length_unit(options.text("vmrOptOutputUnits"))->english);
+                    sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
     return sdkResult::completed();
 }
 

@@ -67,8 +67,8 @@ sdkResult stlReader::transfer(sdkDocument & document, Message_ProgressRange cons
 void stlReader::report(std::size_t triangles, std::size_t empty) const
 {
     auto & reporter = m_context.reporter();
-    reporter.output("stl::%d triangles in %d solids read, taking the unit to be the %s", triangles,
-                    m_input.solids.size(), sdk_length_unit(m_input.unit)->english);
+    reporter.output("stl::%d triangles in %d solids read, taking lengths to be in %s", triangles,
+                    m_input.solids.size(), sdk_length_unit(m_input.unit)->name);
     std::int64_t dropped = 0;
     std::int64_t turned = 0;
     std::int64_t moved = 0;

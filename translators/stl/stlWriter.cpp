@@ -80,8 +80,8 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     auto const triangles = count_triangles();
     if (triangles < 0) {
         return sdkResult::write_error(
-            sdkText("stl::%s: the coordinates are too large for the %s; choose a larger unit",
-                    m_context.file(), sdk_output_unit(options).english));
+            sdkText("stl::%s: the coordinates are too large in %s; choose a larger unit", m_context.file(),
+                    sdk_output_unit(options).name));
     }
     if (!is_text(options) && triangles > std::numeric_limits<std::uint32_t>::max()) {
         return sdkResult::write_error(
@@ -96,8 +96,8 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
         m_solids.clear();
         return sdkResult::completed();
     }
-    reporter.output("stl::%d triangles are written, in units of one %s", triangles,
-                    sdk_output_unit(options).english);
+    reporter.output("stl::%d triangles are written, with lengths in %s", triangles,
+                    sdk_output_unit(options).name);
     reporter.processed(tessellation.faces);
     scope.Next();
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();

@@ -14,9 +14,13 @@ protected:
     template <class... T>
     std::string text(char const * key, T const &... values) const
     {
-        return vmrnlsTranslatorAndFormatter(&translator, &formatter)
-            .tsprintf("vmrgrlib", key, values...)
-            .str();
+        return text_of("vmrgrlib", key, values...);
+    }
+
+    template <class... T>
+    std::string text_of(char const * domain, char const * key, T const &... values) const
+    {
+        return vmrnlsTranslatorAndFormatter(&translator, &formatter).tsprintf(domain, key, values...).str();
     }
 
     Surroundings surroundings;
@@ -43,6 +47,37 @@ TEST_F(GermanTexts, CoverTheDriver)
               "Die Eingabedatei a.stp kann nicht gelesen werden");
     EXPECT_EQ(text("sgltranslation::No entities were translated and no output file produced"),
               "Es wurden keine Elemente übersetzt und keine Ausgabedatei erzeugt");
+}
+
+TEST_F(GermanTexts, CoverTheEngine)
+{
+    EXPECT_EQ(text_of("vmrengine", "engine::Translating %s to %s", "a.stp", "a.igs"),
+              "a.stp wird nach a.igs übersetzt");
+    EXPECT_EQ(text_of("vmrengine", "engine::The input %s is a folder. Choose a file.\n", "/tmp"),
+              "Die Eingabe /tmp ist ein Verzeichnis. Wählen Sie eine Datei.\n");
+}
+
+TEST_F(GermanTexts, CoverTheMessagesOfTranslatorsWithTheirLineEnd)
+{
+    EXPECT_EQ(text_of("vmrhost",
+                      "brep::%d edges lie farther from their surfaces than the tolerance of %g mm\n", 3,
+                      0.25),
+              "3 Kanten liegen weiter von ihren Flächen entfernt, als die Toleranz von 0,25 mm erlaubt\n");
+    EXPECT_EQ(text_of("vmrhost", "format.filter::STEP Files"), "STEP-Dateien");
+}
+
+TEST_F(GermanTexts, CoverTheOptionsOfTheFormats)
+{
+    EXPECT_EQ(text("d.res.page::Tolerances"), "Toleranzen");
+    EXPECT_EQ(text("d.res.group::Solids"), "Volumenkörper");
+    EXPECT_EQ(text("d.res.vmrTolTriangulate3d::Deviation of triangles (mm)"), "Abweichung der Dreiecke (mm)");
+    EXPECT_EQ(text("d.res.value.structure::assembly"), "Baugruppe");
+}
+
+TEST_F(GermanTexts, CoverTheWindows)
+{
+    EXPECT_EQ(text("d.options::&Apply"), "Ü&bernehmen");
+    EXPECT_EQ(text("m.options::Save &As..."), "Speichern &unter ...");
 }
 
 TEST_F(GermanTexts, KeepTheVariablesOfAText)

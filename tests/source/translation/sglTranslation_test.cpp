@@ -1,67 +1,14 @@
 #include "sglTranslation.h"
 
-#include "sglNlsHelp.h"
-#include "sglProgressDialogBase.h"
-
 #include "ap/apPosixOperations.h"
 #include "kit/kitFormat.h"
+#include "kit/kitProgressRecorder.h"
 #include "kit/kitWrapper.h"
 
 #include <atomic>
 #include <thread>
 
 namespace {
-
-/// Keeps what the driver tells it and lets the run go on without a window.
-class Recorder : public sglProgressDialogBase {
-public:
-    Recorder() : sglProgressDialogBase(nullptr, nullptr, "DLG_DUMMY") {}
-
-    std::vector<std::string> told;
-    int last_percent = -1;
-    bool ended = false;
-    std::function<void()> at_first_tick;
-
-    vmrnlsDisplayer * output_display() override { return new Silence; }
-    vmrnlsDisplayer * error_display() override { return new Silence; }
-    int progress(int percent) override
-    {
-        if (at_first_tick)
-            std::exchange(at_first_tick, nullptr)();
-        return std::exchange(last_percent, percent) < percent;
-    }
-    void fileLabel(utString const & file) override { last_file = file; }
-    void operationLabel(utString const & label) override { last_label = label; }
-    void reset() override { clear_cancelled(); }
-    void translation_cancelled() override { end("cancelled"); }
-    void translation_ended_ok() override { end("ok"); }
-    void translation_error(utString const & text) override { end("error: " + text.str()); }
-    int begin(sglTranslation const * translation) override
-    {
-        getNlsHelp()->set_translating(1);
-        Unlock();
-        wxTimer timer;
-        while (!ended) {
-            wxTimerEvent tick(timer);
-            const_cast<sglTranslation *>(translation)->ProcessEvent(tick);
-            std::this_thread::yield();
-        }
-        return wxID_OK;
-    }
-
-    utString last_file;
-    utString last_label;
-
-private:
-    struct Silence : vmrnlsDisplayer {
-        void display(char const *) override {}
-    };
-    void end(std::string const & outcome)
-    {
-        told.push_back(outcome);
-        ended = true;
-    }
-};
 
 /// A request whose job does no work and ends as the test says.
 class Request : public sglTranslation {
@@ -111,7 +58,7 @@ struct Driver : kitAppTest {
     std::string outcome_of(kitOutcome outcome)
     {
         Request request;
-        Recorder dialog;
+        kitProgressRecorder dialog;
         fill(request);
         request.outcomes = {outcome};
         request.progress(&dialog);
@@ -155,7 +102,7 @@ TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
 TEST_F(Driver, NeedsAFormatForEveryInput)
 {
     Request request;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(request);
     request.input_file("b", 1);
     request.input_file("c", 2);
@@ -183,7 +130,7 @@ TEST_F(Driver, FailsWithoutADialogAndTellsNobody)
 TEST_F(Driver, RunsOnceOnly)
 {
     Request request;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(request);
     request.progress(&dialog);
     EXPECT_EQ(request.execute().value(), sglTranslationResult::started);
@@ -224,7 +171,7 @@ TEST_F(Driver, TellsOfEachKindOfFailureAndLeavesNoOutput)
 TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
 {
     Request request;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(request);
     request.outcomes = {{s2sThreadCancelled, 0, 0}};
     request.while_running = [](s2sThreadComm & channel) {
@@ -241,7 +188,7 @@ TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
 TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
 {
     Request request;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(request);
     std::atomic<bool> seen = false;
     request.while_running = [&](s2sThreadComm & channel) {
@@ -249,11 +196,11 @@ TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
         while (!seen)
             std::this_thread::yield();
     };
-    struct Watcher : Recorder {
+    struct Watcher : kitProgressRecorder {
         std::atomic<bool> * seen = nullptr;
         void operationLabel(utString const & label) override
         {
-            Recorder::operationLabel(label);
+            kitProgressRecorder::operationLabel(label);
             if (label == "Writing :" && last_file == "written.beta")
                 *seen = true;
         }
@@ -268,7 +215,7 @@ TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
 TEST_F(Driver, AnswersWithTheDetailsAfterTheDialogIsClosed)
 {
     Request request;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(request);
     request.outcomes = {{s2sThreadCompleted, 7, 2}};
     request.progress(&dialog);
@@ -281,7 +228,7 @@ TEST_F(Driver, AnswersWithTheDetailsAfterTheDialogIsClosed)
 TEST_F(Driver, NeverDeletesAnInputThatIsAlsoTheOutput)
 {
     sglTranslation real;
-    Recorder dialog;
+    kitProgressRecorder dialog;
     fill(real);
     real.output_file(utString(input), 0);
     real.progress(&dialog);

@@ -85,7 +85,7 @@ TEST_F(BrepReader, NamesThePartAfterTheFile)
     sdkDocument document;
     ASSERT_TRUE(read(file_of(kit_cube(10)), document));
     EXPECT_EQ(kit_part_names(document), std::vector<std::string>{"other"});
-    EXPECT_TRUE(said().says("6 faces, 0 curves and 0 points read, taking the unit to be the millimetre"));
+    EXPECT_TRUE(said().says("6 faces, 0 curves and 0 points read, taking lengths to be in mm"));
 }
 
 TEST_F(BrepReader, TakesTheUnitThatItIsTold)

@@ -70,7 +70,7 @@ TEST_F(BrepWriter, WritesLengthsInEachUnit)
         // Below the tolerance of the toolkit, edges vanish: a cube of 10 m is as small as the mile allows.
         auto const measures = trip(kit_cube(10'000), {{"vmrOptOutputUnits", std::string(unit.name)}});
         EXPECT_NEAR(measures.volume / 1e12, 1, 1e-6) << unit.name;
-        EXPECT_TRUE(said().says("taking the unit to be the " + std::string(unit.english)));
+        EXPECT_TRUE(said().says("taking lengths to be in " + std::string(unit.name)));
     }
     sdkDocument inches;
     ASSERT_TRUE(write(kit_cube(25.4), path("inch.brep"), {{"vmrOptOutputUnits", "in"}}));

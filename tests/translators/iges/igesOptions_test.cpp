@@ -93,7 +93,7 @@ TEST_F(IgesOptions, UnitsOfTheUserReplaceThoseOfTheFile)
     sdkDocument document;
     ASSERT_TRUE(read(path("cube.igs"), document, {{"igesReadUnits", "cm"}}));
     EXPECT_NEAR(sdk_measure(document).volume, 1e6, 1);
-    EXPECT_TRUE(said().says("Its lengths are taken for centimetre"));
+    EXPECT_TRUE(said().says("Its lengths are taken to be in cm"));
 }
 
 TEST_F(IgesOptions, EntitiesThatAreBlankedAreLeftOutWhenOnlyVisibleOnesAreWanted)

@@ -35,9 +35,10 @@ TEST_F(StepWriter, WritesLengthsInEachUnitAndReadsThemBack)
 {
     for (auto const & unit : sdk_length_units) {
         ASSERT_TRUE(write(kit_cube(10), path("cube.stp"), {{"vmrOptOutputUnits", std::string(unit.name)}}));
-        EXPECT_TRUE(said().says("Length unit of the output is " + std::string(unit.english)));
+        EXPECT_TRUE(said().says("Length unit of the output is " + std::string(unit.name)));
         sdkDocument document;
         ASSERT_TRUE(read(path("cube.stp"), document)) << unit.name;
+        EXPECT_TRUE(said().says("Length unit of the file is " + std::string(unit.name))) << unit.name;
         auto const measures = sdk_measure(document);
         EXPECT_NEAR(measures.volume, 1000, 1e-3) << unit.name;
     }

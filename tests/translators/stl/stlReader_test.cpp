@@ -31,7 +31,7 @@ TEST_F(StlReader, MakesAPartWithOneFaceOfTrianglesOfEachSolid)
     EXPECT_EQ(count.facets_only, 1);
     EXPECT_EQ(kit_part_names(document), std::vector<std::string>{"part"});
     EXPECT_NEAR(sdk_measure(document).area, 0.5, 1e-12);
-    EXPECT_TRUE(said().says("1 triangles in 1 solids read, taking the unit to be the millimetre"));
+    EXPECT_TRUE(said().says("1 triangles in 1 solids read, taking lengths to be in mm"));
 }
 
 TEST_F(StlReader, ReadsABinaryFileWhoseHeaderSaysSolid)

@@ -77,7 +77,7 @@ TEST_F(StlWriter, WritesLengthsInEachUnit)
     for (auto const & unit : sdk_length_units) {
         auto const measures = trip(kit_cube(10), {{"vmrOptOutputUnits", std::string(unit.name)}});
         EXPECT_NEAR(measures.volume, 1000, 1e-3) << unit.name;
-        EXPECT_TRUE(said().says("taking the unit to be the " + std::string(unit.english)));
+        EXPECT_TRUE(said().says("taking lengths to be in " + std::string(unit.name)));
     }
     ASSERT_TRUE(
         write(kit_cube(25.4), path("inch.stl"), {{"vmrOptOutputUnits", "in"}, {"stlWriteForm", "text"}}));
@@ -231,7 +231,7 @@ TEST_F(StlWriter, RefusesCoordinatesThatTheFormCannotHold)
 {
     auto const result = write(kit_cube(1e36), path("vast.stl"), {{"vmrOptOutputUnits", "um"}});
     EXPECT_EQ(result.status(), sdkStatus::write_error);
-    EXPECT_TRUE(contains(result.text().formatted(), "too large for the micron"));
+    EXPECT_TRUE(contains(result.text().formatted(), "too large in um"));
 }
 
 TEST_F(StlWriter, SaysWhyAFileCouldNotBeWritten)

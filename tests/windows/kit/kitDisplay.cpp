@@ -1,9 +1,14 @@
 #include "windows/kit/kitDisplay.h"
 
+#include "kit/kitTempFolder.h"
+
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <poll.h>
 #include <string>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -78,5 +83,17 @@ void kit_have_display()
     setenv("GDK_BACKEND", "x11", 1);
     setenv("NO_AT_BRIDGE", "1", 1);
     setenv("GSETTINGS_BACKEND", "memory", 1);
-    static Child const manager({"openbox"}, -1);
+
+    // A window that is there before its manager is would not get the focus.
+    kitTempFolder const folder;
+    std::string const ready = folder / "ready";
+    if (mkfifo(ready.c_str(), 0600) != 0)
+        give_up("no pipe");
+    int const waiting = open(ready.c_str(), O_RDWR | O_CLOEXEC);
+    std::string const tell = "sh -c 'echo > " + ready + "'";
+    static Child const manager({"openbox", "--startup", tell.c_str()}, -1);
+    pollfd readable{waiting, POLLIN, 0};
+    if (poll(&readable, 1, 30'000) != 1)
+        give_up("the window manager did not start");
+    close(waiting);
 }

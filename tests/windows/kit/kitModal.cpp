@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
+#include <wx/dirdlg.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
@@ -61,7 +62,7 @@ void kitModal::expect_file_cancelled()
 int kitModal::Enter(wxDialog * dialog)
 {
     auto * const message = dynamic_cast<wxMessageDialog *>(dialog);
-    auto * const files = dynamic_cast<wxFileDialog *>(dialog);
+    bool const files = dynamic_cast<wxFileDialog *>(dialog) || dynamic_cast<wxDirDialog *>(dialog);
     if (!message && !files && m_expected.empty())
         return wxID_NONE; // one of the program's own dialogs, which the test drives
     if (message) {

@@ -2,6 +2,7 @@
 
 #include "windows/resources/kitResources.h"
 
+#include <unistd.h>
 #include <wx/filename.h>
 #include <wx/html/helpdata.h>
 #include <wx/html/helpdlg.h>
@@ -44,15 +45,15 @@ protected:
     {
         kitResourcesTest::SetUp();
         m_directory = app().file_locator().search_path(sdbHRKDirectory::help).directories().front().utf8();
-        m_made_directory = std::filesystem::create_directories(m_directory);
-        m_book = m_directory + "/test-book.htb";
+        std::filesystem::create_directories(m_directory);
+        // Other tests run at the same time.
+        m_name = "test-book-" + std::to_string(getpid()) + ".htb";
+        m_book = m_directory + "/" + m_name;
     }
     void TearDown() override
     {
         kitResourcesTest::TearDown();
         std::filesystem::remove(m_book);
-        if (m_made_directory)
-            std::filesystem::remove(m_directory);
     }
 
     void write_book() const { write_book(m_book); }
@@ -72,8 +73,8 @@ protected:
     }
 
     std::string m_directory;
+    std::string m_name;
     std::string m_book;
-    bool m_made_directory = false;
 };
 
 } // namespace
@@ -97,7 +98,7 @@ TEST_F(Help, OnATopicIsLookedUpBelowTheSubstitutedPages)
 {
     write_book();
     RecordedHelp help(&app(), nullptr);
-    help.set_help_file("test-book.htb");
+    help.set_help_file(utString(m_name));
     help.show_help("source/values.htm");
     help.show_help();
     // That the book could not be opened changes nothing.
@@ -110,7 +111,7 @@ TEST_F(Help, OpensARealBookAtAPage)
     write_book();
     {
         sglHelpDisplayer help(&app(), m_frame);
-        help.set_help_file("test-book.htb");
+        help.set_help_file(utString(m_name));
         help.show_help("values.htm");
         ASSERT_TRUE(help.GetHelpWindow());
         auto * const page = help.GetHelpWindow()->GetHtmlWindow();

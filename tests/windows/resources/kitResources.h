@@ -42,6 +42,10 @@ protected:
     {
         kitWindowTest::SetUp();
         std::filesystem::remove_all(user_resources());
+        // Other tests of the process look for layouts elsewhere.
+        auto const path =
+            app().file_locator().search_path(sdbHRKDirectory::resources).ut_path_string(nullptr);
+        const_cast<vmrabsAppInfo *>(app().application_information())->set_schema_path("resources", path);
         m_frame = show_frame(wxSize(900, 700));
         m_step = app().output_dlls().translator_for_format("STEP");
         ASSERT_TRUE(m_step);

@@ -98,6 +98,18 @@ TEST_F(OptionsDialog, ListsPagesInTheOrderInWhichTheyWereAdded)
     EXPECT_EQ(data->page(), a);
 }
 
+TEST_F(OptionsDialog, KeyboardGoesFromTheTreeToThePageAndThenToTheButtons)
+{
+    auto * const page = add_page("Page");
+    auto * const other = add_page("Other");
+    initialise();
+    auto const & children = panel().GetChildren();
+    auto const place = [&](wxWindow * window) { return children.IndexOf(window); };
+    EXPECT_LT(place(tree()), place(page));
+    EXPECT_LT(place(page), place(other));
+    EXPECT_LT(place(other), place(find<wxButton>(panel(), "IDC_OPTIONS_OK")));
+}
+
 TEST_F(OptionsDialog, PagesStandWhereTheMarkerIsAndAreOfItsSize)
 {
     auto * const page = add_page("A");

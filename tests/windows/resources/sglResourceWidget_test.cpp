@@ -1,5 +1,6 @@
 #include "windows/resources/kitOptions.h"
 
+#include "sdb/sdbTranslatorLoadStatus.h"
 #include "sglResourceCheckWidget.h"
 #include "sglResourceComboWidget.h"
 #include "sglResourceEditWidget.h"
@@ -246,6 +247,37 @@ TEST_F(Widgets, FieldThatIsEmptyBecauseTheResourceIsMayBeLeft)
     kitModal boxes;
     widget->control_changed();
     EXPECT_TRUE(boxes.said().empty());
+}
+
+TEST_F(Widgets, FieldOfATextMayBeEmptiedAgain)
+{
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    app().output_dlls().translator_for_format("STEP")->load(status);
+    load(table, "stepWriteAuthor =\n");
+    page->initialise(&table);
+    wxRect row(20, 30, 300, 26);
+    auto * const widget =
+        add<sglResourceEditWidget>(sglResourceDetails("stepWriteAuthor", "d::Author", "d::"), row);
+    show();
+    kitModal const no_boxes;
+    control<sglResourceEditBox>()->ChangeValue("mine");
+    widget->control_changed();
+    control<sglResourceEditBox>()->ChangeValue("");
+    widget->control_changed();
+    EXPECT_EQ(applied("stepWriteAuthor"), "");
+}
+
+TEST_F(Widgets, IllegalValueOfAFileGivesWayToTheBuiltInDefault)
+{
+    load(table, std::string(triangulate) + " = banana\n");
+    page->initialise(&table);
+    wxRect row(20, 30, 300, 26);
+    auto * const widget = add<sglResourceEditWidget>(tolerance, row);
+    show();
+    EXPECT_NE(control<sglResourceEditBox>()->GetValue(), "banana");
+    EXPECT_EQ(control<sglResourceEditBox>()->GetValue(), table.effective_value(triangulate).c_str());
+    kitModal const no_boxes;
+    widget->control_changed();
 }
 
 TEST_F(Widgets, FieldThatGoesWithItsPageTellsNobody)

@@ -272,6 +272,9 @@ TEST_F(ResourceFiles, AreOverlaidByAnExportSystem)
     std::filesystem::create_directories(user_resources());
     std::ofstream(user_resources() + "/export_overrides.txt")
         << "Milling\nstepWriteColours False\nstlWriteForm text\nnoSuchResource 1\n#\n";
+    // A translator of another format has been used in this run, and its options are known.
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    app().output_dlls().translator_for_format("STL")->load(status);
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
         toggle(dialog, "Names");
@@ -285,6 +288,7 @@ TEST_F(ResourceFiles, AreOverlaidByAnExportSystem)
         EXPECT_TRUE(check_box(dialog, "Layers")->GetValue()) << "an edit that was not applied is lost";
         EXPECT_TRUE(has_override(dialog.working_table(), "stepWriteColours"));
         EXPECT_FALSE(has_override(dialog.working_table(), "noSuchResource"));
+        EXPECT_FALSE(has_override(dialog.working_table(), "stlWriteForm"));
         press(dialog, "IDC_OPTIONS_OK");
     });
     EXPECT_EQ(value(m_table, "stepWriteColours"), "false");

@@ -137,7 +137,11 @@ TEST_F(ResourcesDialog, ClosesAtOnceWithABrokenLayoutAndLeavesTheTable)
     kitModal boxes;
     boxes.expect_message(wxID_OK);
     kitResources dialog(m_table, m_frame, m_step);
+    wxTimer limit;
+    limit.Bind(wxEVT_TIMER, [&](wxTimerEvent &) { dialog.EndModal(wxID_ABORT); });
+    limit.StartOnce(30000);
     EXPECT_EQ(dialog.ShowModal(), wxID_CANCEL);
+    limit.Stop();
     ASSERT_EQ(boxes.said().size(), 1u);
     EXPECT_NE(boxes.said()[0].find("resource layout file"), std::string::npos);
     EXPECT_EQ(value(m_table, "stepWriteNames"), "false");

@@ -1,0 +1,112 @@
+"""Runs scripts/check-languages, whose path is the first argument, over small trees of sources."""
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CHECK = sys.argv.pop(1)
+HEADER = 'msgid ""\nmsgstr "Content-Type: text/plain; charset=UTF-8\\n"\n\n'
+MENU = """<resource xmlns="http://www.wxwidgets.org/wxxrc"><object class="wxMenu" name="MB_X">
+<object class="wxMenuItem" name="A"><label>m__x::_Open</label></object>
+<object class="wxMenuItem" name="B"><label>m__x::_Print</label></object>
+</object></resource>"""
+
+
+class CheckLanguages(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+        self.write("data/locale/de/vmrgrlib.po", HEADER)
+        self.write("data/resource_layout.txt", "")
+        self.write("source/nls/sglStringTableRows.cpp", "")
+
+    def write(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text)
+
+    def translate(self, domain, *entries):
+        texts = [f'msgctxt "{context}"\nmsgid "{text}"\nmsgstr "{german}"\n' for context, text, german in entries]
+        self.write(f"data/locale/de/{domain}.po", HEADER + "\n".join(texts))
+
+    def check(self):
+        done = subprocess.run([CHECK, self.root], capture_output=True, text=True)
+        self.assertEqual(done.stderr, "")
+        return done.returncode, done.stdout
+
+    def lacks(self, domain, entry):
+        status, said = self.check()
+        self.assertEqual(status, 1, said)
+        self.assertIn(f"de/{domain}.po lacks\n{entry}", said)
+
+    def test_accepts_a_tree_without_texts(self):
+        self.assertEqual(self.check(), (0, "0 texts, 0 faults\n"))
+
+    def test_finds_a_key_that_is_written_in_two_pieces(self):
+        self.write("base/a.cpp", 'f("engine::The file %s "\n  "is \\"odd\\".\\n");')
+        self.lacks("vmrengine", '#, c-format\nmsgctxt "engine"\nmsgid "The file %s is \\"odd\\".\\n"\nmsgstr ""')
+
+    def test_finds_keys_without_a_context_where_they_are_arguments(self):
+        self.write("source/a.cpp", 'say("Finished\\n"); gsprintf("vmrgrlib", "Reading :"); other("No key");')
+        self.lacks("vmrgrlib", 'msgid "Finished\\n"')
+        self.lacks("vmrgrlib", 'msgid "Reading :"')
+        self.assertNotIn("No key", self.check()[1])
+
+    def test_finds_the_string_table_and_the_layout(self):
+        self.write("source/nls/sglStringTableRows.cpp", '    {1088, "Full Release"},\n')
+        self.write("data/resource_layout.txt", '# it\'s a page\n    name VMRNLS("d.res.page::Geometry")\n')
+        self.lacks("vmrgrlib", 'msgid "Full Release"')
+        self.lacks("vmrgrlib", 'msgctxt "d.res.page"\nmsgid "Geometry"')
+
+    def test_reads_xrc_files_as_the_toolkit_does(self):
+        self.write("data/xrc/vmrgrlib/menu.xrc", MENU)
+        self.lacks("vmrgrlib", 'msgctxt "m_x"\nmsgid "&Open"')
+
+    def test_asks_for_messages_of_translators_with_their_line_end(self):
+        self.write("translators/a/a.cpp", 'sdkText("a::%d faces");')
+        self.write("translators/a/a.json", '{"formats": [{"name": "A", "filter": "format.filter::A Files"}]}')
+        self.lacks("vmrhost", '#, c-format\nmsgctxt "a"\nmsgid "%d faces\\n"')
+        self.lacks("vmrhost", 'msgctxt "format.filter"\nmsgid "A Files"')
+
+    def test_leaves_out_what_has_no_words(self):
+        self.write("source/a.cpp", 'say("%s\\n\\n"); say("****\\n");')
+        self.assertEqual(self.check(), (0, "0 texts, 0 faults\n"))
+
+    def test_takes_an_empty_or_fuzzy_translation_for_none(self):
+        self.write("base/a.cpp", 'f("engine::One"); f("engine::Two");')
+        self.translate("vmrengine", ("engine", "One", ""))
+        self.lacks("vmrengine", 'msgctxt "engine"\nmsgid "One"')
+        self.write("data/locale/de/vmrengine.po",
+                   HEADER + '#, fuzzy\nmsgctxt "engine"\nmsgid "Two"\nmsgstr "Zwei"\n')
+        self.lacks("vmrengine", 'msgctxt "engine"\nmsgid "Two"')
+
+    def test_tells_what_nothing_uses_without_failing(self):
+        self.translate("vmrengine", ("engine", "Old", "Alt"))
+        self.assertEqual(self.check(), (0, 'de/vmrengine.po: nothing uses "engine::Old"\n0 texts, 0 faults\n'))
+
+    def test_does_not_fail_for_a_language_that_is_not_complete(self):
+        self.write("data/locale/fr/vmrgrlib.po", HEADER)
+        self.write("source/a.cpp", 'say("cl::Usage");')
+        self.translate("vmrgrlib", ("cl", "Usage", "Aufruf"))
+        status, said = self.check()
+        self.assertEqual(status, 0, said)
+        self.assertIn('fr/vmrgrlib.po lacks\nmsgctxt "cl"\nmsgid "Usage"', said)
+
+    def test_refuses_mnemonics_that_are_not_told_apart(self):
+        self.write("data/xrc/vmrgrlib/menu.xrc", MENU)
+        self.translate("vmrgrlib", ("m_x", "&Open", "Ö&ffnen"), ("m_x", "&Print", "&Drucken"))
+        self.assertEqual(self.check()[0], 0)
+        self.translate("vmrgrlib", ("m_x", "&Open", "Einle&sen"), ("m_x", "&Print", "Au&sgeben"))
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn("de: MB_X: the mnemonic s stands in Einle&sen, Au&sgeben", said)
+        self.translate("vmrgrlib", ("m_x", "&Open", "Lesen"), ("m_x", "&Print", "&Drucken"))
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn('de: MB_X: "Lesen" has no mnemonic', said)
+
+
+if __name__ == "__main__":
+    unittest.main()
