@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <wx/log.h>
 
 namespace {
 
@@ -39,6 +40,8 @@ bool vmrApp::Initialize(int & count, wxChar ** arguments)
 {
     // Where no display is named there is none to be tried, and nothing for the toolkit to complain about.
     bool const hopeless = has_display() && !names_display("DISPLAY") && !names_display("WAYLAND_DISPLAY");
+    // What the toolkit has to say it would say in a window.
+    wxLogNull const quiet;
     if (!hopeless && sglApp::Initialize(count, arguments))
         return true;
     std::cerr << application_name_no_version().view()

@@ -30,11 +30,11 @@ sglTabDlg::sglTabDlg(sglIMessageDisplayer const * displayer, wxWindow * parent)
 void sglTabDlg::OnInitDialog()
 {
     auto & app = const_cast<sglApp &>(sglApp::app());
+    // Told at once: a window that is there keeps its border and its buttons.
     Create(parent(), wxID_ANY, wxtStringConverter::to_wx(app.titlebar_string()), wxDefaultPosition,
-           wxDefaultSize, wxDEFAULT_FRAME_STYLE);
+           wxDefaultSize, wxDEFAULT_FRAME_STYLE & ~(wxRESIZE_BORDER | wxMAXIMIZE_BOX));
     SetSize(ConvertDialogToPixels(wxSize(450, 380)));
     SetIcon(app.main_icon());
-    SetWindowStyleFlag(GetWindowStyleFlag() & ~(wxRESIZE_BORDER | wxMAXIMIZE_BOX));
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     m_notebook =
         new wxNotebook(this, wxID_ANY, wxDefaultPosition, ConvertDialogToPixels(wxSize(439, 316)), 0);
@@ -53,7 +53,6 @@ void sglTabDlg::OnInitDialog()
     // Long texts and large letters need more than the usual size, and the user cannot make the window larger.
     wxSize const needed = sizer->ComputeFittingWindowSize(this);
     wxSize const size(std::max(GetSize().x, needed.x), std::max(GetSize().y, needed.y));
-    SetSizeHints(size, size);
     SetSize(size);
     CentreOnScreen(wxBOTH);
 }
