@@ -18,3 +18,6 @@ private:
     wxTextCtrl * m_text = nullptr;
     sglTranslateDialog * m_page = nullptr;
 };
+
+/// Brings the window in which `window` stands, with all that it belongs to, to the front.
+void sgl_raise_top_window(wxWindow * window);

@@ -30,6 +30,7 @@ protected:
     virtual int find_children() = 0;          ///< finds the page's controls; 1 on success
     virtual utString resource_id() const = 0; ///< the panel's name in the resource files
     virtual char const * tag() const = 0;     ///< the domain of the window's texts
+
     virtual int num_input_rows() const = 0;
     virtual sglRow const & input_row(int index) const = 0;
     virtual int num_output_rows() const = 0;
@@ -71,6 +72,7 @@ protected:
 
 private:
     bool may_overwrite(utString const & file) const;
+    void OnChildFocus(wxChildFocusEvent & event);
 
     wxWindow * m_parent;
 };

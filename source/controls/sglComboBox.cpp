@@ -61,6 +61,8 @@ int sglComboBox::create(wxWindow * parent, int id, wxString const & value, wxPoi
     UseAltPopupWindow(true);
     m_popup = new sglListViewComboPopup;
     SetPopupControl(m_popup);
+    // For the Tab key: the toolkit expects a text field in the box that takes the focus in its place.
+    SetCanFocus(true);
     return 1;
 }
 

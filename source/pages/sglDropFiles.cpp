@@ -4,15 +4,16 @@
 
 #include <wx/textctrl.h>
 
+void sgl_raise_top_window(wxWindow * window)
+{
+    while (wxWindow * const parent = window->GetParent())
+        window = parent;
+    window->Raise();
+}
+
 bool sglDropFiles::OnDropFiles(wxCoord, wxCoord, wxArrayString const & files)
 {
-    wxWindow * top = m_page;
-    if (m_text)
-        top = m_text;
-    while (top->GetParent())
-        top = top->GetParent();
-    top->Raise();
-
+    sgl_raise_top_window(m_page ? static_cast<wxWindow *>(m_page) : m_text);
     if (m_page) {
         m_page->handle_dropped_files(files);
     } else if (!files.empty()) {

@@ -14,6 +14,7 @@
 #include <wx/xrc/xmlres.h>
 
 wxBEGIN_EVENT_TABLE(sglTranslateDialog, wxPanel)
+    EVT_CHILD_FOCUS(sglTranslateDialog::OnChildFocus)
 wxEND_EVENT_TABLE()
 
 sglTranslateDialog::sglTranslateDialog(wxWindow * parent)
@@ -53,6 +54,14 @@ int sglTranslateDialog::OnInitDialog()
     m_output_combo->resize(this);
     m_input_combo->resize(this);
     return 1;
+}
+
+// Each page of the window has a button that Enter presses; the focus tells which of them it is.
+void sglTranslateDialog::OnChildFocus(wxChildFocusEvent & event)
+{
+    if (m_translate_button)
+        m_translate_button->SetDefault();
+    event.Skip();
 }
 
 void sglTranslateDialog::addFormatTypes()
