@@ -31,6 +31,7 @@ private:
     /// Presses the button of the present page that stands for a command of the menu.
     void press_on_page(int on_single, int on_merge, int on_batch);
 
+    void OnFirstShow(wxShowEvent & event);
     void OnOpen(wxCommandEvent & event);
     void OnSaveAs(wxCommandEvent & event);
 

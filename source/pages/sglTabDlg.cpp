@@ -55,6 +55,17 @@ void sglTabDlg::OnInitDialog()
     wxSize const size(std::max(GetSize().x, needed.x), std::max(GetSize().y, needed.y));
     SetSize(size);
     CentreOnScreen(wxBOTH);
+    // A desktop that tells the size of its decorations late has forgotten the place by then.
+    Bind(wxEVT_SHOW, &sglTabDlg::OnFirstShow, this);
+}
+
+void sglTabDlg::OnFirstShow(wxShowEvent & event)
+{
+    event.Skip();
+    if (!event.IsShown())
+        return;
+    Unbind(wxEVT_SHOW, &sglTabDlg::OnFirstShow, this);
+    CentreOnScreen(wxBOTH);
 }
 
 template <class Page>

@@ -153,10 +153,11 @@ TEST_F(TabDlg, GivesSeveralFilesToThePageThatMergesThem)
     files.push_back("/usr/share/opencascade/data/step/linkrods.step");
     window.open_files(files);
     EXPECT_EQ(notebook(window).GetSelection(), 1);
-    auto const & list = *find<wxListCtrl>(window, "IDC_MULTIPLE_INPUT_FILE_LIST");
-    ASSERT_EQ(list.GetItemCount(), 2);
-    EXPECT_EQ(list.GetItemText(0), files[0]);
-    EXPECT_EQ(list.GetItemText(1), files[1]);
+    auto const * const list = find<wxListCtrl>(window, "IDC_MULTIPLE_INPUT_FILE_LIST");
+    ASSERT_TRUE(list);
+    ASSERT_EQ(list->GetItemCount(), 2);
+    EXPECT_EQ(list->GetItemText(0), files[0]);
+    EXPECT_EQ(list->GetItemText(1), files[1]);
 }
 
 TEST_F(TabDlg, StandsInTheMiddleOfTheScreen)
