@@ -1,0 +1,180 @@
+#include "sglBatchFiles.h"
+
+#include "sglApp.h"
+#include "sglComboBox.h"
+#include "sglResourceString.h"
+
+#include "wxt/wxtStringConverter.h"
+
+#include <wx/button.h>
+#include <wx/listbox.h>
+#include <wx/listctrl.h>
+#include <wx/xrc/xmlres.h>
+
+wxBEGIN_EVENT_TABLE(sglBatchFiles, sglTranslateDialog)
+    EVT_COMBOBOX_CLOSEUP(XRCID("IDC_BATCH_INPUT_FORMAT_COMBO"), sglBatchFiles::OnSelChangeInputFormat)
+    EVT_COMBOBOX_CLOSEUP(XRCID("IDC_BATCH_OUTPUT_FORMAT_COMBO"), sglBatchFiles::OnSelChangeOutputFormat)
+    EVT_BUTTON(XRCID("IDC_BATCH_OUTPUT_BROWSE_BUTTON"), sglBatchFiles::OnOutputBrowse)
+    EVT_BUTTON(XRCID("IDC_BATCH_INPUT_BROWSE_BUTTON"), sglBatchFiles::OnInputBrowse)
+    EVT_BUTTON(XRCID("IDC_BATCH_TRANSLATE_BUTTON"), sglBatchFiles::OnBatchTranslate)
+    EVT_BUTTON(XRCID("IDC_BATCH_INPUT_RESOURCE_BUTTON"), sglBatchFiles::OnInputResource)
+    EVT_BUTTON(XRCID("IDC_BATCH_OUTPUT_RESOURCE_BUTTON"), sglBatchFiles::OnOutputResource)
+    EVT_MENU(XRCID("IDM_FILE_OPEN"), sglBatchFiles::OnInputBrowse)
+    EVT_MENU(XRCID("IDM_FILE_SAVE_AS"), sglBatchFiles::OnOutputBrowse)
+    EVT_BUTTON(XRCID("IDC_BATCH_ADD_BUTTON"), sglBatchFiles::OnAddDetails)
+    EVT_BUTTON(XRCID("IDC_BATCH_SAVE_BUTTON"), sglBatchFiles::OnSaveDetails)
+    EVT_BUTTON(XRCID("IDC_BATCH_REMOVE_BUTTON"), sglBatchFiles::OnRemoveDetails)
+    EVT_LISTBOX(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
+    EVT_LISTBOX_DCLICK(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
+wxEND_EVENT_TABLE()
+
+sglBatchFiles::sglBatchFiles(wxWindow * parent) : sglTranslateDialog(parent)
+{
+    m_caption = sglResourceString("vmrgrlib", 1268);
+}
+
+int sglBatchFiles::find_children()
+{
+    m_input_list = XRCCTRL(*this, "IDC_BATCH_INPUT_FILE_LIST", wxListCtrl);
+    m_input_combo = XRCCTRL(*this, "IDC_BATCH_INPUT_FORMAT_COMBO", sglComboBox);
+    m_input_resource_button = XRCCTRL(*this, "IDC_BATCH_INPUT_RESOURCE_BUTTON", wxButton);
+    m_output_list = XRCCTRL(*this, "IDC_BATCH_OUTPUT_FILE_LIST", wxListCtrl);
+    m_output_combo = XRCCTRL(*this, "IDC_BATCH_OUTPUT_FORMAT_COMBO", sglComboBox);
+    m_output_resource_button = XRCCTRL(*this, "IDC_BATCH_OUTPUT_RESOURCE_BUTTON", wxButton);
+    m_translate_button = XRCCTRL(*this, "IDC_BATCH_TRANSLATE_BUTTON", wxButton);
+    m_batch_list = XRCCTRL(*this, "IDC_BATCH_BATCH_LIST", wxListBox);
+    m_add_button = XRCCTRL(*this, "IDC_BATCH_ADD_BUTTON", wxButton);
+    m_save_button = XRCCTRL(*this, "IDC_BATCH_SAVE_BUTTON", wxButton);
+    m_remove_button = XRCCTRL(*this, "IDC_BATCH_REMOVE_BUTTON", wxButton);
+    m_batch_list->SetDropTarget(new sglBatchDropFiles(this));
+    sort_button_status();
+    return 1;
+}
+
+void sglBatchFiles::sort_button_status()
+{
+    bool const input_ok = m_current_input_row && !m_current_input_row->invalid();
+    bool const output_ok = m_current_output_row && !m_current_output_row->invalid();
+    m_input_resource_button->Enable(input_ok);
+    m_output_resource_button->Enable(output_ok);
+    m_add_button->Enable(input_ok && output_ok);
+    m_save_button->Enable(input_ok && output_ok && !m_items.empty());
+    m_remove_button->Enable(m_batch_list->GetSelection() != wxNOT_FOUND);
+    m_translate_button->Enable(!m_items.empty());
+}
+
+void sglBatchFiles::sort_and_allow(bool add, bool save)
+{
+    sort_button_status();
+    if (!add)
+        m_add_button->Disable();
+    if (!save)
+        m_save_button->Disable();
+}
+
+bool sglBatchFiles::has_details() const
+{
+    return m_current_input_row && !m_current_input_row->invalid() && m_current_output_row &&
+           !m_current_output_row->invalid();
+}
+
+void sglBatchFiles::OnInputBrowse(wxCommandEvent & event)
+{
+    auto output = std::make_shared<sglRow>();
+    if (sglTranslateDialog::OnInputBrowse(event, *output) != wxID_OK || m_input_details.nothing_selected())
+        return;
+    m_current_output_row = std::move(output);
+    m_current_input_row = std::make_shared<sglRow>();
+    m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    sort_and_allow(true, false);
+}
+
+void sglBatchFiles::OnOutputBrowse(wxCommandEvent & event)
+{
+    auto output = std::make_shared<sglRow>();
+    if (sglTranslateDialog::OnOutputBrowse(event, *output) != wxID_OK || m_output_details.nothing_selected())
+        return;
+    m_current_output_row = std::move(output);
+    sort_and_allow(true, true);
+}
+
+void sglBatchFiles::OnInputResource(wxCommandEvent & event)
+{
+    if (m_current_input_row)
+        sglTranslateDialog::OnInputResource(event, *m_current_input_row, 0);
+    sort_button_status();
+}
+
+void sglBatchFiles::OnOutputResource(wxCommandEvent & event)
+{
+    if (m_current_output_row)
+        sglTranslateDialog::OnOutputResource(event, *m_current_output_row);
+    sort_button_status();
+}
+
+void sglBatchFiles::OnSelChangeInputFormat(wxCommandEvent &)
+{
+    m_input_details.format_closed();
+    m_input_combo->load_selected();
+    m_input_details.set_resource_file();
+    if (!m_current_input_row)
+        m_current_input_row = std::make_shared<sglRow>();
+    if (m_current_input_row->update_is_ok(m_input_combo->selected_item(), 1)) {
+        m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    } else {
+        int failed = 0;
+        m_input_details.set_details(m_current_input_row->filename(), failed);
+    }
+    sort_button_status();
+}
+
+void sglBatchFiles::OnSelChangeOutputFormat(wxCommandEvent &)
+{
+    m_output_details.format_closed();
+    m_output_combo->load_selected();
+    if (!m_current_output_row)
+        m_current_output_row = std::make_shared<sglRow>();
+    m_output_details.set_row_details(*m_current_output_row);
+    sort_button_status();
+}
+
+int sglBatchFiles::create_details(utString const & input_file)
+{
+    int failed = 0;
+    m_input_details.set_details(input_file, failed);
+    if (m_input_details.nothing_selected())
+        return 0;
+    m_current_output_row = std::make_shared<sglRow>();
+    fill_output_fields(input_file, *m_current_output_row);
+    m_current_input_row = std::make_shared<sglRow>();
+    m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    return has_details() ? 1 : 0;
+}
+
+void sglBatchFiles::handle_dropped_files(wxArrayString const & files)
+{
+    if (!files.empty() && !files[0].empty() && create_details(wxtStringConverter::to_ut(files[0])))
+        sort_and_allow(true, false);
+}
+
+void sglBatchFiles::show_file(wxListCtrl & list, sglRow const & row)
+{
+    if (list.GetItemCount() > 0)
+        list.DeleteItem(0);
+    list.InsertItem(0, wxtStringConverter::to_wx(row.filename()));
+    set_resource_file(row, &list, 0);
+}
+
+void sglBatchFiles::OnClickBatchList(wxCommandEvent &)
+{
+    int const selection = m_batch_list->GetSelection();
+    if (selection == wxNOT_FOUND)
+        return;
+    m_current_input_row.reset(input_row(selection).clone());
+    m_current_output_row.reset(output_row(selection).clone());
+    show_file(*m_input_list, *m_current_input_row);
+    show_file(*m_output_list, *m_current_output_row);
+    m_input_combo->SetStringSelection(wxtStringConverter::to_wx(m_current_input_row->file_type()));
+    m_output_combo->SetStringSelection(wxtStringConverter::to_wx(m_current_output_row->file_type()));
+    sort_and_allow(false, false);
+}
