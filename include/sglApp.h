@@ -16,6 +16,7 @@
 #include "sdr/sdrInterface.h"
 #include "sdu/sduStartupInfo.h"
 #include "sglAnalytics.h"
+#include "sglAppMessageHandler.h"
 #include "sglConfigStore.h"
 #include "sglMessageDisplayer.h"
 #include "sglReleaseStatus.h"
@@ -49,6 +50,9 @@ public:
     virtual void OnColourScheme() const {}
     virtual wxIcon main_icon() = 0;
     virtual wxWindow * main_window() = 0; ///< parent of modal dialogs; may be null
+    /// Called by the main window when it ends, hidden and not yet destroyed. What follows is the program's
+    /// decision.
+    virtual void end_main_window(int code) = 0;
 
     vmrabsAppInfo const * application_information() const { return m_info.get(); }
     utString application_name() const { return m_name; }
@@ -66,6 +70,7 @@ public:
     }
     sdbTranslatorDlls const & input_dlls() const { return *m_input_translators; }
     sdbTranslatorDlls const & output_dlls() const { return *m_output_translators; }
+    sglAppMessageHandler const & message_handler() const { return m_message_handler; }
     wxFileHistory * mru() const { return m_file_history; }
     sduStartupInfo & startup_info() const { return m_startup_info; }
     void fill_app_data_dir() const {}
@@ -98,7 +103,6 @@ protected:
     virtual void set_product_info();
     virtual sglBuildType get_build_type();
     virtual void initialise_directory_mapper();
-    virtual void end_main_window(int code) = 0;
 
     bool Initialize(int & count, wxChar ** arguments) override;
     wxAppTraits * CreateTraits() override;
@@ -129,6 +133,7 @@ private:
     utString m_build_date;
     utString m_build_number;
     std::unique_ptr<vmrabsAppInfo> m_info;
+    sglAppMessageHandler m_message_handler;
     std::unique_ptr<sdbTranslatorDlls> m_input_translators;
     std::unique_ptr<sdbTranslatorDlls> m_output_translators;
     mutable coPageArr<std::unique_ptr<sdbTranslationData const>> m_translations;

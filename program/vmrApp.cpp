@@ -1,47 +1,62 @@
 #include "vmrApp.h"
 
+#include "openedFile.h"
 #include "sglDetermineRunStyle.h"
+#include "sglMessageBox.h"
 #include "sglParseCommandLine.h"
 #include "version.h"
 
+#include <cstdlib>
 #include <iostream>
-#include <wx/event.h>
+#include <wx/log.h>
+
+namespace {
+
+/// A start without arguments asks the settings which window to open, so it needs a display in any case.
+bool needs_display(std::string const & command_line)
+{
+    sduStartupInfo none;
+    return command_line.empty() ||
+           sglDetermineRunStyle().determine_run_style(command_line, none) != sglRunStyleCommandLine;
+}
+
+bool names_display(char const * variable)
+{
+    char const * const value = std::getenv(variable);
+    return value && *value;
+}
+
+} // namespace
 
 vmrApp::vmrApp(std::string command_line)
     : sglApp(VMR_BUILD_DATE, VMR_VERSION, VMR_BUILD_NUMBER, "Crosswalk", "Quorvane",
              "Quorvane, All rights reserved"),
       m_command_line(std::move(command_line))
 {
-    use_display(false);
+    use_display(needs_display(m_command_line));
 }
 
-void vmrApp::OnHelp(wxCommandEvent & event)
+bool vmrApp::Initialize(int & count, wxChar ** arguments)
 {
-    event.Skip();
-}
-
-void vmrApp::OnAbout(wxCommandEvent & event)
-{
-    event.Skip();
-}
-
-wxIcon vmrApp::main_icon()
-{
-    return wxNullIcon;
-}
-
-void vmrApp::end_main_window(int)
-{
-    ExitMainLoop();
+    // Where no display is named there is none to be tried, and nothing for the toolkit to complain about.
+    bool const hopeless = has_display() && !names_display("DISPLAY") && !names_display("WAYLAND_DISPLAY");
+    // What the toolkit has to say it would say in a window.
+    wxLogNull const quiet;
+    if (!hopeless && sglApp::Initialize(count, arguments))
+        return true;
+    std::cerr << application_name_no_version().view()
+              << ": there is no display to open a window on. Translate from the command line:\n"
+                 "    vmr -help\n";
+    return false;
 }
 
 bool vmrApp::OnInit()
 {
     pre_splash_screen_init();
     if (!sglApp::OnInit()) {
-        std::cerr
-            << application_name_no_version().view()
-            << ": the files of the installation could not be found. Please install the program again.\n";
+        sgl_show_error_text(
+            application_name_no_version() +
+            ": the files of the installation could not be found. Please install the program again.");
         return false;
     }
     initialise_services();
@@ -60,15 +75,14 @@ void vmrApp::write_translator_cache() const
 int vmrApp::OnRun()
 {
     sglDetermineRunStyle style;
-    switch (style.determine_run_style(m_command_line, startup_info())) {
-    case sglRunStyleCommandLine:
+    if (style.determine_run_style(m_command_line, startup_info()) == sglRunStyleCommandLine)
         return run_command_line();
-    default:
-        std::cerr << application_name_no_version().view()
-                  << ": the window is not part of this version yet. Translate from the command line:\n"
-                     "    vmr -help\n";
-        return vmrExitNotRun;
-    }
+    open_main_window();
+    wxArrayString files;
+    for (int i = 0; i < style.num_file_arguments(); ++i)
+        files.push_back(vmr_opened_file(style.file_argument(i)));
+    m_window->open_files(files);
+    return sglApp::OnRun();
 }
 
 int vmrApp::run_command_line()
@@ -77,4 +91,10 @@ int vmrApp::run_command_line()
     if (!command_line.parse())
         return vmrExitNotUnderstood;
     return command_line.translate() ? vmrExitOk : vmrExitNotRun;
+}
+
+int vmrApp::OnExit()
+{
+    m_help.reset();
+    return sglApp::OnExit();
 }

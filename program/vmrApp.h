@@ -1,8 +1,12 @@
 #pragma once
 
 #include "sglApp.h"
+#include "sglHelpDisplayer.h"
+#include "sglTabDlg.h"
 
+#include <memory>
 #include <string>
+#include <wx/iconbndl.h>
 
 /// What the process tells its caller.
 enum vmrExitStatus {
@@ -11,7 +15,8 @@ enum vmrExitStatus {
     vmrExitNotUnderstood = 2 ///< it was not understood
 };
 
-/// The translator program: starts the library and does what its command line asks for.
+/// The translator program: starts the library and does what its command line asks for, in a window or without
+/// one.
 class vmrApp : public sglApp {
 public:
     explicit vmrApp(std::string command_line);
@@ -19,16 +24,25 @@ public:
     void OnHelp(wxCommandEvent & event) override;
     void OnAbout(wxCommandEvent & event) override;
     wxIcon main_icon() override;
-    wxWindow * main_window() override { return nullptr; }
+    wxWindow * main_window() override { return m_window; }
+    /// Another view opens the window anew, everything else ends the program.
+    void end_main_window(int code) override;
 
 protected:
+    bool Initialize(int & count, wxChar ** arguments) override;
     bool OnInit() override;
     int OnRun() override;
-    void end_main_window(int code) override;
+    int OnExit() override;
 
 private:
     void write_translator_cache() const;
     int run_command_line();
+    void open_main_window();
+    void complete_menu(wxMenuBar & bar);
+    wxIconBundle icons() const;
 
     std::string m_command_line;
+    sglWxMessageDisplayer m_displayer;
+    sglTabDlg * m_window = nullptr; // belongs to the toolkit
+    std::unique_ptr<sglHelpDisplayer> m_help;
 };

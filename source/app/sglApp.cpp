@@ -19,7 +19,7 @@
 sglApp::sglApp(utString const & build_date, utString const & version, utString const & build_number,
                utString const & name_without_version, utString const & company_name,
                utString const & copyright_text)
-    : m_version(version), m_build_date(build_date), m_build_number(build_number),
+    : m_version(version), m_build_date(build_date), m_build_number(build_number), m_message_handler(this),
       m_company_name(company_name), m_name_no_version(name_without_version),
       m_services(m_platform.library_loader_operations(), m_platform.file_operations(),
                  m_platform.synch_operations(), m_platform.process_thread_operations()),

@@ -4,8 +4,12 @@
 #include "sglApp.h"
 
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <string>
 #include <sys/wait.h>
+#include <utility>
+#include <vector>
 
 /// An application object for tests, on an installation of its own in a temporary folder, without a display.
 /// Its stages are public, so that a test can stop between them.
@@ -18,10 +22,19 @@ public:
         use_display(false);
     }
 
-    void OnHelp(wxCommandEvent & event) override { event.Skip(); }
-    void OnAbout(wxCommandEvent & event) override { event.Skip(); }
-    wxIcon main_icon() override { return wxNullIcon; }
-    wxWindow * main_window() override { return nullptr; }
+    void OnHelp(wxCommandEvent & event) override
+    {
+        m_commands.push_back("help");
+        event.Skip();
+    }
+    void OnAbout(wxCommandEvent & event) override
+    {
+        m_commands.push_back("about");
+        event.Skip();
+    }
+    void OnColourScheme() const override { m_commands.push_back("colours"); }
+    wxIcon main_icon() override { return m_icon; }
+    wxWindow * main_window() override { return m_main_window; }
 
     using sglApp::analytics_reporter;
     using sglApp::build_translator_dlls;
@@ -37,10 +50,20 @@ public:
     bool run_on_init() { return sglApp::OnInit(); }
     bool OnInit() override { return true; }
     int last_end_code() const { return m_end_code; }
+    void end_main_window(int code) override
+    {
+        m_end_code = code;
+        if (m_at_end)
+            m_at_end();
+    }
+
+    void set_main_window(wxWindow * window) { m_main_window = window; }
+    void set_main_icon(wxIcon const & icon) { m_icon = icon; }
+    void at_end_of_main_window(std::function<void()> action) { m_at_end = std::move(action); }
+    /// The commands of the main window that reached this, since the last call.
+    std::vector<std::string> take_commands() { return std::exchange(m_commands, {}); }
 
 protected:
-    void end_main_window(int code) override { m_end_code = code; }
-
     void initialise_directory_mapper() override
     {
         const_cast<sdbAppDirMap &>(file_locator())
@@ -52,6 +75,10 @@ private:
     std::string m_installation;
     std::string m_user_folder;
     int m_end_code = 0;
+    std::function<void()> m_at_end;
+    wxWindow * m_main_window = nullptr;
+    wxIcon m_icon;
+    mutable std::vector<std::string> m_commands;
 };
 
 /// Lays out the files without which no application object starts, below `installation`.

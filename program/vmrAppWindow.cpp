@@ -1,0 +1,91 @@
+// The program's main window: how it is opened, what its commands do and what follows when it ends.
+
+#include "vmrApp.h"
+
+#include "sglResourceString.h"
+
+#include "wxt/wxtStringConverter.h"
+
+#include <filesystem>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/xrc/xmlres.h>
+
+namespace {
+
+wxString translated(char const * key)
+{
+    return wxtStringConverter::to_wx(sglGUIString(key, "vmrgrlib").process());
+}
+
+} // namespace
+
+void vmrApp::open_main_window()
+{
+    m_window = new sglTabDlg(&m_displayer, nullptr);
+    m_window->SetIcons(icons());
+    complete_menu(*m_window->GetMenuBar());
+    SetTopWindow(m_window);
+    m_window->Show();
+}
+
+void vmrApp::complete_menu(wxMenuBar & bar)
+{
+    // There is no window of the graphics mode to go to, and so no colours to choose for it.
+    bar.Enable(XRCID("IDM_VIEW_GRAPHICS"), false);
+    bar.Enable(XRCID("IDM_COLOUR_SCHEME"), false);
+
+    wxMenu * view = nullptr;
+    bar.FindItem(XRCID("IDM_VIEW_EXPERT"), &view);
+    view->AppendSeparator();
+    auto const * const details =
+        view->Append(wxID_ANY, translated("m.main::&Translation Details...") + "\tCtrl+D",
+                     translated("m.main.help::Shows what was translated since the start of the program"));
+    m_window->Bind(
+        wxEVT_MENU, [this](wxCommandEvent &) { message_handler().OnViewTranslationDetails(); },
+        details->GetId());
+}
+
+void vmrApp::end_main_window(int code)
+{
+    m_help.reset();
+    m_window = nullptr;
+    if (code == XRCID("IDM_VIEW_GRAPHICS") || code == XRCID("ID_VIEW_EXPERT"))
+        open_main_window();
+    else
+        ExitMainLoop();
+}
+
+void vmrApp::OnHelp(wxCommandEvent &)
+{
+    if (!m_help)
+        m_help = std::make_unique<sglHelpDisplayer>(this, m_window);
+    m_help->show_help();
+}
+
+void vmrApp::OnAbout(wxCommandEvent &)
+{
+    wxMessageBox(wxtStringConverter::to_wx(copyright_message()),
+                 wxtStringConverter::to_wx(application_name_no_version()), wxOK | wxICON_INFORMATION,
+                 m_window);
+}
+
+wxIconBundle vmrApp::icons() const
+{
+    wxIconBundle bundle;
+    for (auto const & directory : get_installation_dir(sdbHRKDirectory::product).directories()) {
+        for (auto const * const size : {"16", "24", "32", "48", "64", "128", "256"}) {
+            auto const file = directory.utf8() + "/icons/vmr-" + size + ".png";
+            wxIcon icon;
+            if (std::filesystem::exists(file) &&
+                icon.LoadFile(wxtStringConverter::to_wx(std::string_view(file)), wxBITMAP_TYPE_PNG))
+                bundle.AddIcon(icon);
+        }
+    }
+    return bundle;
+}
+
+wxIcon vmrApp::main_icon()
+{
+    return icons().GetIcon(wxSize(64, 64));
+}

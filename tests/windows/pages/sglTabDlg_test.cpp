@@ -1,0 +1,170 @@
+#include "sglTabDlg.h"
+
+#include "windows/kit/kitWindowTest.h"
+
+#include <gmock/gmock.h>
+#include <wx/display.h>
+#include <wx/listctrl.h>
+#include <wx/notebook.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+
+class TabDlg : public kitWindowTest {
+protected:
+    void TearDown() override
+    {
+        app().at_end_of_main_window(nullptr);
+        kitWindowTest::TearDown();
+    }
+
+    static sglTabDlg * show_window()
+    {
+        auto * const window = new sglTabDlg(nullptr, nullptr);
+        EXPECT_FALSE(window->IsShown());
+        window->Show();
+        run_until([window] { return window->IsShownOnScreen() && window->IsActive(); }, 20, "the window");
+        settle();
+        return window;
+    }
+    static wxNotebook & notebook(sglTabDlg & window)
+    {
+        for (wxWindow * const child : window.GetChildren())
+            if (auto * const found = dynamic_cast<wxNotebook *>(child))
+                return *found;
+        throw std::runtime_error("no notebook");
+    }
+    static bool ticked(sglTabDlg const & window)
+    {
+        return window.GetMenuBar()->IsChecked(XRCID("IDM_VIEW_EXPERT"));
+    }
+};
+
+} // namespace
+
+TEST_F(TabDlg, HasItsPagesInTheOrderInWhichTheyAreUsed)
+{
+    sglTabDlg & window = *show_window();
+    EXPECT_EQ(window.GetTitle().utf8_string(), app().titlebar_string().str());
+    wxNotebook const & pages = notebook(window);
+    ASSERT_EQ(pages.GetPageCount(), 3u);
+    EXPECT_EQ(pages.GetPageText(0), "Single File");
+    EXPECT_EQ(pages.GetPageText(1), "Multiple Files");
+    EXPECT_EQ(pages.GetPageText(2), "Batch Files");
+    EXPECT_EQ(pages.GetSelection(), 0);
+    EXPECT_TRUE(window.is_expert());
+}
+
+TEST_F(TabDlg, CanNeitherBeResizedNorMaximised)
+{
+    sglTabDlg & window = *show_window();
+    EXPECT_FALSE(window.HasFlag(wxRESIZE_BORDER));
+    EXPECT_FALSE(window.HasFlag(wxMAXIMIZE_BOX));
+    EXPECT_TRUE(window.HasFlag(wxMINIMIZE_BOX));
+    wxSize const usual = window.ConvertDialogToPixels(wxSize(450, 380));
+    EXPECT_GE(window.GetSize().x, usual.x);
+    EXPECT_GE(window.GetSize().y, usual.y);
+    wxSize const needed = window.GetSizer()->ComputeFittingWindowSize(&window);
+    EXPECT_GE(window.GetSize().x, needed.x);
+    EXPECT_GE(window.GetSize().y, needed.y);
+}
+
+TEST_F(TabDlg, HasItsCloseButtonAtTheRightBelowThePages)
+{
+    sglTabDlg & window = *show_window();
+    auto * const button = dynamic_cast<wxButton *>(window.FindWindow(wxID_CLOSE));
+    ASSERT_TRUE(button);
+    EXPECT_EQ(button->GetId(), 5001);
+    EXPECT_EQ(button->GetLabel(), "Close");
+    EXPECT_EQ(button->GetRect().GetRight() + 5, window.GetClientRect().GetRight());
+    EXPECT_GT(button->GetRect().y, notebook(window).GetRect().GetBottom());
+    int code = -1;
+    app().at_end_of_main_window([&] { code = app().last_end_code(); });
+    click(*button);
+    EXPECT_EQ(code, 5101);
+}
+
+TEST_F(TabDlg, StaysInTheExpertViewAndKeepsItsTick)
+{
+    sglTabDlg & window = *show_window();
+    EXPECT_TRUE(ticked(window));
+    bool ended = false;
+    app().at_end_of_main_window([&] { ended = true; });
+    window.GetMenuBar()->Check(XRCID("IDM_VIEW_EXPERT"), false);
+    choose_menu(window, "IDM_VIEW_EXPERT");
+    settle();
+    EXPECT_TRUE(ticked(window));
+    EXPECT_FALSE(ended);
+    EXPECT_TRUE(window.IsShown());
+}
+
+TEST_F(TabDlg, TurnsOpenAndSaveAsIntoTheButtonsOfThePageThatIsShown)
+{
+    sglTabDlg & window = *show_window();
+    wxNotebook & pages = notebook(window);
+    std::vector<int> pressed;
+    int came_up = 0;
+    window.Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++came_up; });
+    for (std::size_t i = 0; i < pages.GetPageCount(); ++i) {
+        pages.GetPage(i)->Bind(wxEVT_BUTTON, [&pressed, &pages, i](wxCommandEvent & event) {
+            EXPECT_EQ(pages.GetSelection(), static_cast<int>(i));
+            pressed.push_back(event.GetId());
+        });
+        pages.SetSelection(i);
+        choose_menu(window, "IDM_FILE_OPEN");
+        choose_menu(window, "IDM_FILE_SAVE_AS");
+    }
+    EXPECT_THAT(pressed,
+                ElementsAre(XRCID("IDC_SINGLE_INPUT_BROWSE"), XRCID("IDC_SINGLE_OUTPUT_BROWSE"),
+                            XRCID("IDC_MULTIPLE_INPUT_BROWSE"), XRCID("IDC_MULTIPLE_OUTPUT_BROWSE"),
+                            XRCID("IDC_BATCH_INPUT_BROWSE_BUTTON"), XRCID("IDC_BATCH_OUTPUT_BROWSE_BUTTON")));
+    EXPECT_EQ(came_up, 0);
+}
+
+TEST_F(TabDlg, OpensTheFileDialogOfItsPageByKey)
+{
+    sglTabDlg & window = *show_window();
+    focus(notebook(window));
+    kitModal boxes;
+    boxes.expect_file_cancelled();
+    key('O', wxMOD_CONTROL);
+}
+
+TEST_F(TabDlg, GivesOneFileToThePageForOne)
+{
+    sglTabDlg & window = *show_window();
+    wxArrayString files;
+    window.open_files(files);
+    EXPECT_EQ(notebook(window).GetSelection(), 0);
+    notebook(window).SetSelection(2);
+    std::string const file = "/usr/share/opencascade/data/step/screw.step";
+    files.push_back(file);
+    window.open_files(files);
+    EXPECT_EQ(notebook(window).GetSelection(), 0);
+    EXPECT_EQ(find<wxListCtrl>(window, "IDC_SINGLE_INPUT_FILENAME")->GetItemText(0), file);
+}
+
+TEST_F(TabDlg, GivesSeveralFilesToThePageThatMergesThem)
+{
+    sglTabDlg & window = *show_window();
+    wxArrayString files;
+    files.push_back("/usr/share/opencascade/data/step/screw.step");
+    files.push_back("/usr/share/opencascade/data/step/linkrods.step");
+    window.open_files(files);
+    EXPECT_EQ(notebook(window).GetSelection(), 1);
+    auto const * const list = find<wxListCtrl>(window, "IDC_MULTIPLE_INPUT_FILE_LIST");
+    ASSERT_TRUE(list);
+    ASSERT_EQ(list->GetItemCount(), 2);
+    EXPECT_EQ(list->GetItemText(0), files[0]);
+    EXPECT_EQ(list->GetItemText(1), files[1]);
+}
+
+TEST_F(TabDlg, StandsInTheMiddleOfTheScreen)
+{
+    sglTabDlg & window = *show_window();
+    wxRect const screen = wxDisplay(0u).GetClientArea();
+    wxRect const place = window.GetScreenRect();
+    EXPECT_NEAR(place.x + place.width / 2, screen.x + screen.width / 2, 4);
+    EXPECT_NEAR(place.y + place.height / 2, screen.y + screen.height / 2, 40);
+}
