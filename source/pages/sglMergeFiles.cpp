@@ -197,7 +197,7 @@ void sglMergeFiles::OnSelChangeInputFormat(wxCommandEvent &)
     enableTranslateButton();
 }
 
-// What is loaded here is meant to be the format of the input, unlike on the page for batches.
+// The format of the input is loaded here, unlike on the page for batches.
 void sglMergeFiles::OnSelChangeOutputFormat(wxCommandEvent &)
 {
     m_output_details.format_closed();

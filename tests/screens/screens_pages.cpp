@@ -14,7 +14,7 @@ protected:
     {
         Screens::SetUp();
         frame()->SetClientSize(frame()->ConvertDialogToPixels(wxSize(450, 340)));
-        m_notebook = new wxNotebook(frame(), wxID_ANY);
+        m_notebook = new wxNotebook(frame(), wxID_ANY, wxPoint(), frame()->GetClientSize());
     }
     /// The picture of a page on whose control those files have been dropped.
     template <class Page>

@@ -46,7 +46,7 @@ protected:
         kitWindowTest::SetUp();
         std::filesystem::remove_all(user_folder() + "/resources");
         m_frame = show_frame(wxSize(900, 800));
-        m_notebook = new wxNotebook(m_frame, wxID_ANY);
+        m_notebook = new wxNotebook(m_frame, wxID_ANY, wxPoint(), m_frame->GetClientSize());
     }
     template <class Page>
     Page * open(kitPageIds const & ids)
