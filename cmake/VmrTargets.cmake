@@ -45,14 +45,20 @@ function(vmr_library name)
   endif()
 endfunction()
 
-# vmr_test(name SOURCES ... LIBRARIES ... [LABELS ...]): one GoogleTest program, each of its tests known to ctest.
+# vmr_test(name SOURCES ... LIBRARIES ... [LABELS ...] [TOGETHER]): one GoogleTest program, each of its tests known to
+# ctest, or with TOGETHER all of them as one, in one process and with nothing beside it.
 function(vmr_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "TOGETHER" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   find_package(GTest REQUIRED)
   include(GoogleTest)
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE vmr_options ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests CXX_EXTENSIONS OFF)
+  if(ARG_TOGETHER)
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300 RUN_SERIAL TRUE)
+    return()
+  endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
 endfunction()

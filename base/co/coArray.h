@@ -5,8 +5,8 @@
 
 #include "co/coIterator.h"
 
-/// What the two kinds of array have in common, over the standard container that holds the elements. Indices are
-/// not checked.
+/// What the two kinds of array have in common, over the standard container that holds the elements. Indices
+/// are not checked.
 template <class T, class Storage>
 class coArray {
 public:

@@ -85,10 +85,7 @@ private:
 /// A builder whose operations a test may call, over a recorder.
 class kitLayoutReader : public sglResourceDialogBuilder {
 public:
-    explicit kitLayoutReader(vmrTableInstance * table)
-        : kitLayoutReader(new kitLayoutRecorder, table)
-    {
-    }
+    explicit kitLayoutReader(vmrTableInstance * table) : kitLayoutReader(new kitLayoutRecorder, table) {}
 
     int read(std::string const & file, unsigned int mask)
     {

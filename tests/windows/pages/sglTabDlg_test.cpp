@@ -82,6 +82,7 @@ TEST_F(TabDlg, HasItsCloseButtonAtTheRightBelowThePages)
     int code = -1;
     app().at_end_of_main_window([&] { code = app().last_end_code(); });
     click(*button);
+    run_until([&] { return code != -1; }, 20, "the press");
     EXPECT_EQ(code, 5101);
 }
 
