@@ -39,4 +39,5 @@ private:
     sglMergeFiles * m_merge = nullptr;
     sglBatchFiles * m_batch = nullptr;
     wxNotebook * m_notebook = nullptr;
+    wxSize m_first_size;
 };

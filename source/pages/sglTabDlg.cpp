@@ -9,6 +9,7 @@
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/settings.h>
@@ -54,6 +55,7 @@ void sglTabDlg::OnInitDialog()
     wxSize const needed = sizer->ComputeFittingWindowSize(this);
     wxSize const size(std::max(GetSize().x, needed.x), std::max(GetSize().y, needed.y));
     SetSize(size);
+    m_first_size = size;
     CentreOnScreen(wxBOTH);
     // A desktop that tells the size of its decorations late has forgotten the place by then.
     Bind(wxEVT_SHOW, &sglTabDlg::OnFirstShow, this);
@@ -65,7 +67,11 @@ void sglTabDlg::OnFirstShow(wxShowEvent & event)
     if (!event.IsShown())
         return;
     Unbind(wxEVT_SHOW, &sglTabDlg::OnFirstShow, this);
-    CentreOnScreen(wxBOTH);
+    // By what was asked for: the size that the window tells at this moment may be that of the decorations
+    // alone.
+    wxRect const screen = wxDisplay(this).GetClientArea();
+    Move(screen.x + std::max(0, (screen.width - m_first_size.x) / 2),
+         screen.y + std::max(0, (screen.height - m_first_size.y) / 2));
 }
 
 template <class Page>
