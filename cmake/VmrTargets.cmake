@@ -1,9 +1,12 @@
 # What every target of the project shares: language level, warnings, sanitizers, the layout of the build tree
 # (which mirrors an installed prefix, so that the program runs in place), and the helpers that declare targets.
 
+# Clones of the same sources share what the compiler cache has, wherever they lie. It takes what is compiled with a
+# precompiled header only when told that the macros and times in that header may be trusted.
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
 endif()
 
 set(VMR_BIN_DIR bin)
@@ -45,6 +48,40 @@ function(vmr_library name)
   endif()
 endfunction()
 
+# vmr_cached_headers(name): lets the compiler cache take what the target compiles with a precompiled header.
+function(vmr_cached_headers name)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${name} PRIVATE -fpch-preprocess)
+    # Under a precompiled header the compiler's wrong warning about joined strings (GCC bug 105651) comes through.
+    target_compile_options(${name} PRIVATE -Wno-restrict)
+  endif()
+endfunction()
+
+# vmr_test_headers(name LIBRARIES...): compiles the tests of a target with the headers that take longest, precompiled
+# once for all tests that link the library and once for the others.
+function(vmr_test_headers name)
+  if("vmrgr" IN_LIST ARGN)
+    set(kind vmr_headers_of_window_tests)
+    set(headers <wx/wx.h> <wx/xrc/xmlres.h>)
+    set(libraries vmrgr)
+  else()
+    set(kind vmr_headers_of_tests)
+    set(headers)
+    set(libraries)
+  endif()
+  if(NOT TARGET ${kind})
+    file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/tests/${kind}.cpp CONTENT "// Only carries the precompiled headers.\n")
+    add_library(${kind} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/tests/${kind}.cpp)
+    target_link_libraries(${kind} PRIVATE vmr_options ${libraries} GTest::gtest_main GTest::gmock)
+    target_precompile_headers(${kind} PRIVATE ${headers} <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream>
+                                              <map> <sstream> <thread>)
+    set_target_properties(${kind} PROPERTIES CXX_EXTENSIONS OFF)
+    vmr_cached_headers(${kind})
+  endif()
+  vmr_cached_headers(${name})
+  target_precompile_headers(${name} REUSE_FROM ${kind})
+endfunction()
+
 # vmr_test(name SOURCES ... LIBRARIES ... [LABELS ...] [TOGETHER]): one GoogleTest program, each of its tests known to
 # ctest, or with TOGETHER all of them as one, in one process and with nothing beside it.
 function(vmr_test name)
@@ -55,6 +92,7 @@ function(vmr_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE vmr_options ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests CXX_EXTENSIONS OFF)
+  vmr_test_headers(${name} ${ARG_LIBRARIES})
   if(ARG_TOGETHER)
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300 RUN_SERIAL TRUE)
