@@ -15,7 +15,8 @@ function(vmr_catalogue po mo)
     VERBATIM)
 endfunction()
 
-# vmr_language(language DOMAINS a b): compiles and installs <language>/a.po and <language>/b.po.
+# vmr_language(language DOMAINS a b): compiles and installs <language>/a.po and <language>/b.po. The target
+# vmr_languages compiles those of all languages.
 function(vmr_language language)
   cmake_parse_arguments(ARG "" "" "DOMAINS" ${ARGN})
   set(folder ${VMR_DATA_DIR}/locale/${language}/LC_MESSAGES)
@@ -26,5 +27,9 @@ function(vmr_language language)
     list(APPEND catalogues ${catalogue})
   endforeach()
   add_custom_target(vmr_language_${language} ALL DEPENDS ${catalogues})
+  if(NOT TARGET vmr_languages)
+    add_custom_target(vmr_languages)
+  endif()
+  add_dependencies(vmr_languages vmr_language_${language})
   install(FILES ${catalogues} DESTINATION ${folder})
 endfunction()

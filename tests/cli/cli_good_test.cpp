@@ -115,17 +115,41 @@ TEST_F(Program, StartsFromItsCacheTheSecondTime)
     EXPECT_GT(std::filesystem::file_size(cache), 10u);
 }
 
-class GermanProgram : public cliTest {
+class ProgramInALanguage : public cliTest {
 protected:
-    kitProgramResult run_in_german(std::string const & input) const
+    kitProgramResult run_in(char const * locale, std::string const & input) const
     {
         kitProgram program;
         program.arguments = {VMR_PROGRAM, input, "-t", "IGES", "-o", "out/x.igs"};
         program.folder = folder.path().string();
-        program.environment = {{"HOME", folder / "home"}, {"LANG", "de_DE.UTF-8"}};
+        program.environment = {{"HOME", folder / "home"}, {"LANG", locale}};
         return program.run();
     }
 };
+
+class GermanProgram : public ProgramInALanguage {
+protected:
+    kitProgramResult run_in_german(std::string const & input) const { return run_in("de_DE.UTF-8", input); }
+};
+
+TEST_F(ProgramInALanguage, SpeaksEachThatIsThereAndOtherwiseEnglish)
+{
+    struct {
+        char const * locale;
+        char const * said;
+    } const languages[] = {
+        {"de_AT.UTF-8", "Die Eingabedatei nothing.step ist nicht vorhanden\n"},
+        {"fr_FR.UTF-8", "Le fichier d’entrée nothing.step n’existe pas\n"},
+        {"ja_JP.UTF-8", "入力ファイル nothing.step がありません\n"},
+        {"tlh_XX.UTF-8", "The input file nothing.step does not exist\n"},
+    };
+    for (auto const & [locale, said] : languages) {
+        auto const result = run_in(locale, "nothing.step");
+        EXPECT_EQ(result.exit_status, 2) << locale;
+        EXPECT_NE(result.output.find(said), std::string::npos) << locale << result.output;
+        EXPECT_EQ(result.errors, "") << locale;
+    }
+}
 
 TEST_F(GermanProgram, SpeaksTheLanguageOfTheUser)
 {

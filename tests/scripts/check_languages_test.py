@@ -87,12 +87,12 @@ class CheckLanguages(unittest.TestCase):
         self.assertEqual(self.check(), (0, 'de/vmrengine.po: nothing uses "engine::Old"\n0 texts, 0 faults\n'))
 
     def test_does_not_fail_for_a_language_that_is_not_complete(self):
-        self.write("data/locale/fr/vmrgrlib.po", HEADER)
+        self.write("data/locale/xx/vmrgrlib.po", HEADER)
         self.write("source/a.cpp", 'say("cl::Usage");')
         self.translate("vmrgrlib", ("cl", "Usage", "Aufruf"))
         status, said = self.check()
         self.assertEqual(status, 0, said)
-        self.assertIn('fr/vmrgrlib.po lacks\nmsgctxt "cl"\nmsgid "Usage"', said)
+        self.assertIn('xx/vmrgrlib.po lacks\nmsgctxt "cl"\nmsgid "Usage"', said)
 
     def test_refuses_mnemonics_that_are_not_told_apart(self):
         self.write("data/xrc/vmrgrlib/menu.xrc", MENU)
@@ -105,7 +105,30 @@ class CheckLanguages(unittest.TestCase):
         self.translate("vmrgrlib", ("m_x", "&Open", "Lesen"), ("m_x", "&Print", "&Drucken"))
         status, said = self.check()
         self.assertEqual(status, 1)
-        self.assertIn('de: MB_X: "Lesen" has no mnemonic', said)
+        self.assertIn('de: "Lesen" has no mnemonic', said)
+
+    def test_finds_mnemonics_that_stand_behind_the_text(self):
+        self.write("data/xrc/vmrgrlib/menu.xrc", MENU)
+        self.translate("vmrgrlib", ("m_x", "&Open", "開く(&O)"), ("m_x", "&Print", "印刷(&O)..."))
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn("de: MB_X: the mnemonic o stands in 開く(&O), 印刷(&O)...", said)
+
+    def test_refuses_english_mnemonics_that_are_not_told_apart(self):
+        self.write("data/xrc/vmrgrlib/menu.xrc", MENU.replace("_Print", "Pr_obe"))
+        self.translate("vmrgrlib", ("m_x", "&Open", "Ö&ffnen"), ("m_x", "Pr&obe", "&Prüfen"))
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn("en: MB_X: the mnemonic o stands in &Open, Pr&obe", said)
+
+    def test_refuses_a_translation_that_lost_a_variable(self):
+        self.write("source/a.cpp", 'say("m::About [[PROGRAM-NAME]]");')
+        self.translate("vmrgrlib", ("m", "About [[PROGRAM-NAME]]", "Info zu [[PROGRAM-NAME]]"))
+        self.assertEqual(self.check()[0], 0)
+        self.translate("vmrgrlib", ("m", "About [[PROGRAM-NAME]]", "Info zu [[PROGRAMM-NAME]]"))
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn('de: "Info zu [[PROGRAMM-NAME]]" has not the variables of "About [[PROGRAM-NAME]]"', said)
 
 
 if __name__ == "__main__":

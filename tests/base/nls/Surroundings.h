@@ -36,12 +36,14 @@ public:
 
     void set(char const * name, char const * value) { setenv(name, value, 1); }
 
-    /// The user's locale becomes one with a decimal comma.
-    void use_decimal_comma()
+    /// Numbers become those of a locale: de_DE, fr_FR or ja_JP.
+    void use_numbers_of(std::string const & locale)
     {
         set("LOCPATH", TEST_LOCPATH);
-        set("LC_NUMERIC", "de_DE.UTF-8");
+        set("LC_NUMERIC", (locale + ".UTF-8").c_str());
     }
+    /// The user's locale becomes one with a decimal comma.
+    void use_decimal_comma() { use_numbers_of("de_DE"); }
 
 private:
     std::map<std::string, std::optional<std::string>> m_before;

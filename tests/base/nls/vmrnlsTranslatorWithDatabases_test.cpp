@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <filesystem>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -9,6 +10,7 @@
 
 #include "Surroundings.h"
 #include "kit/kitTempFolder.h"
+#include "nls/vmrnlsConversion.h"
 #include "nls/vmrnlsTranslatorDefault.h"
 
 namespace {
@@ -107,6 +109,42 @@ TEST_F(Translator, IsNotLedAstrayByADamagedCatalogue)
     vmrnlsTranslatorWithDatabases const damaged(folder.path().string());
     for (char const * domain : {"garbage", "empty", "half", "stub"})
         EXPECT_EQ(damaged.translate(domain, "other::Close"), utString("Close")) << domain;
+}
+
+TEST_F(Translator, OutlivesWhateverStandsInACatalogue)
+{
+    char const key[] = "cl::File %s has %d parts\n";
+    auto const whole = kit_read_file(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/sample.mo");
+    std::mt19937 random(20260131);
+    auto const below = [&random](std::size_t limit) { return random() % limit; };
+    for (int run = 0; run < 400; ++run) {
+        kitTempFolder const folder;
+        auto damaged = whole;
+        for (std::size_t changes = 1 + below(8); changes > 0; --changes)
+            damaged[below(run % 2 ? damaged.size() : 40)] = static_cast<char>(below(256));
+        if (run % 5 == 0)
+            damaged.resize(below(damaged.size()));
+        folder.write("de/LC_MESSAGES/sample.mo", damaged);
+        vmrnlsTranslatorWithDatabases const of_damaged(folder.path().string());
+        auto const shown = of_damaged.translate("sample", key);
+        EXPECT_TRUE(vmrnls_same_arguments("File %s has %d parts\n", shown.view())) << run;
+        EXPECT_FALSE(of_damaged.translate("sample", "menu::Open").empty()) << run;
+    }
+}
+
+TEST_F(Translator, ShowsEnglishWhereACatalogueHoldsAnything)
+{
+    std::mt19937 random(20260201);
+    std::string noise(4096, '\0');
+    for (char & byte : noise)
+        byte = static_cast<char>(random());
+    kitTempFolder const folder;
+    folder.write("de/LC_MESSAGES/sample.mo", noise);
+    EXPECT_EQ(vmrnlsTranslatorWithDatabases(folder.path().string()).translate("sample", "menu::Open"),
+              utString("Open"));
+    folder.write("de/LC_MESSAGES/sample.mo", "\xde\x12\x04\x95" + noise); // begins as a catalogue does
+    EXPECT_EQ(vmrnlsTranslatorWithDatabases(folder.path().string()).translate("sample", "menu::Open"),
+              utString("Open"));
 }
 
 TEST_F(Translator, WorksWithoutAnyFolder)

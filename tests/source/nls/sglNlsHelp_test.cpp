@@ -4,6 +4,8 @@
 
 #include "kit/kitAppTest.h"
 
+#include <wx/log.h>
+
 namespace {
 
 struct Language : kitAppTest {
@@ -22,6 +24,35 @@ TEST_F(Language, IsEnglishWhenThereAreNoFiles)
     EXPECT_EQ(getNlsHelp()->requested_language(), utString("de"));
     EXPECT_EQ(getNlsHelp()->used_language(), utString("English"));
     EXPECT_EQ(getNlsHelp()->gsprintf("vmrgrlib", "cl::Input file\n\n"), utString("Input file\n\n"));
+}
+
+TEST_F(Language, IsThatOfTheFilesForItsCountriesAsWell)
+{
+    install("share/vmr/locale/fr/LC_MESSAGES/vmrgrlib.mo", "");
+    getNlsHelp()->set_main_language("fr_CA");
+    EXPECT_EQ(getNlsHelp()->requested_language(), utString("fr_CA"));
+    EXPECT_EQ(getNlsHelp()->used_language(), utString("fr"));
+    EXPECT_EQ(getNlsHelp()->iso_locale(), utString("fr"));
+}
+
+TEST_F(Language, ShowsEnglishTextsWhereItsFileIsDamaged)
+{
+    install("share/vmr/locale/fr/LC_MESSAGES/vmrgrlib.mo", "\xde\x12\x04\x95 and then nothing of the kind");
+    getNlsHelp()->set_main_language("fr");
+    EXPECT_EQ(getNlsHelp()->gsprintf("vmrgrlib", "cl::Input file\n\n"), utString("Input file\n\n"));
+}
+
+TEST_F(Language, ThatNobodyHasIsEnglishWithoutAWord)
+{
+    install("share/vmr/locale/fr/LC_MESSAGES/vmrgrlib.mo", "");
+    wxLogBuffer said; // shows what it got at its end, and here it gets nothing
+    wxLog * const before = wxLog::SetActiveTarget(&said);
+    getNlsHelp()->set_main_language("tlh_XX");
+    wxLog::SetActiveTarget(before);
+    EXPECT_EQ(said.GetBuffer(), "");
+    EXPECT_EQ(getNlsHelp()->requested_language(), utString("tlh_XX"));
+    EXPECT_EQ(getNlsHelp()->used_language(), utString("English"));
+    EXPECT_EQ(getNlsHelp()->wxwidgets_language(), utString("English"));
 }
 
 TEST_F(Language, OfTheToolkitEndsAtEnglishAfterTheCountryWasCut)
