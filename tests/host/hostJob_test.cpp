@@ -59,7 +59,7 @@ TEST(HostJob, WaitsForTheRestOfAValue)
 
 TEST(HostJob, LeavesAloneWhatFollows)
 {
-    EXPECT_EQ(state(std::string(whole) + "{\"command\": \"cancel\"}\n"), hostJobState::complete);
+    EXPECT_EQ(state(std::string(whole).append("{\"command\": \"cancel\"}\n")), hostJobState::complete);
 }
 
 TEST(HostJob, RefusesWhatIsNoJob)

@@ -74,7 +74,8 @@ TEST_F(FileLooks, FindFilesByExtensionInEitherCase)
 
 TEST_F(FileLooks, ReadAFileWhole)
 {
-    std::string const content = std::string("a\0b\r\n", 5) + std::string(200000, 'x');
+    std::string content("a\0b\r\n", 5);
+    content.append(200000, 'x');
     std::string read = "old";
     ASSERT_TRUE(m_files.read_file(path(m_temp.write("file", content)), read));
     EXPECT_EQ(read, content);

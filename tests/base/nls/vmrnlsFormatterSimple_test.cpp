@@ -96,7 +96,7 @@ TEST(Formatter, ShowsLongNumbersWhole)
 {
     auto const longest = format("%f", 1e308);
     EXPECT_EQ(longest.size(), 309u + 7u);
-    EXPECT_EQ(format("%300d", 1), std::string(299, ' ') + "1");
+    EXPECT_EQ(format("%300d", 1), std::string(299, ' ').append("1"));
 }
 
 TEST(Formatter, UsesTheDecimalPoint)

@@ -35,5 +35,5 @@ TEST(BrepHeader, TakesNothingElse)
                                  "DBRep_DrawableShape", "solid x", "Shape CASCADE Topology V1"}) {
         EXPECT_EQ(brep_header(content).form, brepForm::neither) << content;
     }
-    EXPECT_EQ(brep_header(std::string(5000, ' ') + "CASCADE Topology V1").form, brepForm::neither);
+    EXPECT_EQ(brep_header(std::string(5000, ' ').append("CASCADE Topology V1")).form, brepForm::neither);
 }

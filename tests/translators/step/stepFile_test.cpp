@@ -21,7 +21,7 @@ TEST(StepFile, SeesAWholeFile)
 
 TEST(StepFile, PassesOverMarksSpaceAndCommentsAtTheBegin)
 {
-    EXPECT_TRUE(stepFile(std::string("\xEF\xBB\xBF \r\n/* made by ISO */ /**/") + whole).begins);
+    EXPECT_TRUE(stepFile(std::string("\xEF\xBB\xBF \r\n/* made by ISO */ /**/").append(whole)).begins);
 }
 
 TEST(StepFile, DoesNotTakeACommentForTheBegin)
