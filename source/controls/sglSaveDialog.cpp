@@ -21,7 +21,9 @@ sglSaveDialog::sglSaveDialog(wxWindow * parent, wxString const & title, wxString
 utString sglSaveDialog::chosen_path() const
 {
     utString const path = wxtStringConverter::path_to_ut(GetPath());
-    bool const complete = GetFilterIndex() != 0 || !apPathName::from_utf8(path.view()).extension().empty();
+    // The toolkit gives nothing at all for some names that are not UTF-8.
+    bool const complete =
+        path.empty() || GetFilterIndex() != 0 || !apPathName::from_utf8(path.view()).extension().empty();
     return complete ? path : path + "." + m_extension;
 }
 

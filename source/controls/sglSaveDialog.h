@@ -13,7 +13,7 @@ public:
     sglSaveDialog(wxWindow * parent, wxString const & title, wxString const & directory,
                   wxString const & name, wxString const & filter, char const * extension, long style);
 
-    utString chosen_path() const; ///< with its extension
+    utString chosen_path() const; ///< with its extension; empty where the toolkit has none to give
 
 private:
     void OnAccept(wxCommandEvent & event);

@@ -123,7 +123,7 @@ void sglResources::OnLoadDefault(wxCommandEvent &)
 void sglResources::OnLoadCustom(wxCommandEvent &)
 {
     utString const file = file_to_open();
-    if (file.invalid())
+    if (file.empty())
         return;
     if (m_working.modified() && sglMessageBox("vmrgrlib", 1115, wxYES_NO) == wxID_NO)
         return;
@@ -150,7 +150,7 @@ void sglResources::OnSaveAs(wxCommandEvent &)
 {
     resource_directory().create_user_dir();
     utString const file = file_to_save();
-    if (file.invalid())
+    if (file.empty())
         return;
     utString const in_use = m_working.resource_file();
     Save(file);
