@@ -208,8 +208,6 @@ void sglGUIProgressDialog::save_details()
     if (dialog.ShowModal() != wxID_OK)
         return;
     utString const path = dialog.chosen_path();
-    if (path.empty())
-        return;
     ubOFStream stream(path);
     sglTDOstreamDisplayer(m_record, m_info, &stream).display();
     sglMessageBox(domain, 1131, wxOK, path);
