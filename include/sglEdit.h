@@ -3,6 +3,8 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <string>
+#include <utility>
 
 #include <wx/textctrl.h>
 
@@ -29,11 +31,13 @@ public:
     void set_context_menu(utString const & menu_name) { m_context_menu = menu_name; }
     utString get_all_text() const; ///< empty, and never invalid, for an empty pane
 
-    /// Appends all that was queued before the call.
-    void append_waiting_text();
+    /// The same with all that is queued and not shown yet, which is shown in its turn: a control needs far
+    /// longer for a large text than it takes to know it.
+    utString all_text_with_waiting() const;
+    void discard_waiting_text(); ///< as if it had never been queued
 
-    /// True as soon as text has arrived, whichever way.
-    bool IsModified() const override { return m_text_arrived || wxTextCtrl::IsModified(); }
+    /// True as soon as text has arrived, whichever way and even if it is not shown yet.
+    bool IsModified() const override;
     void DiscardEdits() override;
 
     /// A pane of several lines has no limit on this platform, and asking for one changes nothing.
@@ -53,18 +57,21 @@ protected:
 private:
     void OnTextWaiting(wxThreadEvent & event);
     void pop_up_menu(wxPoint position);
-    std::unique_ptr<wxEvent> next_waiting();
-    void gather_waiting(bool all);
+    std::unique_ptr<wxCommandEvent> next_waiting();
+    void gather_waiting();
     void append(wxString const & text);
 
     int m_editable = 0;
     utString m_context_menu = utString::make_invalid();
 
-    std::mutex m_waiting_lock;
-    std::deque<std::unique_ptr<wxEvent>> m_waiting; // under the lock
-    bool m_pick_up_is_due = false;                  // under the lock: an event or idle time will take them
+    mutable std::mutex m_waiting_lock;
+    /// Under the lock: the events, each with the length of its text in the next.
+    std::deque<std::pair<std::unique_ptr<wxCommandEvent>, std::size_t>> m_waiting;
+    std::string m_waiting_text;      // under the lock: what the control will show of them, as UTF-8
+    std::size_t m_waiting_taken = 0; // under the lock: how much of that belongs to events that are taken
+    bool m_pick_up_is_due = false;   // under the lock: an event or idle time will take them
     bool m_more_at_idle = false;
-    int m_gathering = 0;
+    bool m_gathering = false;
     wxString m_gathered;
     bool m_text_arrived = false;
 

@@ -67,15 +67,18 @@ private:
     void OnInitDialog(wxInitDialogEvent & event);
 
     void make_room_for_panel();
+    void build_pages();
     void make_menu();
     void spread_buttons();
     void add_menu_key();
     void close_when_modal();
     void enable_save(bool enable);
     void load_and_tell(utString const & file);
+    void go_on_with(utString const & file);
     bool write_values(utString const & file) const;
     void export_to(class sglExportSystem const & system);
-    utString chosen_file(wxString const & filter_tail, long style);
+    utString file_to_open(); ///< invalid when the user has cancelled
+    utString file_to_save(); ///< the same
     utString user_directory() const;
     sdbFile file_of(utString const & path) const;
 

@@ -46,6 +46,30 @@ utString sglEdit::get_all_text() const
     return wxtStringConverter::to_ut(GetValue());
 }
 
+utString sglEdit::all_text_with_waiting() const
+{
+    utString const text = get_all_text() + wxtStringConverter::to_ut(sgl_shown_text(m_gathered));
+    std::scoped_lock const lock(m_waiting_lock);
+    return text + utString(std::string_view(m_waiting_text).substr(m_waiting_taken));
+}
+
+void sglEdit::discard_waiting_text()
+{
+    m_gathered.clear();
+    std::scoped_lock const lock(m_waiting_lock);
+    m_waiting.clear();
+    m_waiting_text.clear();
+    m_waiting_taken = 0;
+}
+
+bool sglEdit::IsModified() const
+{
+    if (m_text_arrived || wxTextCtrl::IsModified() || !m_gathered.empty())
+        return true;
+    std::scoped_lock const lock(m_waiting_lock);
+    return m_waiting_taken < m_waiting_text.size();
+}
+
 void sglEdit::DiscardEdits()
 {
     m_text_arrived = false;
@@ -116,43 +140,50 @@ void sglEdit::QueueEvent(wxEvent * event)
         wxTextCtrl::QueueEvent(event);
         return;
     }
+    std::unique_ptr<wxCommandEvent> words(static_cast<wxCommandEvent *>(event));
+    // Made here, in the thread of the worker, where the graphical thread would need long for all of them.
+    std::string const text = wxtStringConverter::to_ut(sgl_shown_text(words->GetString())).str();
     bool pick_up;
     {
         std::scoped_lock const lock(m_waiting_lock);
-        m_waiting.emplace_back(event);
+        m_waiting.emplace_back(std::move(words), text.size());
+        m_waiting_text += text;
         pick_up = !std::exchange(m_pick_up_is_due, true);
     }
     if (pick_up)
         wxTextCtrl::QueueEvent(new wxThreadEvent(EVT_TEXT_WAITING));
 }
 
-std::unique_ptr<wxEvent> sglEdit::next_waiting()
+std::unique_ptr<wxCommandEvent> sglEdit::next_waiting()
 {
     std::scoped_lock const lock(m_waiting_lock);
     if (m_waiting.empty()) {
         m_pick_up_is_due = false;
+        m_waiting_text.clear();
+        m_waiting_taken = 0;
         return nullptr;
     }
-    auto event = std::move(m_waiting.front());
+    auto [event, length] = std::move(m_waiting.front());
     m_waiting.pop_front();
-    return event;
+    m_waiting_taken += length;
+    return std::move(event);
 }
 
-void sglEdit::gather_waiting(bool all)
+void sglEdit::gather_waiting()
 {
-    // A handler of one of the events may run an event loop and with it this operation; what has been gathered
-    // so far is then appended there, ahead of the rest.
+    // A handler of one of the events may run an event loop. Nothing is gathered there: a pick-up is still due
+    // here, and the flag for idle time is not set.
     wxStopWatch const watch;
     m_more_at_idle = false;
-    ++m_gathering;
+    m_gathering = true;
     while (auto const event = next_waiting()) {
         ProcessWindowEvent(*event);
-        if (!all && (watch.Time() >= slice_milliseconds || m_gathered.length() >= slice_characters)) {
+        if (watch.Time() >= slice_milliseconds || m_gathered.length() >= slice_characters) {
             m_more_at_idle = true;
             break;
         }
     }
-    --m_gathering;
+    m_gathering = false;
     append(std::exchange(m_gathered, wxString()));
     if (m_more_at_idle)
         wxWakeUpIdle();
@@ -160,19 +191,14 @@ void sglEdit::gather_waiting(bool all)
 
 void sglEdit::OnTextWaiting(wxThreadEvent &)
 {
-    gather_waiting(false);
+    gather_waiting();
 }
 
 void sglEdit::OnInternalIdle()
 {
     wxTextCtrl::OnInternalIdle();
     if (m_more_at_idle)
-        gather_waiting(false);
-}
-
-void sglEdit::append_waiting_text()
-{
-    gather_waiting(true);
+        gather_waiting();
 }
 
 void sglEdit::append(wxString const & text)

@@ -4,8 +4,7 @@
 #include "sglMessageDisplayer.h"
 #include "sglResourceString.h"
 
-#include "controls/sglShownText.h"
-#include "wxt/wxtStringConverter.h"
+#include "nls/sglShownMessage.h"
 
 #include <iostream>
 #include <wx/msgdlg.h>
@@ -32,11 +31,7 @@ int sglMessageBoxWithArguments(char const * domain, unsigned int id, utTextArgum
         // Nobody is there to agree to anything.
         return style & wxYES_NO ? wxID_NO : wxID_OK;
     }
-    wxMessageDialog dialog(wxGetActiveWindow(), sgl_shown_text(wxtStringConverter::to_wx(text)),
-                           wxtStringConverter::to_wx(sglApp::app().application_name_no_version()),
-                           static_cast<long>(style));
-    dialog.CentreOnParent(wxBOTH);
-    int const answer = dialog.ShowModal();
+    int const answer = sgl_show_message(wxGetActiveWindow(), text, static_cast<long>(style));
     // Who closes a question without an answer has not agreed.
     return answer == wxID_CANCEL && style & wxYES_NO && !(style & wxCANCEL) ? wxID_NO : answer;
 }
@@ -47,8 +42,7 @@ void sgl_show_error_text(utString const & text)
         tell_on_standard_error(text);
         return;
     }
-    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(text)),
-                 wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), wxOK | wxICON_HAND);
+    sgl_show_message(nullptr, text, wxOK | wxICON_HAND);
 }
 
 unsigned int sglWxMessageDisplayer::style_of(int flags)

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int longest_line = 1023;
+
 void add_override_line(sglExportSystem & system, utString line)
 {
     int const blank = line.locate_substring(" ");
@@ -32,15 +34,17 @@ int sglExportOptionsFile::read_options_file()
         return 0;
     ubIFStream stream(m_file, ubOpenInput);
     std::unique_ptr<sglExportSystem> open;
-    char line[1024];
+    // One byte for the end of the text, and one for the carriage return of a file from another platform.
+    char line[longest_line + 2];
     while (stream.getline(line, sizeof line)) {
         // A last line without a line end is not looked at.
         if (!stream.good())
             break;
         utString text(line);
-        // Files come from other platforms too.
         if (!text.empty() && text[text.length() - 1] == '\r')
             text.remove(text.length() - 1, 1);
+        if (text.length() > longest_line)
+            break;
         bool const closes = text[0] == '#';
         if (!open && closes)
             return 0;

@@ -11,6 +11,7 @@
 
 wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl)
     EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
+    EVT_CHAR_HOOK(sglResourceEditBox::OnCharHook)
 wxEND_EVENT_TABLE()
 
 namespace {
@@ -28,6 +29,18 @@ void sglResourceEditBox::OnKillFocus(wxFocusEvent & event)
     event.Skip();
     if (m_widget)
         m_widget->control_changed();
+}
+
+void sglResourceEditBox::OnCharHook(wxKeyEvent & event)
+{
+    bool const enter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+    if (!enter || !m_widget || m_widget->may_be_taken()) {
+        event.Skip();
+        return;
+    }
+    m_widget->control_changed();
+    SetFocus();
+    SelectAll();
 }
 
 sglResourceEditWidget::sglResourceEditWidget(sglResourceDetails const & details, wxRect & rectangle,
@@ -63,9 +76,27 @@ int sglResourceEditWidget::create(wxRect & rectangle)
     return 1;
 }
 
+/// A value may be a path of any bytes.
+utString sglResourceEditWidget::text() const
+{
+    return wxtStringConverter::path_to_ut(m_edit_box->GetValue());
+}
+
+void sglResourceEditWidget::show_text(utString const & text)
+{
+    m_edit_box->SetValue(wxtStringConverter::path_to_wx(text));
+}
+
 void sglResourceEditWidget::set_value()
 {
-    m_edit_box->SetValue(wxtStringConverter::to_wx(current_value()));
+    show_text(current_value());
+}
+
+bool sglResourceEditWidget::may_be_taken() const
+{
+    utString const value = text();
+    // What is empty to begin with may be emptied again.
+    return validate_value(value) || (value.empty() && (current_value().empty() || default_value().empty()));
 }
 
 void sglResourceEditWidget::resource_changed()
@@ -79,19 +110,13 @@ void sglResourceEditWidget::control_changed()
     // The message takes the focus itself, and may first give it back to the field.
     if (m_telling)
         return;
-    utString const text = wxtStringConverter::to_ut(m_edit_box->GetValue());
-    if (validate_value(text)) {
-        add_resource(text);
-        return;
-    }
-    // What is empty to begin with may be emptied again.
-    if (text.empty() && (current_value().empty() || default_value().empty())) {
-        add_resource(text);
+    if (may_be_taken()) {
+        add_resource(text());
         return;
     }
     utString const value = default_value();
     m_telling = true;
     sglMessageBox("vmrgrlib", 1210, wxOK);
     m_telling = false;
-    m_edit_box->SetValue(wxtStringConverter::to_wx(value));
+    show_text(value);
 }

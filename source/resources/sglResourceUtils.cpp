@@ -32,7 +32,8 @@ constexpr int directory_rights = wxS_DIR_DEFAULT;
 
 bool make_directory(std::string const & text)
 {
-    return wxFileName::Mkdir(wxtStringConverter::to_wx(utString(text)), directory_rights, wxPATH_MKDIR_FULL);
+    return wxFileName::Mkdir(wxtStringConverter::path_to_wx(utString(text)), directory_rights,
+                             wxPATH_MKDIR_FULL);
 }
 
 /// Where the path is cut when the level that ends at `failed` cannot be made.

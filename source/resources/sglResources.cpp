@@ -10,10 +10,13 @@
 #include "sglResourceString.h"
 #include "sglResourceUtils.h"
 
+#include "controls/sglShownText.h"
 #include "sdu/sduServiceKeys.h"
 #include "sdu/sduServices.h"
+#include "vmr/coResourceIterator.h"
 #include "wxt/wxtStringConverter.h"
 
+#include <optional>
 #include <wx/accel.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -46,10 +49,37 @@ sduServicePtr<sdbSdbFileFactory const> file_factory(vmrabsAppInfo const & app)
     return factory;
 }
 
+/// Lends the table of a format all the resources that the format has, for as long as this object lives. A
+/// file may name a few of them only, and the pages of the others are to be had all the same.
+class AllResources {
+public:
+    AllResources(vmrTableInstance const & table, utString const & installed) : m_table(table.default_table())
+    {
+        if (!m_table || installed.empty())
+            return;
+        m_as_it_was = *m_table;
+        vmrTableInstance const factory(installed.c_str());
+        for (coResourceIterator resource(factory.default_table()); ++resource;)
+            if (!m_table->lookup_resource(resource()->key))
+                m_table->set_value(resource()->key->name, resource()->value_text());
+    }
+    ~AllResources()
+    {
+        if (m_as_it_was)
+            *m_table = *m_as_it_was;
+    }
+    AllResources(AllResources const &) = delete;
+    AllResources & operator=(AllResources const &) = delete;
+
+private:
+    coResourceTable * m_table;
+    std::optional<coResourceTable> m_as_it_was;
+};
+
 wxString title(unsigned int dialog_type, utString const & name)
 {
     unsigned int const id = dialog_type & sglResourceDialogBuilder::input ? 1260 : 1261;
-    return wxtStringConverter::to_wx(sglResourceString("vmrgrlib", id, name));
+    return sgl_shown_text(wxtStringConverter::to_wx(sglResourceString("vmrgrlib", id, name)));
 }
 
 } // namespace
@@ -89,8 +119,7 @@ void sglResources::make_room_for_panel()
 void sglResources::OnInitDialog(wxInitDialogEvent & event)
 {
     m_coordinates->Hide();
-    if (!m_builder.build_dialog(m_dialog_type))
-        close_when_modal();
+    build_pages();
     m_builder.initialise(&m_working);
     m_options->ProcessWindowEvent(event);
     m_options->Move(m_coordinates->GetPosition());
@@ -102,6 +131,13 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
         tree->SetFocus();
     SetTitle(title(m_dialog_type, apPathName::from_utf8(m_table.resource_file().view()).file_name().utf8()));
     event.Skip();
+}
+
+void sglResources::build_pages()
+{
+    AllResources const all(m_table, sglApp::app().installation_resource_file(*m_translator));
+    if (!m_builder.build_dialog(m_dialog_type))
+        close_when_modal();
 }
 
 /// The dialog is not modal yet while it is told to initialise.

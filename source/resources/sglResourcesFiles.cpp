@@ -10,6 +10,7 @@
 #include "sglResourceUtils.h"
 
 #include "controls/sglFileFilter.h"
+#include "controls/sglSaveDialog.h"
 #include "sdb/sdbResourceType.h"
 #include "sdu/sduFileFunctions.h"
 #include "sglOptionsDialog.h"
@@ -44,6 +45,21 @@ void tell_problems(char const * key, utString const & file, std::vector<std::str
     sgl_show_error_text(text);
 }
 
+wxString file_caption()
+{
+    return wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1215));
+}
+
+wxString file_directory()
+{
+    return wxtStringConverter::path_to_wx(sdbFile::backslashify(resource_directory().user_dir()));
+}
+
+wxString file_filter(char const * tail)
+{
+    return sgl_toolkit_filter(wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1214)) + tail);
+}
+
 bool holds(coResourceTable * table, utString const & name)
 {
     coResourceKeyBase const key(name);
@@ -62,15 +78,19 @@ utString sglResources::user_directory() const
     return resource_directory().user_dir();
 }
 
-utString sglResources::chosen_file(wxString const & filter_tail, long style)
+utString sglResources::file_to_open()
 {
-    wxString const filter = wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1214)) + filter_tail;
-    wxFileDialog dialog(this, wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1215)),
-                        wxtStringConverter::to_wx(sdbFile::backslashify(user_directory())), wxString(),
-                        sgl_toolkit_filter(filter), style);
-    if (dialog.ShowModal() != wxID_OK)
-        return utString::make_invalid();
-    return wxtStringConverter::to_ut(dialog.GetPath());
+    wxFileDialog dialog(this, file_caption(), file_directory(), wxString(), file_filter(" (*.rsc)|*.rsc||"),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    return dialog.ShowModal() == wxID_OK ? wxtStringConverter::path_to_ut(dialog.GetPath())
+                                         : utString::make_invalid();
+}
+
+utString sglResources::file_to_save()
+{
+    sglSaveDialog dialog(this, file_caption(), file_directory(), wxString(),
+                         file_filter(" (*.rsc) | *.rsc||"), "rsc", wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    return dialog.ShowModal() == wxID_OK ? dialog.chosen_path() : utString::make_invalid();
 }
 
 void sglResources::Load(utString const & file)
@@ -102,8 +122,8 @@ void sglResources::OnLoadDefault(wxCommandEvent &)
 
 void sglResources::OnLoadCustom(wxCommandEvent &)
 {
-    utString const file = chosen_file(" (*.rsc)|*.rsc||", wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    if (file.invalid())
+    utString const file = file_to_open();
+    if (file.empty())
         return;
     if (m_working.modified() && sglMessageBox("vmrgrlib", 1115, wxYES_NO) == wxID_NO)
         return;
@@ -129,13 +149,25 @@ void sglResources::OnSave(wxCommandEvent &)
 void sglResources::OnSaveAs(wxCommandEvent &)
 {
     resource_directory().create_user_dir();
-    utString const file = chosen_file(" (*.rsc) | *.rsc||", wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (file.invalid())
+    utString const file = file_to_save();
+    if (file.empty())
         return;
-    // The dialog goes on working on the file that it had.
     utString const in_use = m_working.resource_file();
     Save(file);
-    m_working.set_resource_file(in_use);
+    if (m_working.resource_file() != in_use)
+        go_on_with(in_use);
+}
+
+/// The dialog goes on working on the file that it had; the values are overrides where they differ from it.
+void sglResources::go_on_with(utString const & file)
+{
+    vmrTableInstance const saved(m_working);
+    m_working.initialise(file);
+    auto const & in_file = *m_working.default_table();
+    for (coResourceIterator resource(saved.default_table()); ++resource;)
+        if (in_file.value(resource()->key->name) != resource()->value_text())
+            m_working.add_as_it_stands(*resource());
+    m_builder.initialise(&m_working);
 }
 
 void sglResources::Save(utString const & file)
@@ -232,9 +264,9 @@ void sglResources::OnExportTo(wxCommandEvent &)
 
 void sglResources::export_to(sglExportSystem const & system)
 {
-    // What was saved under another name lies in memory only; the copy has it, too.
-    vmrTableInstance scratch;
-    CopyTable(m_working, scratch);
+    vmrTableInstance scratch(m_working.resource_file().c_str());
+    for (coResourceIterator kept(m_working.table()); ++kept;)
+        scratch.add_as_it_stands(*kept());
     vmrTableInstance const factory(sglApp::app().installation_resource_file(*m_translator).c_str());
     for (sglExportSystemIT walk(system); ++walk;)
         // A system names the options of several formats.

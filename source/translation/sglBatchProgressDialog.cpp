@@ -1,12 +1,10 @@
 #include "sglBatchProgressDialog.h"
 
-#include "sglApp.h"
 #include "sglResourceString.h"
 #include "sglStreamText.h"
 #include "sglTranslation.h"
 
-#include "controls/sglShownText.h"
-#include "wxt/wxtStringConverter.h"
+#include "nls/sglShownMessage.h"
 
 #include <algorithm>
 #include <array>
@@ -119,7 +117,6 @@ void sglBatchProgressDialog::translation_ended()
     progress(100);
     finish_translation_data(sdbProgressCompleted);
     ensure_visible();
-    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(summary())),
-                 wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), wxOK);
+    sgl_show_message(nullptr, summary(), wxOK);
     activateOKbutton();
 }

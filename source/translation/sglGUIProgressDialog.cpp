@@ -183,7 +183,7 @@ void sglGUIProgressDialog::clear_tabs()
 {
     // What is still on its way belongs to what is cleared.
     for (auto * const pane : {m_output_pane, m_error_pane}) {
-        pane->append_waiting_text();
+        pane->discard_waiting_text();
         pane->Clear();
     }
 }
@@ -200,7 +200,6 @@ void sglGUIProgressDialog::ShowErrors()
         show_details();
         m_details_shown = 1;
     }
-    m_error_pane->append_waiting_text();
     // The notebook shows the pane of the page that is selected and hides the other; hidden by hand, the other
     // would lose its tab.
     m_tabs->SetSelection(m_error_pane->IsModified() ? error_page : output_page);
@@ -208,12 +207,10 @@ void sglGUIProgressDialog::ShowErrors()
 
 utString sglGUIProgressDialog::output_text()
 {
-    m_output_pane->append_waiting_text();
-    return m_output_pane->get_all_text();
+    return m_output_pane->all_text_with_waiting();
 }
 
 utString sglGUIProgressDialog::error_text()
 {
-    m_error_pane->append_waiting_text();
-    return m_error_pane->get_all_text();
+    return m_error_pane->all_text_with_waiting();
 }

@@ -11,12 +11,12 @@
 #include "sglTDOstreamDisplayer.h"
 #include "sglTranslation.h"
 
-#include "controls/sglShownText.h"
+#include "controls/sglSaveDialog.h"
+#include "nls/sglShownMessage.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
-#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/notebook.h>
 #include <wx/xrc/xmlres.h>
@@ -25,12 +25,6 @@ namespace {
 
 constexpr char const * domain = "vmrgrlib";
 constexpr int fatal_end = 9; // the modal result after a fatal error
-
-void tell(wxWindow * parent, utString const & text, long style)
-{
-    wxMessageBox(sgl_shown_text(wxtStringConverter::to_wx(text)),
-                 wxtStringConverter::to_wx(sglApp::app().application_name_no_version()), style, parent);
-}
 
 } // namespace
 
@@ -125,7 +119,7 @@ void sglGUIProgressDialog::OnEndOk()
 {
     ensure_visible();
     if (channel()->current_translation_details().num_failed() != 0) {
-        tell(this, sglResourceString(domain, 1128), wxICON_EXCLAMATION);
+        sgl_show_message(this, sglResourceString(domain, 1128), wxICON_EXCLAMATION);
         ShowErrors();
     } else {
         utString message = m_success_message;
@@ -136,7 +130,7 @@ void sglGUIProgressDialog::OnEndOk()
         if (message.empty())
             EndModal(wxID_OK);
         else
-            tell(this, message, wxICON_INFORMATION);
+            sgl_show_message(this, message, wxICON_INFORMATION);
     }
     activateOKbutton();
 }
@@ -145,7 +139,7 @@ void sglGUIProgressDialog::OnClosing()
 {
     ensure_visible();
     clear_tabs();
-    tell(this, sglResourceString(domain, 1127), wxICON_INFORMATION);
+    sgl_show_message(this, sglResourceString(domain, 1127), wxICON_INFORMATION);
     EndModal(wxID_CANCEL);
 }
 
@@ -154,7 +148,7 @@ void sglGUIProgressDialog::OnError(utString const & text)
     ensure_visible();
     ShowErrors();
     set_ended_badly();
-    tell(this, text, wxICON_HAND);
+    sgl_show_message(this, text, wxICON_HAND);
     activateOKbutton();
 }
 
@@ -209,10 +203,11 @@ void sglGUIProgressDialog::OnSaveDetails(wxCommandEvent &)
 
 void sglGUIProgressDialog::save_details()
 {
-    wxFileDialog dialog(this, wxString(), wxString(), wxString(), sgl_log_file_filter(), wxFD_SAVE);
+    sglSaveDialog dialog(this, wxString(), wxString(), wxString(), sgl_log_file_filter(),
+                         sgl_log_file_extension, wxFD_SAVE);
     if (dialog.ShowModal() != wxID_OK)
         return;
-    utString const path = wxtStringConverter::to_ut(dialog.GetPath());
+    utString const path = dialog.chosen_path();
     ubOFStream stream(path);
     sglTDOstreamDisplayer(m_record, m_info, &stream).display();
     sglMessageBox(domain, 1131, wxOK, path);

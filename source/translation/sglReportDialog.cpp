@@ -8,13 +8,13 @@
 #include "sglTDEditDisplayer.h"
 #include "sglTDOstreamDisplayer.h"
 
+#include "controls/sglSaveDialog.h"
 #include "controls/sglShownText.h"
 #include "sdu/sduServices.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <sstream>
-#include <wx/filedlg.h>
 #include <wx/treectrl.h>
 #include <wx/wupdlock.h>
 #include <wx/xrc/xmlres.h>
@@ -108,10 +108,10 @@ void sglReportDialog::OnSelchangeTree(wxTreeEvent &)
 
 utString sglReportDialog::get_save_file_name(utString const & name)
 {
-    wxFileDialog dialog(this, wxString(), wxString(),
-                        sgl_shown_text(wxtStringConverter::to_wx(name + ".hrklog")), sgl_log_file_filter(),
-                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    return dialog.ShowModal() == wxID_OK ? wxtStringConverter::to_ut(dialog.GetPath()) : utString();
+    utString const offered = name + "." + sgl_log_file_extension;
+    sglSaveDialog dialog(this, wxString(), wxString(), sgl_shown_text(wxtStringConverter::to_wx(offered)),
+                         sgl_log_file_filter(), sgl_log_file_extension, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    return dialog.ShowModal() == wxID_OK ? dialog.chosen_path() : utString();
 }
 
 utString sglReportDialog::text_of(sdbTranslationData const & record) const

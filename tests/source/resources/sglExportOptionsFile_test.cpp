@@ -127,6 +127,13 @@ TEST_F(ExportFile, EndsAtALineThatIsTooLong)
     EXPECT_EQ(names(), Names{longest});
 }
 
+TEST_F(ExportFile, CountsNoCarriageReturnAmongTheCharactersOfALine)
+{
+    std::string const longest(1023, 'n');
+    EXPECT_TRUE(read(longest + "\r\n#\r\n" + longest + "n\r\n#\r\nThird\r\n#\r\n"));
+    EXPECT_EQ(names(), Names{longest});
+}
+
 TEST_F(ExportFile, MayComeFromAnotherPlatform)
 {
     EXPECT_TRUE(read("Milling\r\nvmrOptProcessSurfaces False\r\n#\r\n"));

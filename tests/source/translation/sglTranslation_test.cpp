@@ -3,36 +3,12 @@
 #include "ap/apPosixOperations.h"
 #include "kit/kitFormat.h"
 #include "kit/kitProgressRecorder.h"
-#include "kit/kitWrapper.h"
+#include "kit/kitRequest.h"
 
 #include <atomic>
 #include <thread>
 
 namespace {
-
-/// A request whose job does no work and ends as the test says.
-class Request : public sglTranslation {
-public:
-    std::vector<kitOutcome> outcomes{{}};
-    std::function<void(s2sThreadComm &)> while_running;
-
-    using sglTranslation::channel;
-    using sglTranslation::find_input_dlls;
-    using sglTranslation::find_output_dlls;
-
-protected:
-    void create_wrapper() override
-    {
-        s2sTranslatorElementscoPageArr inputs;
-        for (int i = 0; i < num_input_files(); ++i)
-            inputs.append(input_elements(i));
-        auto job = std::make_unique<kitWrapper>(channel(), s2sTranslationElements(inputs, output_elements(0)),
-                                                outcomes);
-        if (while_running)
-            job->while_running = [this] { while_running(channel()); };
-        set_wrapper(std::move(job));
-    }
-};
 
 struct Driver : kitAppTest {
     void SetUp() override
@@ -57,7 +33,7 @@ struct Driver : kitAppTest {
     }
     std::string outcome_of(kitOutcome outcome)
     {
-        Request request;
+        kitRequest request;
         kitProgressRecorder dialog;
         fill(request);
         request.outcomes = {outcome};
@@ -76,7 +52,7 @@ struct Driver : kitAppTest {
 
 TEST_F(Driver, IsInvalidUntilEveryListHasAnEntryAndTakesANullDocumentForOne)
 {
-    Request request;
+    kitRequest request;
     EXPECT_TRUE(request.invalid());
     vmrTableInstance table(nullptr);
     request.input_file("in", 0);
@@ -92,7 +68,7 @@ TEST_F(Driver, IsInvalidUntilEveryListHasAnEntryAndTakesANullDocumentForOne)
 
 TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
 {
-    Request request;
+    kitRequest request;
     EXPECT_EQ(request.input_file(0), utString());
     request.input_file("third", 2);
     EXPECT_EQ(request.num_input_files(), 3);
@@ -101,7 +77,7 @@ TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
 
 TEST_F(Driver, NeedsAFormatForEveryInput)
 {
-    Request request;
+    kitRequest request;
     kitProgressRecorder dialog;
     fill(request);
     request.input_file("b", 1);
@@ -113,7 +89,7 @@ TEST_F(Driver, NeedsAFormatForEveryInput)
 
 TEST_F(Driver, TellsOfAnOutputFormatThatIsUnknown)
 {
-    Request request;
+    kitRequest request;
     fill(request);
     request.output_format("GAMMA", 0);
     EXPECT_EQ(request.execute().value(), sglTranslationResult::no_output_translator);
@@ -121,7 +97,7 @@ TEST_F(Driver, TellsOfAnOutputFormatThatIsUnknown)
 
 TEST_F(Driver, FailsWithoutADialogAndTellsNobody)
 {
-    Request request;
+    kitRequest request;
     fill(request);
     EXPECT_EQ(request.execute().value(), sglTranslationResult::failed);
     EXPECT_TRUE(output_is_there());
@@ -129,7 +105,7 @@ TEST_F(Driver, FailsWithoutADialogAndTellsNobody)
 
 TEST_F(Driver, RunsOnceOnly)
 {
-    Request request;
+    kitRequest request;
     kitProgressRecorder dialog;
     fill(request);
     request.progress(&dialog);
@@ -170,11 +146,11 @@ TEST_F(Driver, TellsOfEachKindOfFailureAndLeavesNoOutput)
 
 TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
 {
-    Request request;
+    kitRequest request;
     kitProgressRecorder dialog;
     fill(request);
     request.outcomes = {{s2sThreadCancelled, 0, 0}};
-    request.while_running = [](s2sThreadComm & channel) {
+    request.at_work = [](s2sThreadComm & channel, int) {
         while (!channel.termination_requested())
             std::this_thread::yield();
     };
@@ -187,11 +163,11 @@ TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
 
 TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
 {
-    Request request;
+    kitRequest request;
     kitProgressRecorder dialog;
     fill(request);
     std::atomic<bool> seen = false;
-    request.while_running = [&](s2sThreadComm & channel) {
+    request.at_work = [&](s2sThreadComm & channel, int) {
         channel.currentFile("written.beta", s2sReadWriteWriting);
         while (!seen)
             std::this_thread::yield();
@@ -214,7 +190,7 @@ TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
 
 TEST_F(Driver, AnswersWithTheDetailsAfterTheDialogIsClosed)
 {
-    Request request;
+    kitRequest request;
     kitProgressRecorder dialog;
     fill(request);
     request.outcomes = {{s2sThreadCompleted, 7, 2}};

@@ -56,28 +56,6 @@ protected:
     void Show(Message_ProgressScope const &, Standard_Boolean const) override {}
 };
 
-TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
-{
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
-}
-
-TopoDS_Face inverted_face()
-{
-    auto const good = TopoDS::Face(TopExp_Explorer(kit_cube(10), TopAbs_FACE).Current());
-    auto face = TopoDS::Face(good.EmptyCopied());
-    BRep_Builder builder;
-    for (TopoDS_Iterator wire(good); wire.More(); wire.Next()) {
-        builder.Add(face, wire.Value().Reversed());
-    }
-    return face;
-}
-
 } // namespace
 
 TEST_F(BrepReader, NamesThePartAfterTheFile)
@@ -109,7 +87,7 @@ TEST_F(BrepReader, ReadsAFileOfTheInteractiveProgram)
 
 TEST_F(BrepReader, MakesOnePartOrAnAssemblyOfACompound)
 {
-    auto const file = file_of(compound_of({kit_cube(1), compound_of({kit_cube(2), kit_cube(3)})}));
+    auto const file = file_of(kit_compound({kit_cube(1), kit_compound({kit_cube(2), kit_cube(3)})}));
     sdkDocument part;
     ASSERT_TRUE(read(file, part));
     EXPECT_EQ(part.parts().Length(), 1);
@@ -126,7 +104,7 @@ TEST_F(BrepReader, MakesOnePartOrAnAssemblyOfACompound)
 
 TEST_F(BrepReader, LeavesOutWhatTheOptionsTurnOff)
 {
-    auto const file = file_of(compound_of({kit_cube(1), kit_wire()}));
+    auto const file = file_of(kit_compound({kit_cube(1), kit_wire()}));
     sdkDocument surfaces;
     ASSERT_TRUE(read(file, surfaces, {{"vmrOptProcessWireframe", "false"}}));
     EXPECT_EQ(surfaces.count_entities().curves, 0);
@@ -140,7 +118,7 @@ TEST_F(BrepReader, LeavesOutWhatTheOptionsTurnOff)
 
 TEST_F(BrepReader, RepairsShapesWhenAsked)
 {
-    auto const file = file_of(compound_of({inverted_face()}));
+    auto const file = file_of(kit_compound({kit_inverted_face()}));
     for (auto const * wanted : {"false", "true"}) {
         sdkDocument document;
         ASSERT_TRUE(read(file, document, {{"brepReadHealing", wanted}}));
@@ -190,7 +168,7 @@ TEST_F(BrepReader, CountsEdgesThatLieTooFarFromTheirSurfaces)
 TEST_F(BrepReader, CompletesWithNothingForAnEmptyCompound)
 {
     sdkDocument document;
-    EXPECT_TRUE(read(file_of(compound_of({})), document));
+    EXPECT_TRUE(read(file_of(kit_compound({})), document));
     EXPECT_TRUE(document.empty());
     EXPECT_TRUE(said().says("0 faces, 0 curves and 0 points read"));
 }

@@ -10,17 +10,7 @@ protected:
         return kit_read_file(path("cube.igs"));
     }
 
-    std::string refusal(std::string const & text)
-    {
-        auto const file = folder().write("refused.iges", text);
-        sdkDocument document;
-        auto const result = read(file, document);
-        EXPECT_EQ(result.status(), sdkStatus::read_error);
-        EXPECT_TRUE(result.text().fits());
-        EXPECT_NE(result.text().formatted().find(file), std::string::npos);
-        EXPECT_TRUE(document.empty());
-        return result.text().formatted();
-    }
+    std::string refusal(std::string const & text) { return kitFormatTest::refusal("refused.iges", text); }
 };
 
 namespace {

@@ -31,6 +31,18 @@ sdkResult kitFormatTest::read(std::string const & file, sdkDocument & document, 
     return result;
 }
 
+std::string kitFormatTest::refusal(std::string const & name, std::string const & text)
+{
+    auto const file = m_folder.write(name, text);
+    sdkDocument document;
+    auto const result = read(file, document);
+    EXPECT_EQ(result.status(), sdkStatus::read_error);
+    EXPECT_TRUE(result.text().fits());
+    EXPECT_NE(result.text().formatted().find(file), std::string::npos);
+    EXPECT_TRUE(document.empty());
+    return result.text().formatted();
+}
+
 void kitFormatTest::keep(kitReporter const & reporter)
 {
     m_said = reporter;

@@ -30,6 +30,9 @@ protected:
                     std::string const & name = "Part");
     sdkResult read(std::string const & file, sdkDocument & document, Values const & values = {});
 
+    // Reads the text as a file of that name; expects a read error and returns what the user is told.
+    std::string refusal(std::string const & name, std::string const & text);
+
     // What was said, and counted, in the last write or read.
     kitReporter const & said() const { return m_said; }
 

@@ -12,6 +12,7 @@
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Face.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <gp_Ax2.hxx>
 #include <gp_Circ.hxx>
 
@@ -91,6 +92,17 @@ std::vector<TopoDS_Shape> kit_loose_faces(TopoDS_Shape const & shape)
         faces.push_back(BRepBuilderAPI_Copy(face.Current()).Shape());
     }
     return faces;
+}
+
+TopoDS_Face kit_inverted_face()
+{
+    auto const good = TopoDS::Face(TopExp_Explorer(kit_cube(10), TopAbs_FACE).Current());
+    auto face = TopoDS::Face(good.EmptyCopied());
+    BRep_Builder builder;
+    for (TopoDS_Iterator wire(good); wire.More(); wire.Next()) {
+        builder.Add(face, wire.Value().Reversed());
+    }
+    return face;
 }
 
 TopoDS_Shape kit_compound(std::vector<TopoDS_Shape> const & shapes)

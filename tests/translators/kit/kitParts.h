@@ -3,6 +3,7 @@
 #include "sdk/sdkDocument.h"
 
 #include <Quantity_Color.hxx>
+#include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
 
 #include <vector>
@@ -20,6 +21,8 @@ TopoDS_Shape kit_facet_cube();
 
 // Copies of the faces of a shape, none of which shares an edge with another.
 std::vector<TopoDS_Shape> kit_loose_faces(TopoDS_Shape const & shape);
+// A square face whose boundary runs round the wrong way, so that it covers all of its plane but the square.
+TopoDS_Face kit_inverted_face();
 TopoDS_Shape kit_compound(std::vector<TopoDS_Shape> const & shapes);
 
 inline constexpr char const * kit_red_name = "Gehäuse";

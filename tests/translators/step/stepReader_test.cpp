@@ -10,18 +10,7 @@ protected:
         return kit_read_file(path("cube.stp"));
     }
 
-    // Reads the text as a file; expects a read error and returns what the user is told.
-    std::string refusal(std::string const & text)
-    {
-        auto const file = folder().write("refused.step", text);
-        sdkDocument document;
-        auto const result = read(file, document);
-        EXPECT_EQ(result.status(), sdkStatus::read_error);
-        EXPECT_TRUE(result.text().fits());
-        EXPECT_NE(result.text().formatted().find(file), std::string::npos);
-        EXPECT_TRUE(document.empty());
-        return result.text().formatted();
-    }
+    std::string refusal(std::string const & text) { return kitFormatTest::refusal("refused.step", text); }
 };
 
 namespace {

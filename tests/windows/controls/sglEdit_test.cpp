@@ -78,15 +78,35 @@ TEST_F(TextPane, LetsTheUsersEventsInWhileTextsPourIn)
     EXPECT_TRUE(seen_half_way);
 }
 
-TEST_F(TextPane, AppendsAllThatWaitsWhenAskedTo)
+TEST_F(TextPane, KnowsAllTextBeforeItIsShown)
+{
+    m_edit->AppendText("first ");
+    sglCEditDisplayer displayer(*m_edit);
+    std::string all = "first ";
+    for (int line = 0; line < 5000; ++line) {
+        std::string const text = "line " + std::to_string(line) + "\n";
+        displayer.display(text.c_str());
+        all += text;
+    }
+    displayer.display(" part-\xE9");
+    all += " part-\xEF\xBF\xBD";
+    EXPECT_TRUE(m_edit->all_text_with_waiting() == utString(all));
+    EXPECT_EQ(m_edit->get_all_text(), utString("first "));
+    run_until([&] { return m_edit->get_all_text() == utString(all); }, 20, "the rest of the text");
+    EXPECT_TRUE(m_edit->all_text_with_waiting() == utString(all));
+}
+
+TEST_F(TextPane, ForgetsWhatWaitsWhenToldTo)
 {
     sglCEditDisplayer displayer(*m_edit);
-    for (int count = 0; count < 5000; ++count)
-        displayer.display(std::string(100, 'y').c_str());
-    m_edit->append_waiting_text();
-    EXPECT_EQ(m_edit->get_all_text().length(), 500'000);
+    displayer.display("forgotten");
+    m_edit->discard_waiting_text();
+    EXPECT_FALSE(m_edit->IsModified());
     settle();
-    EXPECT_EQ(m_edit->get_all_text().length(), 500'000);
+    EXPECT_EQ(m_edit->GetValue(), "");
+    displayer.display("kept");
+    settle();
+    EXPECT_EQ(m_edit->GetValue(), "kept");
 }
 
 TEST_F(TextPane, KeepsTheOrderWhenAHandlerRunsAnEventLoop)
@@ -96,14 +116,14 @@ TEST_F(TextPane, KeepsTheOrderWhenAHandlerRunsAnEventLoop)
         event.Skip();
         texts += event.GetString().utf8_string();
         if (event.GetString() == "b")
-            m_edit->append_waiting_text();
+            settle();
     });
     sglCEditDisplayer displayer(*m_edit);
     for (char const * text : {"a", "b", "c", "d"})
         displayer.display(text);
     settle();
     EXPECT_EQ(texts, "abcd");
-    EXPECT_EQ(m_edit->GetValue().length(), 4u);
+    EXPECT_EQ(m_edit->GetValue(), "abcd");
 }
 
 TEST_F(TextPane, IsModifiedAsSoonAsTextHasArrived)
@@ -113,6 +133,7 @@ TEST_F(TextPane, IsModifiedAsSoonAsTextHasArrived)
     settle();
     EXPECT_FALSE(m_edit->IsModified());
     sglCEditDisplayer(*m_edit).display("warning\n");
+    EXPECT_TRUE(m_edit->IsModified()) << "before it is shown";
     settle();
     EXPECT_TRUE(m_edit->IsModified());
     m_edit->DiscardEdits();

@@ -28,7 +28,8 @@ char const bar_resource[] = R"(
   <object class="wxMenu" name="MENU_EMPTY"><label>m.test::_Nothing</label></object>
 </object>)";
 
-/// Counts what reaches the walk.
+std::vector<std::string> helps_set;
+
 class WalkedMenu : public sglMenu {
 public:
     using sglMenu::sglMenu;
@@ -36,6 +37,13 @@ public:
 };
 
 } // namespace
+
+/// In the place of the toolkit's operation, for this program: no item of a menu shows whether it was called.
+void wxMenuItemBase::SetHelp(wxString const & text)
+{
+    m_help = text;
+    helps_set.push_back(text.utf8_string());
+}
 
 TEST_F(MenuBuilder, PutsLabelsAndHelpTextsOfABarIntoTheUsersLanguage)
 {
@@ -67,9 +75,16 @@ TEST_F(MenuBuilder, LeavesASeparatorInItsPlace)
 
 TEST_F(MenuBuilder, GivesNoHelpTextToAnItemWithoutOne)
 {
-    kitXrc const xrc(bar_resource);
-    std::unique_ptr<wxMenuBar> const bar(sglMenu("vmrgrlib").create_menu_bar("MB_TEST"));
-    EXPECT_EQ(bar->FindItem(XRCID("ID_TEST_CLOSE"))->GetHelp(), "");
+    wxMenu menu;
+    menu.Append(wxID_ANY, "m.test::With", "m.help::Opens a file");
+    menu.AppendSeparator();
+    menu.Append(wxID_ANY, "m.test::Without");
+    menu.Append(wxID_ANY, "m.test::Last", "m.help::The last");
+    helps_set.clear();
+    EXPECT_EQ(WalkedMenu("vmrgrlib").translate_sub_menu_items(&menu), 1);
+    EXPECT_EQ(helps_set, (std::vector<std::string>{"Opens a file", "The last"}));
+    EXPECT_EQ(menu.FindItemByPosition(2)->GetHelp(), "");
+    EXPECT_EQ(menu.FindItemByPosition(2)->GetItemLabel(), "Without");
 }
 
 TEST_F(MenuBuilder, BuildsAMenuByItself)

@@ -48,6 +48,11 @@ public:
         g_free(name);
         return text;
     }
+    /// What the user types into the field for the name of a new file.
+    void type_name(std::string const & name) const
+    {
+        call<void(void *, char const *)>("gtk_file_chooser_set_current_name")(m_chooser, name.c_str());
+    }
     /// What the button does that takes the choice.
     void accept() const { call<void(void *, int)>("gtk_dialog_response")(m_chooser, response_accept); }
 

@@ -1,11 +1,32 @@
 #include "windows/kit/kitModal.h"
 
+#include "nls/sglLongMessageDialog.h"
+
 #include <chrono>
 #include <gtest/gtest.h>
+#include <optional>
 #include <wx/dirdlg.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+
+namespace {
+
+struct Message {
+    std::string text;
+    long style;
+};
+
+std::optional<Message> message_of(wxDialog const & dialog)
+{
+    if (auto const * const box = dynamic_cast<wxMessageDialog const *>(&dialog))
+        return Message{box->GetMessage().utf8_string(), box->GetMessageDialogStyle()};
+    if (auto const * const window = dynamic_cast<sglLongMessageDialog const *>(&dialog))
+        return Message{window->message().utf8_string(), window->message_style()};
+    return std::nullopt;
+}
+
+} // namespace
 
 kitModal::kitModal()
 {
@@ -26,7 +47,7 @@ void kitModal::expect(std::function<int(wxDialog *)> answer)
 void kitModal::expect_message(int answer)
 {
     expect([answer](wxDialog * dialog) {
-        EXPECT_TRUE(dynamic_cast<wxMessageDialog *>(dialog)) << "not a message box";
+        EXPECT_TRUE(message_of(*dialog)) << "not a message box";
         return answer;
     });
 }
@@ -61,13 +82,13 @@ void kitModal::expect_file_cancelled()
 
 int kitModal::Enter(wxDialog * dialog)
 {
-    auto * const message = dynamic_cast<wxMessageDialog *>(dialog);
+    auto const message = message_of(*dialog);
     bool const files = dynamic_cast<wxFileDialog *>(dialog) || dynamic_cast<wxDirDialog *>(dialog);
     if (!message && !files && m_expected.empty())
         return wxID_NONE; // one of the program's own dialogs, which the test drives
     if (message) {
-        m_said.push_back(message->GetMessage().utf8_string());
-        m_styles.push_back(message->GetMessageDialogStyle());
+        m_said.push_back(message->text);
+        m_styles.push_back(message->style);
     }
     if (m_expected.empty()) {
         ADD_FAILURE() << "an unexpected box: " << (message ? m_said.back() : "a file dialog");

@@ -58,6 +58,27 @@ TEST_F(OptionsDialog, WithoutPagesPaintsAnEmptyCaption)
     }
 }
 
+TEST_F(OptionsDialog, WithoutPagesHasSelectedItsInitialPageAtTheFirstPaint)
+{
+    paint();
+    auto * const late = add_page("Late");
+    panel().create_page(late);
+    panel().Refresh();
+    settle();
+    EXPECT_EQ(panel().active_page(), nullptr) << "an initial page is selected once";
+}
+
+TEST_F(OptionsDialog, StaysOnThePageThatTheUserHasSelectedWhenItIsPaintedAgain)
+{
+    add_page("First");
+    auto * const other = add_page("Other");
+    paint();
+    tree()->SelectItem(other->tree_item());
+    panel().Refresh();
+    settle();
+    EXPECT_EQ(panel().active_page(), other);
+}
+
 TEST_F(OptionsDialog, OpensOnTheFirstLeafOfTheTree)
 {
     auto * const top = add_page("Top");

@@ -237,6 +237,53 @@ TEST_F(Widgets, MessageAboutAnIllegalTextComesOnce)
     EXPECT_EQ(control<sglResourceEditBox>()->GetValue(), "0.5");
 }
 
+TEST_F(Widgets, EnterOnAnIllegalTextTellsAndStaysInTheField)
+{
+    wxRect row(20, 30, 300, 26);
+    add<sglResourceEditWidget>(tolerance, row);
+    show();
+    find<wxButton>(panel(), "IDC_OPTIONS_OK")->SetDefault();
+    int pressed = 0;
+    frame()->Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++pressed; });
+    auto * const box = control<sglResourceEditBox>();
+    focus(*box);
+    box->ChangeValue("coarse");
+    {
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        key(WXK_RETURN);
+        EXPECT_EQ(boxes.said().size(), 1u);
+    }
+    EXPECT_EQ(pressed, 0);
+    EXPECT_TRUE(box->HasFocus());
+    EXPECT_EQ(box->GetValue(), "0.5");
+    EXPECT_EQ(box->GetStringSelection(), "0.5") << "ready to be typed over";
+    kitModal const no_boxes;
+    key(WXK_RETURN);
+    run_until([&] { return pressed == 1; }, 20, "the button, now that the text is legal");
+}
+
+TEST_F(Widgets, PathOfAnyBytesIsShownAndComesBackAsItIs)
+{
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    app().output_dlls().translator_for_format("STEP")->load(status);
+    load(table, "stepWriteAuthor = old\n");
+    table.add_resource("stepWriteAuthor", "/parts/gr\xC3\xBC\xC3\x9F \xff.txt");
+    page->initialise(&table);
+    wxRect row(20, 30, 300, 26);
+    auto * const widget =
+        add<sglResourceEditWidget>(sglResourceDetails("stepWriteAuthor", "d::Author", "d::"), row);
+    show();
+    auto * const box = control<sglResourceEditBox>();
+    EXPECT_TRUE(box->GetValue().StartsWith(wxString::FromUTF8("/parts/gr\xC3\xBC\xC3\x9F ")));
+    kitModal const no_boxes;
+    widget->control_changed();
+    EXPECT_EQ(applied("stepWriteAuthor"), "/parts/gr\xC3\xBC\xC3\x9F \xff.txt");
+    box->ChangeValue(box->GetValue() + "2");
+    widget->control_changed();
+    EXPECT_EQ(applied("stepWriteAuthor"), "/parts/gr\xC3\xBC\xC3\x9F \xff.txt2");
+}
+
 TEST_F(Widgets, FieldThatIsEmptyBecauseTheResourceIsMayBeLeft)
 {
     load(table, "remark =\n");

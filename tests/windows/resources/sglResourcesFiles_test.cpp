@@ -1,6 +1,13 @@
 #include "windows/resources/kitResources.h"
 
+#include "windows/kit/kitFileChooser.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <wx/filedlg.h>
 #include <wx/listbox.h>
+#include <wx/treectrl.h>
 
 namespace {
 
@@ -19,6 +26,24 @@ void answer_export_dialog(char const * button)
         ADD_FAILURE() << "no export dialog";
     });
 }
+
+/// No file can grow beyond so many bytes while one lives, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit const limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(FullDisk const &) = delete;
+    FullDisk & operator=(FullDisk const &) = delete;
+
+private:
+    rlimit m_before{};
+};
 
 char const question[] = "Warning : This will affect any future translations involving this format.\n"
                         "Do you want to continue ?";
@@ -328,14 +353,19 @@ TEST_F(ResourceFiles, ThatAreCutOffOrHoldNonsenseAreUsedAsFarAsTheyGo)
 {
     auto const custom =
         folder().write("custom.rsc", "stepWriteNames = false\nnoSuchResource = 7\n"
-                                     "stepWritePrecision = much\n\x01\xFF\x00rubbish\nstepWriteCol");
+                                     "stepWritePrecision = much\n\x01\xFFrubbish\nstepWriteCol");
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
         kitModal boxes;
         boxes.expect_file(custom);
         boxes.expect_message(wxID_OK);
         choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
-        EXPECT_NE(boxes.said().at(0).find(custom), std::string::npos);
+        auto const said = boxes.said().at(0);
+        for (char const * line : {"3", "4", "5"}) // the value that is none, the rubbish and the cut
+            EXPECT_THAT(said, testing::HasSubstr(custom + ", line " + line + ": "));
+        EXPECT_THAT(said, testing::Not(testing::HasSubstr(custom + ", line 2:")))
+            << "another translator's perhaps";
+        EXPECT_TRUE(boxes.styles()[0] & wxICON_HAND);
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
         EXPECT_EQ(value(dialog.working_table(), "stepWritePrecision"), "0.0001");
         EXPECT_EQ(value(dialog.working_table(), "stepWriteColours"), "true");
@@ -387,4 +417,194 @@ TEST_F(ResourceFiles, ReplacedWhileTheDialogIsOpenAreSavedWithWhatTheDialogShows
     });
     EXPECT_EQ(value_in(utString(custom), "stepWriteNames"), "false");
     EXPECT_EQ(value_in(utString(custom), "stepWriteColours"), "true");
+}
+
+TEST_F(ResourceFiles, ThatNameAFewResourcesOnlyHideNoPageWhenTheDialogIsOpenedAgain)
+{
+    auto const custom = folder().write("custom.rsc", "stepWriteNames = false\n");
+    auto const pages = [&](std::function<void(kitResources &)> const & script) {
+        kitResources dialog(m_table, m_frame, m_step);
+        unsigned count = 0;
+        show(dialog, [&] {
+            count = find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE")->GetCount();
+            script(dialog);
+        });
+        return count;
+    };
+    auto const before = pages([&](kitResources & dialog) {
+        kitModal boxes;
+        boxes.expect_file(custom);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        press(dialog, "IDC_OPTIONS_OK");
+    });
+    EXPECT_EQ(m_table.default_table()->count(), 1);
+    kitModal const no_boxes;
+    EXPECT_EQ(pages([&](kitResources & dialog) {
+                  EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
+                  EXPECT_TRUE(check_box(dialog, "Colours")->GetValue());
+              }),
+              before);
+    EXPECT_EQ(m_table.default_table()->count(), 1) << "the caller's table is as it was";
+    EXPECT_FALSE(m_table.modified());
+    EXPECT_TRUE(m_table.is_as_loaded() || !vmrTableInstance(custom.c_str()).is_as_loaded());
+}
+
+TEST_F(ResourceFiles, AreAskedForUnderACaptionAndByTheirExtension)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    std::vector<long> styles;
+    auto const look = [&](wxDialog * box) {
+        auto & files = dynamic_cast<wxFileDialog &>(*box);
+        kitFileChooser const below(files);
+        EXPECT_EQ(files.GetMessage(), "Resource File");
+        EXPECT_THAT(below.labels(), testing::ElementsAre("Resource Files (*.rsc)"));
+        EXPECT_TRUE(below.shows(0, "mine.rsc"));
+        EXPECT_TRUE(below.shows(0, "MINE.RSC"));
+        EXPECT_FALSE(below.shows(0, "mine.txt"));
+        EXPECT_EQ(files.GetDirectory().utf8_string(), user_resources());
+        EXPECT_EQ(files.GetFilename(), "");
+        styles.push_back(files.GetWindowStyle() &
+                         (wxFD_OPEN | wxFD_SAVE | wxFD_FILE_MUST_EXIST | wxFD_OVERWRITE_PROMPT));
+        return static_cast<int>(wxID_CANCEL);
+    };
+    std::filesystem::create_directories(user_resources());
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect(look);
+        boxes.expect(look);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+    });
+    EXPECT_THAT(styles, testing::ElementsAre(17, 6));
+}
+
+TEST_F(ResourceFiles, HaveTheirExtensionEvenIfNobodyTypesIt)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        kitModal boxes;
+        boxes.expect_file(folder() / "mine");
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+    });
+    EXPECT_FALSE(std::filesystem::exists(folder() / "mine"));
+    EXPECT_EQ(value_in(utString(folder() / "mine.rsc"), "stepWriteNames"), "false");
+}
+
+TEST_F(ResourceFiles, OfAnyBytesAreLoadedAndShownInTheTitle)
+{
+    utString const custom(folder().write("part \xff.rsc", "stepWriteNames = false\n"));
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        dialog.Load(custom);
+        EXPECT_TRUE(dialog.GetTitle().EndsWith(wxString(L"/part \xFFFD.rsc"))) << dialog.GetTitle();
+        press(dialog, "IDC_OPTIONS_OK");
+    });
+    EXPECT_EQ(m_table.resource_file(), custom);
+    kitResources again(m_table, m_frame, m_step);
+    show(again, [&] {
+        EXPECT_EQ(again.GetTitle(), wxString(L"Output Resources - part \xFFFD.rsc"));
+        EXPECT_FALSE(check_box(again, "Names")->GetValue());
+    });
+}
+
+TEST_F(ResourceFiles, OfNoInstallationAreNotResetTo)
+{
+    auto const module = std::make_shared<sdbTranslatorModule>();
+    sdbFormatDeclaration format;
+    format.name = "NOWHERE";
+    format.resource_file = "nowhere.rsc";
+    sdbTranslatorInfo const info(module, format, 0, nullptr);
+    utString const custom(folder().write("custom.rsc", "stepWriteNames = false\n"));
+    m_table.initialise(custom);
+    kitResources dialog(m_table, m_frame, &info);
+    EXPECT_EQ(dialog.do_on_factory_settings(), 1);
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect_message(wxID_YES);
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
+        EXPECT_THAT(boxes.said(),
+                    testing::ElementsAre(
+                        question, "The file custom.rsc does not appear to be a default resource file\n"));
+        EXPECT_TRUE(boxes.styles()[1] & wxICON_ERROR);
+    });
+    EXPECT_EQ(m_table.resource_file(), custom);
+    EXPECT_TRUE(std::filesystem::exists(custom.str()));
+}
+
+TEST_F(ResourceFiles, AreReadAgainWithAnExportSystemWithoutOverrides)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_resources() + "/export_overrides.txt") << "As it is\n#\n";
+    auto const custom = folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = true\n");
+    m_table.initialise(utString(custom));
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = false\n");
+        answer_export_dialog("IDC_EXPORTTO_OK");
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_FALSE(check_box(dialog, "Colours")->GetValue()) << "as the file says now";
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue()) << "an override of before stays";
+    });
+}
+
+TEST_F(ResourceFiles, SavedElsewhereLeaveTheirValuesToWhatComesAfter)
+{
+    std::filesystem::create_directories(user_resources());
+    std::ofstream(user_resources() + "/export_overrides.txt") << "Milling\nstepWriteColours False\n#\n";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        kitModal boxes;
+        boxes.expect_file(folder() / "mine.rsc");
+        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
+        answer_export_dialog("IDC_EXPORTTO_OK");
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
+        EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
+        choose_menu(dialog, "IDM_OPTIONS_SCRAP_CHANGES");
+        EXPECT_TRUE(check_box(dialog, "Names")->GetValue()) << "the file that is in use says so";
+    });
+}
+
+TEST_F(ResourceFiles, StayAsTheyWereWhenTheDiskIsFullHalfWay)
+{
+    std::string const before = "stepWriteNames = true\n";
+    auto const custom = folder().write("custom.rsc", before);
+    m_table.initialise(utString(custom));
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        toggle(dialog, "Names");
+        press(dialog, "IDC_OPTIONS_APPLY");
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        {
+            FullDisk const full(8);
+            choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        }
+        EXPECT_THAT(boxes.said(), testing::ElementsAre("The file " + custom + " could not be written."));
+        EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "false");
+    });
+    EXPECT_EQ(read(utString(custom)), before);
+    EXPECT_EQ(folder().count(), 1) << "nothing is left beside it";
+}
+
+TEST_F(ResourceFiles, ThatAreGoneWhenTheyAreLoadedAreToldByName)
+{
+    kitResources dialog(m_table, m_frame, m_step);
+    std::filesystem::create_directory(folder() / "gone.rsc");
+    show(dialog, [&] {
+        kitModal boxes;
+        boxes.expect_file(folder() / "gone.rsc");
+        boxes.expect_message(wxID_OK);
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        EXPECT_THAT(boxes.said().at(0), testing::HasSubstr(folder() / "gone.rsc" + " could not be read."));
+        EXPECT_EQ(dialog.working_table().resource_file(), installed());
+    });
 }

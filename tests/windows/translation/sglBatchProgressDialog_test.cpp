@@ -1,5 +1,6 @@
 #include "windows/translation/kitProgress.h"
 
+#include "nls/sglLongMessageDialog.h"
 #include "s2s/s2sBatchMarker.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +16,8 @@ using ::testing::Not;
 class BatchProgressDialog : public kitProgressTest {
 protected:
     /// Runs a batch with these outcomes and gives what the summary said.
-    std::string summary_of(std::vector<kitOutcome> const & outcomes, int entries = 0)
+    std::string summary_of(std::vector<kitOutcome> const & outcomes, int entries = 0,
+                           std::function<void(wxDialog *)> const & look = {})
     {
         kitRequest request;
         request.outcomes = outcomes;
@@ -29,7 +31,11 @@ protected:
                 at_work(dialog, index);
         };
         kitModal boxes;
-        boxes.expect_message(wxID_OK);
+        boxes.expect([&](wxDialog * box) {
+            if (look)
+                look(box);
+            return static_cast<int>(wxID_OK);
+        });
         run_to_end(request, dialog, [&] {
             page = find<wxNotebook>(dialog, "IDC_PROGRESS_TAB")->GetSelection();
             gauge = find<wxGauge>(dialog, "IDC_PROGRESS_PROGRESS")->GetValue();
@@ -152,4 +158,14 @@ TEST_F(BatchProgressDialog, SaysNothingOfWarningsWhenThereAreNone)
     EXPECT_EQ(said, "The following files were successfully translated :\n\n" + line(0, ".step") +
                         line(1, ".step") + "\n\n");
     EXPECT_EQ(page, 0);
+}
+
+TEST_F(BatchProgressDialog, SummaryOfVeryManyEntriesIsAWindowThatScrolls)
+{
+    bool scrolls = false;
+    auto const look = [&](wxDialog * dialog) { scrolls = dynamic_cast<sglLongMessageDialog *>(dialog); };
+    auto const said = summary_of(std::vector<kitOutcome>(200, {s2sThreadCompleted, 1, 0}), 0, look);
+    EXPECT_TRUE(scrolls);
+    EXPECT_THAT(said, HasSubstr(line(0, ".step")));
+    EXPECT_THAT(said, HasSubstr(line(199, ".step")));
 }

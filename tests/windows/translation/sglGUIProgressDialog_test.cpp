@@ -3,7 +3,10 @@
 #include "sglMenu.h"
 #include "sglNlsHelp.h"
 
+#include "windows/kit/kitFileChooser.h"
+
 #include <gmock/gmock.h>
+#include <wx/filedlg.h>
 #include <wx/gauge.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
@@ -431,4 +434,63 @@ TEST_F(ProgressDialog, ShowsFileNamesThatAreNotUtf8)
     });
     EXPECT_THAT(boxes.said()[0], testing::EndsWith("part \xEF\xBF\xBD.step"));
     EXPECT_EQ(last_record().input_file(0), utString(input));
+}
+
+TEST_F(ProgressDialog, AsksForALogWithoutANameAndWithoutAskingBeforeOverwriting)
+{
+    kitRequest request;
+    fill(request);
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    boxes.expect([&](wxDialog * box) {
+        auto & files = dynamic_cast<wxFileDialog &>(*box);
+        EXPECT_EQ(files.GetParent(), &dialog);
+        EXPECT_EQ(files.GetWindowStyle() &
+                      (wxFD_OPEN | wxFD_SAVE | wxFD_FILE_MUST_EXIST | wxFD_OVERWRITE_PROMPT | wxFD_MULTIPLE),
+                  wxFD_SAVE);
+        EXPECT_EQ(files.GetFilename(), "");
+        auto const name = app().application_name_no_version().str();
+        EXPECT_THAT(kitFileChooser(files).labels(),
+                    ElementsAre(name + " Log Files (*.hrklog)", "All files (*.*)"));
+        return static_cast<int>(wxID_CANCEL);
+    });
+    run_to_end(request, dialog, [&] { dialog.save_details(); });
+}
+
+TEST_F(ProgressDialog, SavesItsLogUnderANameWithTheExtensionOfLogs)
+{
+    kitRequest request;
+    fill(request);
+    kitDialog dialog(info(), frame(), nullptr);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    boxes.expect_file(folder() / "typed");
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] { dialog.save_details(); });
+    EXPECT_EQ(boxes.said().back(), "Details successfully saved to " + folder() / "typed.hrklog" + ".");
+    EXPECT_THAT(kit_read_file(folder() / "typed.hrklog"), HasSubstr("Translation Status : Completed"));
+}
+
+TEST_F(ProgressDialog, CanBeMinimisedAndComesBack)
+{
+    kitRequest request;
+    fill(request);
+    kitDialog dialog(info(), frame(), nullptr);
+    std::atomic<bool> seen = false;
+    request.at_work = [&](s2sThreadComm &, int) {
+        while (!seen)
+            std::this_thread::yield();
+    };
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run(request, dialog, [&] {
+        dialog.Iconize();
+        run_until([&] { return dialog.IsIconized(); }, 20, "the dialog to be minimised");
+        dialog.Iconize(false);
+        run_until([&] { return !dialog.IsIconized(); }, 20, "the dialog to come back");
+        seen = true;
+        wait_for_end(dialog);
+        press(dialog, "IDC_PROGRESS_OK");
+    });
 }

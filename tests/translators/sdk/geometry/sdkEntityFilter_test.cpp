@@ -14,17 +14,6 @@ namespace {
 constexpr sdkEntityKinds only_surfaces{.wireframe = false, .surfaces = true};
 constexpr sdkEntityKinds only_wireframe{.wireframe = true, .surfaces = false};
 
-TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
-{
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
-}
-
 TopoDS_Shape moved(TopoDS_Shape const & shape, double x)
 {
     gp_Trsf shift;
@@ -47,7 +36,7 @@ TopoDS_Shape first_face(TopoDS_Shape const & shape)
 TEST(EntityFilter, DropsFreeCurvesAndPointsAndKeepsTheEdgesOfFaces)
 {
     sdkDocument document;
-    document.add_shape(compound_of({kit_cube(10), kit_wire(), compound_of({point()})}), "Mixed");
+    document.add_shape(kit_compound({kit_cube(10), kit_wire(), kit_compound({point()})}), "Mixed");
     auto const counts = sdk_filter_entities(document, document.parts(), only_surfaces);
     EXPECT_EQ(counts.dropped.curves, 2);
     EXPECT_EQ(counts.dropped.points, 1);
@@ -62,7 +51,7 @@ TEST(EntityFilter, DropsFreeCurvesAndPointsAndKeepsTheEdgesOfFaces)
 TEST(EntityFilter, DropsSolidsShellsAndFacesAndKeepsFreeCurvesAndPoints)
 {
     sdkDocument document;
-    document.add_shape(compound_of({kit_cube(10), first_face(kit_cube(5)), kit_wire(), point()}), "Mixed");
+    document.add_shape(kit_compound({kit_cube(10), first_face(kit_cube(5)), kit_wire(), point()}), "Mixed");
     auto const counts = sdk_filter_entities(document, document.parts(), only_wireframe);
     EXPECT_EQ(counts.dropped.faces, 7);
     EXPECT_EQ(counts.dropped.solids, 1);
@@ -76,7 +65,7 @@ TEST(EntityFilter, DropsSolidsShellsAndFacesAndKeepsFreeCurvesAndPoints)
 TEST(EntityFilter, LeavesNothingWhenBothKindsAreTurnedOff)
 {
     sdkDocument document;
-    document.add_shape(compound_of({kit_cube(10), kit_wire()}), "Mixed");
+    document.add_shape(kit_compound({kit_cube(10), kit_wire()}), "Mixed");
     auto const counts =
         sdk_filter_entities(document, document.parts(), {.wireframe = false, .surfaces = false});
     EXPECT_EQ(counts.parts, 1);
@@ -86,7 +75,7 @@ TEST(EntityFilter, LeavesNothingWhenBothKindsAreTurnedOff)
 TEST(EntityFilter, ChangesNothingWhenBothKindsAreKept)
 {
     sdkDocument document;
-    auto const label = document.add_shape(compound_of({kit_cube(10), kit_wire()}), "Mixed");
+    auto const label = document.add_shape(kit_compound({kit_cube(10), kit_wire()}), "Mixed");
     auto const before = XCAFDoc_ShapeTool::GetShape(label);
     sdk_filter_entities(document, document.parts(), {});
     EXPECT_TRUE(XCAFDoc_ShapeTool::GetShape(label).IsEqual(before));
@@ -123,7 +112,7 @@ TEST(EntityFilter, KeepsNamesColoursAndLayersOfWhatRemains)
     sdkDocument document;
     auto const cube = kit_cube(10);
     auto const face = first_face(cube);
-    auto const label = document.add_shape(compound_of({cube, kit_wire()}), "Mixed");
+    auto const label = document.add_shape(kit_compound({cube, kit_wire()}), "Mixed");
     document.colours()->SetColor(label, kit_red(), XCAFDoc_ColorSurf);
     document.layers()->SetLayer(label, TCollection_ExtendedString("Upper"));
     auto const detail = document.shapes()->AddSubShape(label, face);
@@ -151,7 +140,7 @@ TEST(EntityFilter, ForgetsTheDetailsOfWhatIsGone)
 {
     sdkDocument document;
     auto const wire = kit_wire();
-    auto const label = document.add_shape(compound_of({kit_cube(10), wire}), "Mixed");
+    auto const label = document.add_shape(kit_compound({kit_cube(10), wire}), "Mixed");
     auto const detail = document.shapes()->AddSubShape(label, TopExp_Explorer(wire, TopAbs_EDGE).Current());
     document.colours()->SetColor(detail, kit_blue(), XCAFDoc_ColorCurv);
     sdk_filter_entities(document, document.parts(), only_surfaces);
@@ -162,9 +151,9 @@ TEST(EntityFilter, ForgetsTheDetailsOfWhatIsGone)
 
 TEST(EntityFilter, KeepsThePlacesOfMembers)
 {
-    auto const inner = compound_of({moved(kit_cube(10), 5), kit_wire()});
+    auto const inner = kit_compound({moved(kit_cube(10), 5), kit_wire()});
     sdkDocument document;
-    document.add_shape(compound_of({moved(inner, 100)}), "Nested");
+    document.add_shape(kit_compound({moved(inner, 100)}), "Nested");
     sdk_filter_entities(document, document.parts(), only_surfaces);
     auto const box = sdk_measure(document).box;
     EXPECT_NEAR(box.CornerMin().X(), 105, 1e-6);
@@ -185,7 +174,7 @@ TEST(EntityFilter, LeavesPartsAloneThatItWasNotGiven)
 TEST(EntityFilter, FiltersAShapeThatIsInNoDocument)
 {
     sdkEntityCount dropped;
-    auto const kept = sdk_filter_shape(compound_of({kit_cube(10), kit_wire()}), only_wireframe, dropped);
+    auto const kept = sdk_filter_shape(kit_compound({kit_cube(10), kit_wire()}), only_wireframe, dropped);
     EXPECT_EQ(dropped.faces, 6);
     EXPECT_EQ(sdk_count_entities(kept).curves, 2);
     EXPECT_TRUE(sdk_filter_shape(kit_wire(), only_surfaces, dropped).IsNull());

@@ -82,17 +82,6 @@ TopoDS_Shape part_shape(sdkDocument const & document)
     return XCAFDoc_ShapeTool::GetShape(document.parts().First());
 }
 
-TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
-{
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
-}
-
 } // namespace
 
 TEST(Facets, MakesASolidOfTwelveFacesOfTheMeshOfACube)
@@ -188,7 +177,7 @@ TEST(Facets, MakesTwoSolidsOfCubesThatTouchAlongAnEdge)
     gp_Trsf shift;
     shift.SetTranslation(gp_Vec(10, 10, 0));
     sdkDocument document;
-    document.add_shape(facets_of(compound_of({kit_cube(10), kit_cube(10).Moved(TopLoc_Location(shift))}), 1),
+    document.add_shape(facets_of(kit_compound({kit_cube(10), kit_cube(10).Moved(TopLoc_Location(shift))}), 1),
                        "Two");
     auto const counts = sdk_make_facets(document, {});
     EXPECT_EQ(counts.solids, 2);
@@ -243,7 +232,7 @@ TEST(Facets, RefusesMoreTrianglesThanTheLimitAndChangesNothing)
 TEST(Facets, KeepsTheFacesOfAPartThatHaveSurfaces)
 {
     sdkDocument document;
-    document.add_shape(compound_of({kit_cube(5), kit_facet_cube()}), "Mixed");
+    document.add_shape(kit_compound({kit_cube(5), kit_facet_cube()}), "Mixed");
     EXPECT_EQ(sdk_make_facets(document, {}).faces, 12);
     auto const measures = sdk_measure(document);
     EXPECT_EQ(measures.faces, 18);
@@ -273,7 +262,7 @@ TEST(Facets, LetsTheColourOfAMeshFollowToItsSolid)
     gp_Trsf shift;
     shift.SetTranslation(gp_Vec(50, 0, 0));
     auto const plain = kit_facet_cube().Moved(TopLoc_Location(shift));
-    auto const label = document.add_shape(compound_of({red, plain}), "Two");
+    auto const label = document.add_shape(kit_compound({red, plain}), "Two");
     document.colours()->SetColor(document.shapes()->AddSubShape(label, red), kit_red(), XCAFDoc_ColorSurf);
     EXPECT_EQ(sdk_make_facets(document, {}).solids, 2);
     TDF_LabelSequence details;

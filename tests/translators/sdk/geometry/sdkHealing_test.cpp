@@ -17,29 +17,6 @@
 
 namespace {
 
-// A face whose boundary runs round the wrong way, so that it covers all of its plane but the square.
-TopoDS_Face inverted_face()
-{
-    auto const good = TopoDS::Face(TopExp_Explorer(kit_cube(10), TopAbs_FACE).Current());
-    auto face = TopoDS::Face(good.EmptyCopied());
-    BRep_Builder builder;
-    for (TopoDS_Iterator wire(good); wire.More(); wire.Next()) {
-        builder.Add(face, wire.Value().Reversed());
-    }
-    return face;
-}
-
-TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
-{
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
-}
-
 } // namespace
 
 TEST(Healing, LeavesSoundPartsAlone)
@@ -56,10 +33,10 @@ TEST(Healing, LeavesSoundPartsAlone)
 
 TEST(Healing, RepairsAFaceWhoseBoundaryIsTurnedAndKeepsItsColour)
 {
-    auto const face = inverted_face();
+    auto const face = kit_inverted_face();
     ASSERT_FALSE(BRepCheck_Analyzer(face).IsValid());
     sdkDocument document;
-    auto const label = document.add_shape(compound_of({face}), "Patch");
+    auto const label = document.add_shape(kit_compound({face}), "Patch");
     document.colours()->SetColor(document.shapes()->AddSubShape(label, face), kit_red(), XCAFDoc_ColorSurf);
     auto const counts = sdk_heal(document, document.parts(), {});
     EXPECT_EQ(counts.invalid, 1);

@@ -32,17 +32,6 @@ gp_Trsf shift(double x)
     return result;
 }
 
-TopoDS_Compound compound_of(std::initializer_list<TopoDS_Shape> shapes)
-{
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
-}
-
 } // namespace
 
 TEST(Scale, MultipliesLengthsAreasAndVolumes)
@@ -62,7 +51,7 @@ TEST(Scale, MultipliesLengthsAreasAndVolumes)
 TEST(Scale, ScalesMembersAboutTheOriginOfTheWholeAndKeepsThemShared)
 {
     auto const cube = kit_cube(1);
-    auto const whole = compound_of({moved(cube, shift(10)), moved(cube, shift(20))});
+    auto const whole = kit_compound({moved(cube, shift(10)), moved(cube, shift(20))});
     auto const scaled = sdk_scaled(moved(whole, shift(100)), 10);
     auto const measures = sdk_measure(scaled);
     EXPECT_NEAR(measures.box.CornerMin().X(), 1100, 1e-4);
@@ -80,14 +69,14 @@ TEST(Scale, KeepsTurnedMembersAtTheirPlaces)
     turn.SetRotation(gp_Ax1(gp_Pnt(7, 0, 0), gp::DZ()), 1);
     auto const placed = moved(kit_cube(3), turn);
     auto const before = sdk_measure(placed).box;
-    auto const after = sdk_measure(sdk_scaled(compound_of({placed}), 2)).box;
+    auto const after = sdk_measure(sdk_scaled(kit_compound({placed}), 2)).box;
     EXPECT_NEAR(after.CornerMin().Distance(before.CornerMin().Scaled(gp::Origin(), 2)), 0, 1e-5);
     EXPECT_NEAR(after.CornerMax().Distance(before.CornerMax().Scaled(gp::Origin(), 2)), 0, 1e-5);
 }
 
 TEST(Scale, ScalesFacesThatHaveTrianglesOnly)
 {
-    auto const scaled = sdk_scaled(compound_of({moved(kit_facet_cube(), shift(5))}), 0.1);
+    auto const scaled = sdk_scaled(kit_compound({moved(kit_facet_cube(), shift(5))}), 0.1);
     auto const measures = sdk_measure(scaled);
     EXPECT_NEAR(measures.volume, 1, 1e-9);
     EXPECT_EQ(measures.triangles, 12);
@@ -118,7 +107,7 @@ TEST(Scale, ScalesTheTrianglesOfFacesThatHaveSurfaces)
 
 TEST(Scale, ScalesFreeCurvesAndPoints)
 {
-    auto const measures = sdk_measure(sdk_scaled(compound_of({kit_wire()}), 3));
+    auto const measures = sdk_measure(sdk_scaled(kit_compound({kit_wire()}), 3));
     EXPECT_NEAR(measures.box.CornerMax().X(), 45, 1e-5);
     auto const vertex = sdk_scaled(BRepBuilderAPI_MakeVertex(gp_Pnt(1, 2, 3)).Vertex(), 3);
     EXPECT_NEAR(BRep_Tool::Pnt(TopoDS::Vertex(vertex)).Distance(gp_Pnt(3, 6, 9)), 0, 1e-12);
