@@ -28,8 +28,8 @@ void vmrApp::initialise_usage_data()
 {
     apPathName const user = file_locator().user();
     utString const folder = user.empty() ? utString() : utString(user.utf8() + "/usage");
-    analytics_reporter()->initialise(
-        application_information(), folder, version() + build_number(), sgl_usage_data_text());
+    analytics_reporter()->initialise(application_information(), folder, version() + build_number(),
+                                     sgl_usage_data_text());
     if (has_display())
         sgl_present_usage_dialogs(analytics_reporter());
 }

@@ -21,8 +21,8 @@ class aniUsageRecord {
 public:
     static constexpr std::size_t most_bytes = 256 * 1024; ///< of the file; the oldest lines give way
 
-    aniUsageRecord() = default;                   ///< without a folder: nothing is kept
-    explicit aniUsageRecord(apString folder);     ///< need not exist
+    aniUsageRecord() = default;               ///< without a folder: nothing is kept
+    explicit aniUsageRecord(apString folder); ///< need not exist
     bool has_place() const { return !m_folder.empty(); }
     std::string const & folder() const { return m_folder; }
     std::string file() const { return m_folder + "/usage.txt"; }

@@ -43,13 +43,11 @@ wxString libraries()
 wxString languages()
 {
     auto const & nls = *getNlsHelp();
-    auto const name = [](utString const & language) {
-        return language.empty() ? utString("-") : language;
-    };
+    auto const name = [](utString const & language) { return language.empty() ? utString("-") : language; };
     utString const code_page = wxtStringConverter::to_ut(wxLocale::GetSystemEncodingName());
-    wxString text = shown(sglResourceString("vmrgrlib", 1218, name(nls.requested_language()),
-                                            name(nls.used_language()), name(nls.wxwidgets_language()),
-                                            name(code_page)));
+    wxString text =
+        shown(sglResourceString("vmrgrlib", 1218, name(nls.requested_language()), name(nls.used_language()),
+                                name(nls.wxwidgets_language()), name(code_page)));
     text.Replace("\r", ""); // the controls of this platform show it
     return text;
 }

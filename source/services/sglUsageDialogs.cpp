@@ -34,16 +34,16 @@ void ask(aniUsageRecord const & record, wxWindow * parent, apString const & text
 
 void sgl_present_usage_dialogs(utObserverPtr<s2sAnalytics const> analytics)
 {
-    aniUsageDialogs::set_presenter([analytics](aniUsageDialogsShow show, void * handle,
-                                               apString const & text) {
-        auto const record = analytics->usage_record();
-        wxWindow * const parent = handle ? window_of(wxTopLevelWindows, handle) : nullptr;
-        if (show == aniUsageDialogsAtStartUp)
-            ask(record, parent, text);
-        else
-            sglUsageRecordDialog(parent, record, text).ShowModal();
-        return static_cast<int>(record.choice() == aniUsageAgreed);
-    });
+    aniUsageDialogs::set_presenter(
+        [analytics](aniUsageDialogsShow show, void * handle, apString const & text) {
+            auto const record = analytics->usage_record();
+            wxWindow * const parent = handle ? window_of(wxTopLevelWindows, handle) : nullptr;
+            if (show == aniUsageDialogsAtStartUp)
+                ask(record, parent, text);
+            else
+                sglUsageRecordDialog(parent, record, text).ShowModal();
+            return static_cast<int>(record.choice() == aniUsageAgreed);
+        });
 }
 
 void sgl_end_usage_dialogs()

@@ -20,7 +20,10 @@ protected:
         std::filesystem::create_directories(folder / "home");
     }
 
-    std::string own(std::string const & name) const { return folder / ("home/.config/Quorvane/Crosswalk/" + name); }
+    std::string own(std::string const & name) const
+    {
+        return folder / ("home/.config/Quorvane/Crosswalk/" + name);
+    }
     bool there(std::string const & name) const { return std::filesystem::exists(own(name)); }
 
     void has_translated_before() const

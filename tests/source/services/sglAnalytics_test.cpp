@@ -16,10 +16,11 @@ protected:
     {
         kitAppTest::SetUp();
         start();
-        aniUsageDialogs::set_presenter([this](aniUsageDialogsShow show, void * parent, apString const & text) {
-            shown.push_back({show, parent, text.utf8()});
-            return 0;
-        });
+        aniUsageDialogs::set_presenter(
+            [this](aniUsageDialogsShow show, void * parent, apString const & text) {
+                shown.push_back({show, parent, text.utf8()});
+                return 0;
+            });
     }
     void TearDown() override
     {

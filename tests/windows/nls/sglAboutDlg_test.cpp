@@ -94,8 +94,8 @@ TEST_F(About, ShowsNameLanguagesAndLibraries)
                   app().application_name_no_version().str());
         std::string const all = text(dialog, "IDC_ABOUTBOX_SURROUNDINGS");
         EXPECT_THAT(all, HasSubstr("language used\t:  " + getNlsHelp()->used_language().str() + "\n"));
-        EXPECT_THAT(all, HasSubstr("wxWidgets language used\t:  " +
-                                   getNlsHelp()->wxwidgets_language().str() + "\n"));
+        EXPECT_THAT(
+            all, HasSubstr("wxWidgets language used\t:  " + getNlsHelp()->wxwidgets_language().str() + "\n"));
         EXPECT_THAT(all, HasSubstr("Locale code page\t:  UTF-8\n"));
         EXPECT_THAT(all, HasSubstr(wxGetLibraryVersionInfo().GetVersionString().utf8_string() + "\nGTK 3."));
         EXPECT_THAT(all, HasSubstr("Open CASCADE 7."));
