@@ -140,7 +140,7 @@ TEST_F(About, StandsInTheMiddleOfItsParent)
 
 TEST_F(About, IsClosedByItsButtonByEnterAndByEscape)
 {
-    for (int const way : {0, WXK_RETURN, WXK_ESCAPE}) {
+    for (int const way : std::initializer_list<int>{0, WXK_RETURN, WXK_ESCAPE}) {
         sglAboutDlg dialog(m_frame);
         show_modal(dialog, [&] {
             if (way)

@@ -90,7 +90,7 @@ TEST_F(UsageDialogs, AskAtStartWhatIsToBeRecordedAndTakeAYes)
 
 TEST_F(UsageDialogs, TakeEveryOtherEndOfTheQuestionForARefusal)
 {
-    for (int const way : {0, WXK_RETURN, WXK_ESCAPE, 1}) {
+    for (int const way : std::initializer_list<int>{0, WXK_RETURN, WXK_ESCAPE, 1}) {
         std::filesystem::remove_all(folder() / "usage");
         at_start([&](wxDialog & dialog) {
             if (way > 1)
