@@ -4,8 +4,14 @@
 find_path(OCCT_INCLUDE_DIR Standard_Version.hxx PATH_SUFFIXES opencascade)
 find_library(OCCT_KERNEL_LIBRARY TKernel)
 
+if(OCCT_INCLUDE_DIR)
+  file(READ ${OCCT_INCLUDE_DIR}/Standard_Version.hxx version)
+  string(REGEX REPLACE ".*#define OCC_VERSION_MAJOR +([0-9]+).*#define OCC_VERSION_MINOR +([0-9]+).*MAINTENANCE +([0-9]+).*"
+         "\\1.\\2.\\3" Occt_VERSION "${version}")
+endif()
+
 include(FindPackageHandleStandardArgs)
-find_package_handle_standard_args(Occt REQUIRED_VARS OCCT_INCLUDE_DIR OCCT_KERNEL_LIBRARY)
+find_package_handle_standard_args(Occt REQUIRED_VARS OCCT_INCLUDE_DIR OCCT_KERNEL_LIBRARY VERSION_VAR Occt_VERSION)
 mark_as_advanced(OCCT_INCLUDE_DIR OCCT_KERNEL_LIBRARY)
 
 if(Occt_FOUND AND NOT TARGET translators_occt)

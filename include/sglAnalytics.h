@@ -12,7 +12,8 @@ class wxWindow;
 /// about it.
 class sglAnalytics : public s2sAnalytics {
 public:
-    /// `text` is shown in the dialogs.
+    /// `a` is the folder of the user's choice and of the records, `b` the version of the program that stands
+    /// in each of them; `text` says in the dialogs what is recorded. In the unified encoding of `info`.
     void initialise(utObserverPtr<vmrabsAppInfo const> info, utString const & a, utString const & b,
                     utString const & text);
 

@@ -1,9 +1,11 @@
 #include "vmrApp.h"
 
+#include "idleWork.h"
 #include "openedFile.h"
 #include "sglDetermineRunStyle.h"
 #include "sglMessageBox.h"
 #include "sglParseCommandLine.h"
+#include "sglUsageDialogs.h"
 #include "version.h"
 
 #include <cstdlib>
@@ -60,7 +62,7 @@ bool vmrApp::OnInit()
         return false;
     }
     initialise_services();
-    write_translator_cache();
+    initialise_usage_data();
     return true;
 }
 
@@ -75,9 +77,16 @@ void vmrApp::write_translator_cache() const
 int vmrApp::OnRun()
 {
     sglDetermineRunStyle style;
-    if (style.determine_run_style(m_command_line, startup_info()) == sglRunStyleCommandLine)
+    if (style.determine_run_style(m_command_line, startup_info()) == sglRunStyleCommandLine) {
+        write_translator_cache();
         return run_command_line();
+    }
     open_main_window();
+    // Who comes with files wants them translated now.
+    if (style.num_file_arguments() == 0)
+        ask_about_usage_data_when_idle();
+    vmr_add_idle_work([this] { write_translator_cache(); });
+    Bind(wxEVT_IDLE, &vmrApp::do_idle_work, this);
     wxArrayString files;
     for (int i = 0; i < style.num_file_arguments(); ++i)
         files.push_back(vmr_opened_file(style.file_argument(i)));
@@ -96,5 +105,6 @@ int vmrApp::run_command_line()
 int vmrApp::OnExit()
 {
     m_help.reset();
+    sgl_end_usage_dialogs();
     return sglApp::OnExit();
 }

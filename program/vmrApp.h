@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <wx/event.h>
 #include <wx/iconbndl.h>
 
 /// What the process tells its caller.
@@ -39,6 +40,11 @@ private:
     int run_command_line();
     void open_main_window();
     void complete_menu(wxMenuBar & bar);
+    void do_idle_work(wxIdleEvent & event);
+    void initialise_usage_data();
+    void ask_about_usage_data_when_idle();
+    void remember_to_ask_about_usage_data();
+    void add_usage_menu(wxMenuBar & bar);
     wxIconBundle icons() const;
 
     std::string m_command_line;

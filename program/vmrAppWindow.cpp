@@ -2,13 +2,15 @@
 
 #include "vmrApp.h"
 
+#include "sglAboutDlg.h"
+#include "sglIdleQueue.h"
 #include "sglResourceString.h"
 
 #include "wxt/wxtStringConverter.h"
 
 #include <filesystem>
+#include <wx/evtloop.h>
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 #include <wx/xrc/xmlres.h>
 
 namespace {
@@ -44,11 +46,13 @@ void vmrApp::complete_menu(wxMenuBar & bar)
     m_window->Bind(
         wxEVT_MENU, [this](wxCommandEvent &) { message_handler().OnViewTranslationDetails(); },
         details->GetId());
+    add_usage_menu(bar);
 }
 
 void vmrApp::end_main_window(int code)
 {
     m_help.reset();
+    remember_to_ask_about_usage_data();
     m_window = nullptr;
     if (code == XRCID("IDM_VIEW_GRAPHICS") || code == XRCID("ID_VIEW_EXPERT"))
         open_main_window();
@@ -65,9 +69,18 @@ void vmrApp::OnHelp(wxCommandEvent &)
 
 void vmrApp::OnAbout(wxCommandEvent &)
 {
-    wxMessageBox(wxtStringConverter::to_wx(copyright_message()),
-                 wxtStringConverter::to_wx(application_name_no_version()), wxOK | wxICON_INFORMATION,
-                 m_window);
+    sglAboutDlg(m_window).ShowModal();
+}
+
+void vmrApp::do_idle_work(wxIdleEvent & event)
+{
+    event.Skip();
+    // Behind a dialog the user is at work with it.
+    if (!m_window || !m_window->IsShownOnScreen() || wxEventLoopBase::GetActive() != GetMainLoop())
+        return;
+    auto & queue = sglIdleQueue::instance();
+    if (queue.process_pending_item() && !queue.empty())
+        event.RequestMore();
 }
 
 wxIconBundle vmrApp::icons() const

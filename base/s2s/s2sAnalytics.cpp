@@ -1,21 +1,10 @@
 #include "s2s/s2sAnalytics.h"
 
+#include <algorithm>
 #include <ctime>
 #include <filesystem>
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <nlohmann/json.hpp>
-
 namespace {
-
-using nlohmann::json;
-
-int open_for_append(apString const & file)
-{
-    return open(file.utf8().c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-}
 
 std::string utc_time()
 {
@@ -26,6 +15,22 @@ std::string utc_time()
     return std::string(text, std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts));
 }
 
+/// Text that ends neither its field nor its line.
+std::string field(apString const & text)
+{
+    std::string result = text.utf8();
+    std::replace_if(
+        result.begin(), result.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    return result;
+}
+
+std::string size_of(apString const & file)
+{
+    std::error_code error;
+    auto const bytes = std::filesystem::file_size(file.utf8(), error);
+    return error ? std::string("-") : std::to_string(bytes) + " bytes";
+}
+
 int count_of(std::map<apString, int> const & counts, apString const & format)
 {
     auto const found = counts.find(format);
@@ -34,25 +39,27 @@ int count_of(std::map<apString, int> const & counts, apString const & format)
 
 } // namespace
 
-int s2sAnalytics::initialise(apString const & product, apString const & file, apString const & installation)
+int s2sAnalytics::initialise(apString const & product, apString const & folder, apString const & version)
 {
     std::lock_guard const lock(m_mutex);
-    int const descriptor = open_for_append(file);
-    m_initialised = descriptor >= 0;
-    if (m_initialised)
-        close(descriptor);
     m_product = product;
-    m_file = file;
-    m_installation = installation;
+    m_version = version;
+    m_record = aniUsageRecord(folder);
     m_read.clear();
     m_written.clear();
-    return m_initialised;
+    return m_record.has_place();
 }
 
 bool s2sAnalytics::is_initialised() const
 {
     std::lock_guard const lock(m_mutex);
-    return m_initialised;
+    return m_record.has_place();
+}
+
+aniUsageRecord s2sAnalytics::usage_record() const
+{
+    std::lock_guard const lock(m_mutex);
+    return m_record;
 }
 
 void s2sAnalytics::read_file(apString const & file, apString const & format)
@@ -81,27 +88,8 @@ void s2sAnalytics::record(char const * operation, apString const & file, apStrin
                           std::map<apString, int> & counts)
 {
     std::lock_guard const lock(m_mutex);
-    if (!m_initialised)
-        return;
-    ++counts[format];
-
-    // Names of files and folders are nobody's business; the size says enough about how the program is used.
-    std::error_code error;
-    auto const bytes = std::filesystem::file_size(file.utf8(), error);
-    json entry = {{"time", utc_time()},
-                  {"product", m_product.utf8()},
-                  {"installation", m_installation.utf8()},
-                  {"operation", operation},
-                  {"format", format.utf8()}};
-    if (!error)
-        entry["bytes"] = bytes;
-    auto const line = entry.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
-
-    // One write to a file opened for append stays whole when several programs record at once. A record that
-    // cannot be kept is given up: nothing that the user does depends on it.
-    int const descriptor = open_for_append(m_file);
-    if (descriptor < 0)
-        return;
-    [[maybe_unused]] auto const written = write(descriptor, line.data(), line.size());
-    close(descriptor);
+    // A record that cannot be kept is given up: nothing that the user does depends on it.
+    if (m_record.add(utc_time() + '\t' + operation + '\t' + field(format) + '\t' + size_of(file) + '\t' +
+                     field(m_product) + '\t' + field(m_version)))
+        ++counts[format];
 }

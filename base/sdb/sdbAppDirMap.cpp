@@ -77,22 +77,24 @@ int sdbAppDirMap::initialise(utString const & volume, utString const & program_d
 {
     m_kinds.clear();
     m_prefix = {};
+    m_user = {};
     m_temp_dir = temp_dir;
     if (program_dir.empty() || product.empty())
         return 2;
 
     m_prefix = absolute(apPathName::from_utf8((volume + program_dir).view())).directory();
-    auto const user = user_base.empty() ? apPathName() : absolute(user_base).adjoin(product);
-    bool writable = !user.empty();
+    if (!user_base.empty())
+        m_user = absolute(user_base).adjoin(product);
+    bool writable = !m_user.empty();
     for (auto const & place : places) {
         auto const installed = m_prefix.adjoin(apPathName::from_utf8(place.installation));
         sdbSearchPath const installation({installed});
         auto & kind = m_kinds[place.kind];
-        if (!place.user || user.empty()) {
+        if (!place.user || m_user.empty()) {
             kind = {installation, sdbSchemaDir({}, installation)};
             continue;
         }
-        auto const own = user.adjoin(apPathName::from_utf8(place.user));
+        auto const own = m_user.adjoin(apPathName::from_utf8(place.user));
         bool const translators = place.kind == sdbHRKDirectory::translators;
         kind.search = translators ? sdbSearchPath({installed, own}) : sdbSearchPath({own, installed});
         kind.schema = sdbSchemaDir(own, installation);

@@ -45,6 +45,7 @@ public:
     virtual ~sdbAppDirMap() = default;
 
     apPathName const & prefix() const { return m_prefix; }     ///< the installation
+    apPathName const & user() const { return m_user; }         ///< the user's; empty when there is none
     apPathName const & temp_dir() const { return m_temp_dir; } ///< for files that need not last
 
 private:
@@ -56,6 +57,7 @@ private:
 
     utObserverPtr<apIProcessEnvironmentOperations const> m_environment;
     apPathName m_prefix;
+    apPathName m_user;
     apPathName m_temp_dir;
     std::map<sdbHRKDirectory, Kind> m_kinds;
 };

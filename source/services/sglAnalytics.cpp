@@ -9,6 +9,11 @@ namespace {
 
 wchar_t const product_identifier[] = L"CRSWLK0100";
 
+void * handle_of(wxWindow const * window)
+{
+    return window ? window->GetHandle() : nullptr;
+}
+
 } // namespace
 
 void sglAnalytics::initialise(utObserverPtr<vmrabsAppInfo const> info, utString const & a, utString const & b,
@@ -22,11 +27,11 @@ void sglAnalytics::initialise(utObserverPtr<vmrabsAppInfo const> info, utString 
 void sglAnalytics::show_menu_dialog(wxWindow * parent) const
 {
     if (is_initialised())
-        aniUsageDialogs::display_dialog(aniUsageDialogsFromMenu, parent->GetHandle(), m_text);
+        aniUsageDialogs::display_dialog(aniUsageDialogsFromMenu, handle_of(parent), m_text);
 }
 
 void sglAnalytics::show_startup_dialog(wxWindow * parent) const
 {
     if (is_initialised())
-        aniUsageDialogs::display_dialog(aniUsageDialogsAtStartUp, parent->GetHandle(), m_text);
+        aniUsageDialogs::display_dialog(aniUsageDialogsAtStartUp, handle_of(parent), m_text);
 }

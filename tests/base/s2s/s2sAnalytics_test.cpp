@@ -1,25 +1,43 @@
+#include "s2s/s2sAnalytics.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <sstream>
 
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-
 #include "kit/kitTempFolder.h"
-#include "s2s/s2sAnalytics.h"
 
 namespace {
 
-using nlohmann::json;
+using ::testing::ElementsAre;
+using ::testing::MatchesRegex;
 
-std::vector<json> records(std::string const & file)
-{
-    std::vector<json> all;
-    std::istringstream lines(kit_read_file(file));
-    for (std::string line; std::getline(lines, line);)
-        all.push_back(json::parse(line));
-    return all;
-}
+/// A reporter of a user who has agreed.
+class Analytics : public testing::Test {
+protected:
+    Analytics()
+    {
+        EXPECT_NE(analytics.initialise(L"Product", place(), L"7.2"), 0);
+        EXPECT_TRUE(analytics.usage_record().choose(true));
+    }
 
-TEST(Analytics, DoesNothingBeforeItIsInitialised)
+    apString place() const { return apString::from_utf8(folder / "usage"); }
+    std::vector<std::string> records() const
+    {
+        std::vector<std::string> all;
+        std::istringstream lines(folder.read("usage/usage.txt"));
+        for (std::string line; std::getline(lines, line);)
+            all.push_back(line);
+        return all;
+    }
+
+    kitTempFolder folder;
+    s2sAnalytics analytics;
+};
+
+} // namespace
+
+TEST(AnalyticsAtFirst, DoesNothingBeforeItIsInitialised)
 {
     s2sAnalytics analytics;
     EXPECT_FALSE(analytics.is_initialised());
@@ -29,58 +47,78 @@ TEST(Analytics, DoesNothingBeforeItIsInitialised)
     EXPECT_EQ(analytics.num_written(L"B"), 0);
 }
 
-TEST(Analytics, KeepsOneRecordForEachFile)
+TEST(AnalyticsAtFirst, IsNotInitialisedWithoutAPlace)
+{
+    s2sAnalytics analytics;
+    EXPECT_EQ(analytics.initialise(L"Product", L"", L"7.2"), 0);
+    EXPECT_FALSE(analytics.is_initialised());
+}
+
+TEST(AnalyticsAtFirst, RecordsNothingOfAUserWhoHasNotBeenAsked)
 {
     kitTempFolder const folder;
-    auto const part = folder.write("part.cad", "12345");
     s2sAnalytics analytics;
-    EXPECT_NE(analytics.initialise(L"Product", apString::from_utf8(folder / "usage"), L"site 7"), 0);
+    ASSERT_NE(analytics.initialise(L"Product", apString::from_utf8(folder / "usage"), L"7.2"), 0);
     EXPECT_TRUE(analytics.is_initialised());
-    analytics.read_file(apString::from_utf8(part), L"A");
-    analytics.read_file(apString::from_utf8(part), L"A");
+    analytics.read_file(L"/a.cad", L"A");
+    EXPECT_EQ(analytics.num_read(L"A"), 0);
+    EXPECT_EQ(folder.count(), 0);
+}
+
+TEST_F(Analytics, KeepsOneLineForEachFile)
+{
+    auto const part = apString::from_utf8(folder.write("part.cad", "12345"));
+    analytics.read_file(part, L"A");
+    analytics.read_file(part, L"A");
     analytics.write_file(L"/nowhere/b.cad", L"B");
     EXPECT_EQ(analytics.num_read(L"A"), 2);
     EXPECT_EQ(analytics.num_read(L"B"), 0);
     EXPECT_EQ(analytics.num_written(L"B"), 1);
 
-    auto const all = records(folder / "usage");
-    ASSERT_EQ(all.size(), 3u);
-    EXPECT_EQ(all[0]["operation"], "read");
-    EXPECT_EQ(all[0]["format"], "A");
-    EXPECT_EQ(all[0]["product"], "Product");
-    EXPECT_EQ(all[0]["installation"], "site 7");
-    EXPECT_EQ(all[0]["bytes"], 5);
-    EXPECT_EQ(all[2]["operation"], "write");
-    EXPECT_FALSE(all[2].contains("bytes"));
+    std::string const time = "[0-9]+-[0-9]+-[0-9]+T[0-9]+:[0-9]+:[0-9]+Z";
+    auto const read = MatchesRegex(time + "\tread\tA\t5 bytes\tProduct\t7.2");
+    EXPECT_THAT(records(), ElementsAre(read, read, MatchesRegex(time + "\twrite\tB\t-\tProduct\t7.2")));
 }
 
-TEST(Analytics, RecordsNoNamesOfFiles)
+TEST_F(Analytics, RecordsNoNamesOfFiles)
 {
-    kitTempFolder const folder;
-    s2sAnalytics analytics;
-    analytics.initialise(L"P", apString::from_utf8(folder / "usage"), L"");
     analytics.read_file(apString::from_utf8(folder.write("secret.cad", "")), L"A");
-    auto const text = kit_read_file(folder / "usage");
-    EXPECT_NE(text.find("\"A\""), std::string::npos);
-    EXPECT_EQ(text.find("secret"), std::string::npos);
+    ASSERT_EQ(records().size(), 1u);
+    EXPECT_EQ(records()[0].find("secret"), std::string::npos);
+    EXPECT_EQ(records()[0].find(folder.path().filename().string()), std::string::npos);
 }
 
-TEST(Analytics, AppendsToEarlierRecords)
+TEST_F(Analytics, KeepsARecordOnItsLineWhateverAFormatIsCalled)
 {
-    kitTempFolder const folder;
-    for (int i = 0; i < 2; ++i) {
-        s2sAnalytics analytics;
-        analytics.initialise(L"P", apString::from_utf8(folder / "usage"), L"");
-        analytics.write_file(L"/b", L"B");
-    }
-    EXPECT_EQ(records(folder / "usage").size(), 2u);
+    analytics.write_file(L"/b", L"odd\tname\nof a format");
+    ASSERT_EQ(records().size(), 1u);
+    EXPECT_NE(records()[0].find("\todd name of a format\t"), std::string::npos);
 }
 
-TEST(Analytics, IsNotInitialisedWithAFileThatCannotBeWritten)
+TEST_F(Analytics, StopsAsSoonAsTheUserRefuses)
 {
-    s2sAnalytics analytics;
-    EXPECT_EQ(analytics.initialise(L"P", L"/nowhere/usage", L""), 0);
-    EXPECT_FALSE(analytics.is_initialised());
+    analytics.write_file(L"/b", L"B");
+    ASSERT_TRUE(analytics.usage_record().choose(false));
+    analytics.write_file(L"/b", L"B");
+    EXPECT_EQ(analytics.num_written(L"B"), 1);
+    EXPECT_EQ(records().size(), 1u);
 }
 
-} // namespace
+TEST_F(Analytics, AppendsToEarlierRecords)
+{
+    analytics.write_file(L"/b", L"B");
+    s2sAnalytics later;
+    later.initialise(L"Product", place(), L"7.3");
+    later.write_file(L"/b", L"B");
+    EXPECT_EQ(records().size(), 2u);
+    EXPECT_EQ(later.num_written(L"B"), 1) << "counts are of this run";
+}
+
+TEST_F(Analytics, GoesOnCountingNothingWhereItCannotWrite)
+{
+    std::filesystem::remove_all(folder / "usage/usage.txt");
+    std::filesystem::create_directory(folder / "usage/usage.txt");
+    analytics.write_file(L"/b", L"B");
+    EXPECT_EQ(analytics.num_written(L"B"), 0);
+    EXPECT_TRUE(analytics.is_initialised());
+}

@@ -88,6 +88,15 @@ TEST_F(AppDirMap, GivesTheUserDirectoriesForWhatIsSaved)
     EXPECT_TRUE(map.schema_dir(sdbHRKDirectory::xrc).user_dir().empty());
 }
 
+TEST_F(AppDirMap, NamesTheUsersDirectoryOfTheProduct)
+{
+    EXPECT_TRUE(map.user().empty());
+    ASSERT_EQ(initialise(), 0);
+    EXPECT_EQ(map.user().utf8(), temp / "home/.config/Quorvane/Crosswalk");
+    EXPECT_EQ(initialise(""), 1);
+    EXPECT_TRUE(map.user().empty());
+}
+
 TEST_F(AppDirMap, KeepsTheStartupSettingsWithTheUser)
 {
     ASSERT_EQ(initialise(), 0);

@@ -63,15 +63,6 @@ TEST_F(Services, HoldEveryKeyUnderItsType)
     EXPECT_TRUE(there(sduServicePtr<s2sAnalytics>(), s2sANALYTICSOPERATION));
 }
 
-TEST_F(Services, UsageReporterShowsNoDialogBeforeItIsInitialised)
-{
-    start();
-    EXPECT_FALSE(app().analytics_reporter()->is_initialised());
-    app().analytics_reporter()->show_menu_dialog(nullptr);
-    app().analytics_reporter()->show_startup_dialog(nullptr);
-    EXPECT_FALSE(app().analytics_reporter()->is_initialised());
-}
-
 TEST(DynamicLibrary, ThatIsMissingGivesAnObjectThatSaysSoAndNoWord)
 {
     testing::internal::CaptureStderr();

@@ -216,8 +216,9 @@ TEST_F(Driver, NeverDeletesAnInputThatIsAlsoTheOutput)
 
 TEST_F(Driver, RecordsTheUseOfFormatsThatAreNoViewers)
 {
-    auto const log = folder() / "usage.log";
-    app().analytics_reporter()->initialise(app().application_information(), utString(log), "", "text");
+    auto const place = folder() / "usage";
+    app().analytics_reporter()->initialise(app().application_information(), utString(place), "", "text");
+    ASSERT_TRUE(app().analytics_reporter()->usage_record().choose(true));
     outcome_of({s2sThreadCompleted, 3, 0});
     auto const reporter = app().analytics_reporter();
     EXPECT_EQ(reporter->num_read(apString(L"ALPHA")), 1);
