@@ -9,7 +9,9 @@
 //   chief TEXT            the output itself
 //   keep-job FILE         a copy of the job
 //   list FILE             the descriptors that are open here
-//   copy                  the output itself, with the content of the first input
+//   copy FILE             the output itself, with the content of the file
+//   make FILE             an empty file
+//   unless FILE STEP      the step, when there is no such file
 //   tell FIFO             waits until somebody awaits it
 //   await FIFO            waits until all who tell or hold it are done
 //   hold FIFO             keeps others waiting until this process is gone
@@ -143,7 +145,16 @@ void do_step(std::string const & verb, std::istringstream & words, json const & 
     } else if (verb == "chief") {
         write_file(job["output"]["file"].get<std::string>(), words);
     } else if (verb == "copy") {
-        fs::copy_file(job["inputs"][0]["file"].get<std::string>(), job["output"]["file"].get<std::string>());
+        words >> word;
+        fs::copy_file(word, job["output"]["file"].get<std::string>());
+    } else if (verb == "make") {
+        words >> word;
+        std::ofstream{word};
+    } else if (verb == "unless") {
+        std::string step;
+        words >> word >> step;
+        if (!fs::exists(word))
+            do_step(step, words, job);
     } else if (verb == "tell") {
         words >> word;
         close(open(word.c_str(), O_WRONLY));
