@@ -34,6 +34,17 @@ bool holds_alone_too(std::string_view last_line)
     return end && (end->status == s2sThreadCompleted || end->status == s2sThreadReadError);
 }
 
+/// Takes what has come already, so that an end is known that nobody has looked at yet.
+void read_on(s2sHostLink & link)
+{
+    s2sHostLink * const links[] = {&link};
+    for (std::size_t before = 0; link.wanted() != 0; before = link.unread()) {
+        s2s_wait_for(links, -1, milliseconds(0));
+        if (link.unread() == before)
+            break;
+    }
+}
+
 std::string guard_command(fs::path const & folder)
 {
     using nlohmann::json;
@@ -69,7 +80,11 @@ std::unique_ptr<s2sHostAtWork> s2sBatchAhead::take(int index)
     if (entry.empty() || m_stopped)
         return nullptr;
     auto host = std::move(entry.mapped().host);
-    host->link().set_room(std::numeric_limits<std::size_t>::max());
+    auto & link = host->link();
+    read_on(link);
+    if (link.closed() && !holds_alone_too(link.last_line()))
+        return nullptr;
+    link.set_room(std::numeric_limits<std::size_t>::max());
     return host;
 }
 
@@ -90,7 +105,7 @@ std::optional<milliseconds> s2sBatchAhead::attend(s2sHostLink & current)
         // The translation whose turn it is has nothing to do with it, and the others have their turn yet.
         stop();
     }
-    return running() > 0 ? std::optional(look_again) : std::nullopt;
+    return running() > 0 || m_leaving ? std::optional(look_again) : std::nullopt;
 }
 
 std::vector<s2sHostLink *> s2sBatchAhead::links()
@@ -126,23 +141,24 @@ void s2sBatchAhead::files_changed(std::vector<fs::path> const & files)
 /// process is killed, so the others are told of it.
 void s2sBatchAhead::settle(s2sHostLink & current)
 {
+    m_leaving = false;
     for (auto item = m_entries.begin(); item != m_entries.end();) {
         auto & [index, entry] = *item;
-        auto & link = entry.host->link();
-        if (!entry.ended && link.closed()) {
-            if (!holds_alone_too(link.last_line())) {
-                m_left_to_turn[static_cast<std::size_t>(index)] = true;
-                item = m_entries.erase(item);
-                continue;
-            }
+        auto & host = *entry.host;
+        if (entry.ended) {
+            m_leaving = !host.process().ended() || m_leaving;
+        } else if (host.link().closed() && !holds_alone_too(host.link().last_line())) {
+            m_left_to_turn[static_cast<std::size_t>(index)] = true;
+            item = m_entries.erase(item);
+            continue;
+        } else if (host.link().closed()) {
             entry.ended = true;
-            auto const command = guard_command(entry.host->folder());
+            m_leaving = true;
+            auto const command = guard_command(host.folder());
             current.send(command);
             for (auto const other : links())
                 other->send(command);
         }
-        if (entry.ended)
-            entry.host->process().ended();
         ++item;
     }
 }

@@ -57,5 +57,6 @@ private:
     std::vector<bool> m_left_to_turn;
     Clock::time_point m_next_look; // at the memory
     int m_current = 0;
+    bool m_leaving = false; // a process has said its last word and is still there
     bool m_stopped = false;
 };
