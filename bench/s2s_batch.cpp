@@ -1,8 +1,8 @@
 // What a batch gains from running its entries at the same time: bench_s2s_batch [FILE.step ...]
 //
-// Forty entries, the files given in turn, without any those of the package occt-misc, are translated to IGES: one by
-// one, as a batch with one host, and as a batch with a host for each processor. On two processors the last takes at
-// most 0.6 times as long as the first.
+// Forty entries, the files given in turn, without any those of the package occt-misc, are translated to IGES:
+// one by one, as a batch with one host, and as a batch with a host for each processor. On two processors the
+// last takes at most 0.6 times as long as the first.
 
 #include <algorithm>
 #include <chrono>
@@ -60,10 +60,9 @@ int main(int argc, char ** argv)
     std::string const modules = REAL_MODULES;
     s2sTranslationElementscoPageArr translations;
     for (int i = 0; i < entries; ++i)
-        translations.append({{{files[static_cast<std::size_t>(i) % files.size()], nullptr, modules + "/step.so", 0,
-                               "STEP"}},
-                             {folder / (std::to_string(i) + ".igs"), nullptr, modules + "/iges.so", nullptr, 0,
-                              "IGES"}});
+        translations.append(
+            {{{files[static_cast<std::size_t>(i) % files.size()], nullptr, modules + "/step.so", 0, "STEP"}},
+             {folder / (std::to_string(i) + ".igs"), nullptr, modules + "/iges.so", nullptr, 0, "IGES"}});
 
     s2sVmr2vmr context;
     s2sThreadComm comm(nullptr);
@@ -87,7 +86,8 @@ int main(int argc, char ** argv)
     });
     double const in_turn = seconds_of([&] { batch(1); });
     double const together = seconds_of([&] { batch(processors); });
-    std::printf("%d translations: one by one %.2f s, as a batch with one host %.2f s (%.2f times), with %d hosts %.2f s "
+    std::printf("%d translations: one by one %.2f s, as a batch with one host %.2f s (%.2f times), with %d "
+                "hosts %.2f s "
                 "(%.2f times)\n",
                 entries, singly, in_turn, in_turn / singly, processors, together, together / singly);
     return failed > 0 ? 1 : 0;

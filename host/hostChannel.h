@@ -18,8 +18,9 @@ public:
     // Waits for the job; false with a text when what comes is none.
     bool read_job(hostJob & job, std::string & problem);
 
-    // Starts the thread that watches for commands and for the end of the connection, with which it removes the
-    // folders, and sends events that wait. The thread lives as long as the process: the channel must not be destroyed after this.
+    // Starts the thread that watches for commands and for the end of the connection, with which it removes
+    // the folders, and sends events that wait. The thread lives as long as the process: the channel must not
+    // be destroyed after this.
     void watch(std::vector<std::string> const & folders);
 
     // True once the engine has asked to stop.

@@ -137,8 +137,8 @@ void s2sBatchAhead::files_changed(std::vector<fs::path> const & files)
     });
 }
 
-/// Sorts those that have said their last word. The folder of a host that has ended would be nobody's when this
-/// process is killed, so the others are told of it.
+/// Sorts those that have said their last word. The folder of a host that has ended would be nobody's when
+/// this process is killed, so the others are told of it.
 void s2sBatchAhead::settle(s2sHostLink & current)
 {
     m_leaving = false;

@@ -31,7 +31,7 @@ public:
     bool closed() const { return m_closed; }
 
     int descriptor() const { return m_socket; }
-    short wanted() const;        ///< what to poll for; 0 when there is nothing that could happen
+    short wanted() const;         ///< what to poll for; 0 when there is nothing that could happen
     void take_part(short events); ///< sends and receives what poll() says is possible
 
 private:

@@ -30,8 +30,11 @@ public:
     /// system's error.
     int start(std::string const & program, std::vector<std::string> const & folders = {});
 
-    int descriptor() const { return m_descriptor; } ///< non-blocking socket; -1 before start and after the end
-    void kill();                                    ///< at once, with everything that the host has started
+    int descriptor() const
+    {
+        return m_descriptor;
+    }            ///< non-blocking socket; -1 before start and after the end
+    void kill(); ///< at once, with everything that the host has started
 
     /// Waits until the host has ended, and kills it when that takes longer than `patience`. What the host has
     /// started ends with it.

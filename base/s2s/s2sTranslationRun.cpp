@@ -46,9 +46,8 @@ s2sHostEnd s2sTranslationRun::attempt(std::unique_ptr<s2sHostAtWork> host)
     tell_ignored_options();
     if (!host) {
         host = std::make_unique<s2sHostAtWork>();
-        if (auto const refusal =
-                host->start(s2s_host_program(m_parts.app_info).str(), m_elements,
-                            m_parts.context.memory_limit(), m_side_work.folders_in_use()))
+        if (auto const refusal = host->start(s2s_host_program(m_parts.app_info).str(), m_elements,
+                                             m_parts.context.memory_limit(), m_side_work.folders_in_use()))
             return refuse(*refusal);
     }
     return translate(*host);
@@ -75,8 +74,7 @@ void s2sTranslationRun::tell_ignored_options() const
 
 s2sHostEnd s2sTranslationRun::translate(s2sHostAtWork & host)
 {
-    auto end =
-        s2sHostConversation(m_parts, m_elements.output_elements().file(), host, m_side_work).hold();
+    auto end = s2sHostConversation(m_parts, m_elements.output_elements().file(), host, m_side_work).hold();
     if (end.status != s2sThreadCompleted || end.processed == 0)
         return end;
     auto const files = s2s_places_of(host.folder(), host.place());

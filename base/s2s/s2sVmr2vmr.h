@@ -13,8 +13,8 @@ public:
     std::uint64_t memory_limit() const { return m_memory_limit; }
     void set_memory_limit(std::uint64_t bytes) { m_memory_limit = bytes; }
 
-    /// How many translations of a batch may be at work at the same time; with 1 each begins when the one before
-    /// it has ended.
+    /// How many translations of a batch may be at work at the same time; with 1 each begins when the one
+    /// before it has ended.
     int hosts() const { return m_hosts; }
     void set_hosts(int number) { m_hosts = std::max(1, number); }
 

@@ -56,8 +56,7 @@ TEST_F(BatchAhead, ShowsEverythingInTheOrderOfTheQueue)
     std::vector<Moment> moments;
     output_stream.on_message = [&](Message const & message) {
         if (message.domain == "d")
-            moments.push_back(
-                {message.key, comm.num_translations(), comm.currentFile().str(), outputs()});
+            moments.push_back({message.key, comm.num_translations(), comm.currentFile().str(), outputs()});
     };
     auto const one = fifo("one");
     auto const two = fifo("two");
@@ -67,9 +66,8 @@ TEST_F(BatchAhead, ShowsEverythingInTheOrderOfTheQueue)
                          entry("c", "hold " + two + "\n" + say("output", "3") + say("error", "third") +
                                         "chief 3\nend completed 3 0")}),
               0);
-    std::vector<Moment> const expected = {{"1", 1, folder / "a", {}},
-                                          {"2", 2, folder / "b", {"a"}},
-                                          {"3", 3, folder / "c", {"a", "b"}}};
+    std::vector<Moment> const expected = {
+        {"1", 1, folder / "a", {}}, {"2", 2, folder / "b", {"a"}}, {"3", 3, folder / "c", {"a", "b"}}};
     EXPECT_EQ(moments, expected);
     auto output = output_stream.text();
     auto errors = error_stream.text();
@@ -139,10 +137,11 @@ TEST_F(BatchAhead, TellsOnceOfOneThatCrashesAlways)
 {
     auto const pipe = fifo("pipe");
     auto const mark = folder / "mark";
-    EXPECT_EQ(run_batch({entry("a", "await " + pipe + "\nend completed 0 0"),
-                         entry("b", "unless " + mark + " hold " + pipe + "\ncrash-once " + mark + "\nsignal 11"),
-                         entry("c", "chief 3\nend completed 3 0")}),
-              0);
+    EXPECT_EQ(
+        run_batch({entry("a", "await " + pipe + "\nend completed 0 0"),
+                   entry("b", "unless " + mark + " hold " + pipe + "\ncrash-once " + mark + "\nsignal 11"),
+                   entry("c", "chief 3\nend completed 3 0")}),
+        0);
     EXPECT_THAT(statuses(3), ElementsAre(s2sThreadCompleted, s2sThreadReadError, s2sThreadCompleted));
     auto errors = error_stream.text();
     EXPECT_EQ(cut_section(errors), "");
@@ -225,11 +224,12 @@ TEST_F(BatchAhead, LetsNoneOvertakeAnotherWithTheSameOutput)
     context.set_hosts(2);
     auto const pipe = fifo("pipe");
     auto const lock = "lock " + folder / "lock" + "\n";
-    EXPECT_GT(run_batch({translation(make_input("a"), folder / "out/same",
-                                     lock + "await " + pipe + "\nchief 1\nend completed 1 0"),
-                         translation(make_input("b"), folder / "out/same", lock + "chief 2\nend completed 1 0"),
-                         entry("c", "tell " + pipe + "\nend completed 0 0")}),
-              0);
+    EXPECT_GT(
+        run_batch({translation(make_input("a"), folder / "out/same",
+                               lock + "await " + pipe + "\nchief 1\nend completed 1 0"),
+                   translation(make_input("b"), folder / "out/same", lock + "chief 2\nend completed 1 0"),
+                   entry("c", "tell " + pipe + "\nend completed 0 0")}),
+        0);
     EXPECT_EQ(read_text(folder / "out/same"), "2");
 }
 
