@@ -26,10 +26,10 @@ bool is_regular_file(int descriptor)
     return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool is_cancel(std::string const & line)
+std::string text_field(json const & value, char const * name)
 {
-    auto const value = json::parse(line, nullptr, false);
-    return value.is_object() && value.value("command", json()) == "cancel";
+    auto const field = value.is_object() ? value.find(name) : value.end();
+    return field != value.end() && field->is_string() ? field->get<std::string>() : std::string();
 }
 
 } // namespace
@@ -57,9 +57,9 @@ bool hostChannel::read_job(hostJob & job, std::string & problem)
     }
 }
 
-void hostChannel::watch(std::string const & staging)
+void hostChannel::watch(std::vector<std::string> const & folders)
 {
-    m_staging = staging;
+    m_folders = folders;
     m_watcher = std::thread([this] { run(); });
     m_watcher.detach();
 }
@@ -117,26 +117,37 @@ bool hostChannel::read_some()
 void hostChannel::take_commands()
 {
     for (auto end = m_input.find('\n'); end != std::string::npos; end = m_input.find('\n')) {
-        if (is_cancel(m_input.substr(0, end))) {
-            m_cancelled = true;
-        }
+        take_command(m_input.substr(0, end));
         m_input.erase(0, end + 1);
+    }
+}
+
+void hostChannel::take_command(std::string const & line)
+{
+    auto const value = json::parse(line, nullptr, false);
+    auto const command = text_field(value, "command");
+    if (command == "cancel") {
+        m_cancelled = true;
+    } else if (command == "guard") {
+        m_folders.push_back(text_field(value, "folder"));
     }
 }
 
 void hostChannel::abandon()
 {
-    host_remove_staging(m_staging);
+    host_remove_folders(m_folders);
     ::_exit(0);
 }
 
-void host_remove_staging(std::string const & staging)
+void host_remove_folders(std::vector<std::string> const & folders)
 {
-    // The thread at work may make another file while the folder is being emptied; it cannot once the folder
+    // The thread at work may make another file while its folder is being emptied; it cannot once the folder
     // is gone.
     constexpr int attempts = 1000;
     std::error_code error;
-    for (int i = 0; !staging.empty() && i < attempts && std::filesystem::exists(staging, error); ++i) {
-        std::filesystem::remove_all(staging, error);
+    for (auto const & folder : folders) {
+        for (int i = 0; !folder.empty() && i < attempts && std::filesystem::exists(folder, error); ++i) {
+            std::filesystem::remove_all(folder, error);
+        }
     }
 }

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 // The engine's end of the connection as seen from here: descriptor 0 with the job and its cancel, and the
 // events.
@@ -17,9 +18,10 @@ public:
     // Waits for the job; false with a text when what comes is none.
     bool read_job(hostJob & job, std::string & problem);
 
-    // Starts the thread that watches for a cancel and for the end of the connection, and sends events that
-    // wait. The thread lives as long as the process: the channel must not be destroyed after this.
-    void watch(std::string const & staging);
+    // Starts the thread that watches for commands and for the end of the connection, with which it removes
+    // the folders, and sends events that wait. The thread lives as long as the process: the channel must not
+    // be destroyed after this.
+    void watch(std::vector<std::string> const & folders);
 
     // True once the engine has asked to stop.
     std::atomic<bool> const & cancelled() const { return m_cancelled; }
@@ -31,17 +33,18 @@ private:
     void run();
     bool read_some();
     void take_commands();
+    void take_command(std::string const & line);
     [[noreturn]] void abandon();
 
     hostEvents & m_events;
     bool m_connected = false;
     std::string m_input;
-    std::string m_staging;
+    std::vector<std::string> m_folders;
     std::atomic<bool> m_cancelled{false};
     std::mutex m_finishing;
     std::thread m_watcher;
 };
 
-// Removes the folder with all that it holds, also while another thread still writes there. An empty path is
+// Removes the folders with all that they hold, also while another thread still writes there. An empty path is
 // none.
-void host_remove_staging(std::string const & staging);
+void host_remove_folders(std::vector<std::string> const & folders);

@@ -8,7 +8,9 @@
 
 #include <csignal>
 #include <cstdio>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -41,11 +43,10 @@ void quieten_toolkit()
 
 } // namespace
 
-// The folder that the first argument names is removed when the engine goes away, also before it has sent a
-// job.
+// The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
 int main(int argc, char ** argv)
 {
-    std::string const staging = argc > 1 ? argv[1] : "";
+    std::vector<std::string> folders(argv + 1, argv + argc);
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -53,10 +54,11 @@ int main(int argc, char ** argv)
     std::string problem;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
-        host_remove_staging(staging);
+        host_remove_folders(folders);
         return exit_without_job;
     }
-    channel.watch(job.staging.empty() ? staging : job.staging);
+    folders.push_back(job.staging);
+    channel.watch(folders);
     host_limit_memory(job.memory_limit);
     quieten_toolkit();
 

@@ -1,5 +1,6 @@
 #include "s2s/s2sBatchWrapper.h"
 
+#include "s2s/s2sBatchAhead.h"
 #include "s2s/s2sBatchMarker.h"
 #include "s2s/s2sJob.h"
 #include "s2s/s2sThreadComm.h"
@@ -29,6 +30,7 @@ int s2sBatchWrapper::run() const
 
 int s2sBatchWrapper::run_all() const
 {
+    s2sBatchAhead ahead(m_parts, m_translations, m_files.inputs());
     bool all_completed = true;
     for (int i = 0; i < m_translations.count(); ++i) {
         // The first begins in any case, so that a job that is stopped before it begins has an outcome.
@@ -36,7 +38,8 @@ int s2sBatchWrapper::run_all() const
             return 0;
         m_parts.comm.begin_translation(m_translations[i]);
         write_header(i);
-        auto const status = s2sTranslationRun(m_parts, m_translations[i], m_files.inputs()).run();
+        s2sTranslationRun run(m_parts, m_translations[i], m_files.inputs(), ahead);
+        auto const status = run.run(ahead.take(i));
         all_completed = all_completed && status == s2sThreadCompleted;
     }
     return all_completed ? 1 : 0;

@@ -5,10 +5,11 @@
 #include "s2s/s2sTranslationElements.h"
 #include "s2s/s2sWrapperBase.h"
 
-/// One translation after the other. One that fails does not stop the others, a request to stop does. The
-/// section of each in the two streams begins with the marker, a header and the marker again. An output that
-/// is an input of any of the translations is refused; the inputs are kept from being deleted as in
-/// s2sWrapper.
+/// One translation after the other, as far as anybody can see: where the context allows several hosts, later
+/// entries run ahead while an earlier one is at work, and appear when their turn comes. One that fails does
+/// not stop the others, a request to stop does. The section of each in the two streams begins with the
+/// marker, a header and the marker again. An output that is an input of any of the translations is refused;
+/// the inputs are kept from being deleted as in s2sWrapper.
 class s2sBatchWrapper : public s2sWrapperBase {
 public:
     /// As for s2sWrapper.

@@ -15,31 +15,23 @@ constexpr milliseconds time_to_stop(300);
 constexpr milliseconds time_to_leave(1000);
 // How often to look for a request to stop where the channel could get no descriptor to wake us.
 constexpr milliseconds look_again(20);
+// So many lines are taken before the next look at anything else, such as a request to stop: a host that ran
+// ahead of its turn may have said much.
+constexpr int lines_at_once = 1000;
 constexpr std::size_t longest_quote = 200;
 
 } // namespace
 
-s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString const & output)
-    : m_parts(parts), m_output(output)
+s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString const & output,
+                                         s2sHostAtWork & host, s2sSideWork & side_work)
+    : m_parts(parts), m_output(output), m_process(host.process()), m_link(host.link()),
+      m_side_work(side_work), m_wake(parts.comm.termination_descriptor())
 {
 }
 
-s2sHostEnd s2sHostConversation::hold(std::string const & program, std::string const & staging,
-                                     std::string const & job)
+s2sHostEnd s2sHostConversation::hold()
 {
-    std::error_code error;
-    if (!std::filesystem::exists(program, error)) {
-        m_parts.say_error(s2sMessages::host_missing(program));
-        return {s2sThreadReadError};
-    }
-    if (int const number = m_process.start(program, staging)) {
-        m_parts.say_error(s2sMessages::host_not_started(program, std::generic_category().message(number)));
-        return {s2sThreadReadError};
-    }
-
-    s2sHostLink link(m_process.descriptor(), m_parts.comm.termination_descriptor());
-    link.send(job);
-    listen(link);
+    listen();
 
     // Our end of the socket stays open until the host is gone, because a host that sees it close removes the
     // files that it has written.
@@ -47,28 +39,44 @@ s2sHostEnd s2sHostConversation::hold(std::string const & program, std::string co
     return m_end ? *m_end : ended_without_word(exit);
 }
 
-void s2sHostConversation::listen(s2sHostLink & link)
+void s2sHostConversation::listen()
 {
-    while (!m_end && !link.closed()) {
-        pass_on_termination(link);
+    while (!m_end && (!m_link.closed() || m_link.has_line())) {
+        pass_on_termination();
         if (m_deadline && Clock::now() >= *m_deadline) {
             m_process.kill();
             m_killed = true;
             return;
         }
-        link.wait(patience());
-        while (auto const line = m_end ? std::nullopt : link.next_line())
+        wait();
+        for (int i = 0; i < lines_at_once && !m_end; ++i) {
+            auto const line = m_link.next_line();
+            if (!line)
+                break;
             take(*line);
+        }
     }
 }
 
-void s2sHostConversation::pass_on_termination(s2sHostLink & link)
+void s2sHostConversation::wait()
+{
+    auto longest = patience();
+    if (auto const soon = m_side_work.attend(m_link))
+        longest = longest ? std::min(*longest, *soon) : *soon;
+    if (m_link.has_line())
+        longest = milliseconds(0);
+    auto links = m_side_work.links();
+    links.push_back(&m_link);
+    s2s_wait_for(links, m_wake, longest);
+}
+
+void s2sHostConversation::pass_on_termination()
 {
     if (m_deadline || !m_parts.comm.termination_requested())
         return;
     m_deadline = Clock::now() + time_to_stop;
-    link.ignore_wake();
-    link.send(R"({"command":"cancel"})");
+    m_wake = -1; // it has been seen and stays readable
+    m_link.send(R"({"command":"cancel"})");
 }
 
 std::optional<milliseconds> s2sHostConversation::patience() const

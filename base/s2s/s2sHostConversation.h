@@ -5,24 +5,27 @@
 #include <string>
 
 #include "s2s/s2sEngineParts.h"
+#include "s2s/s2sHostAtWork.h"
 #include "s2s/s2sHostEvent.h"
-#include "s2s/s2sHostLink.h"
-#include "s2s/s2sHostProcess.h"
+#include "s2s/s2sSideWork.h"
 
-/// One translation by a translator host, from the start of the process to its end: sends the job, passes what
-/// the host says to the channel and to the streams, and carries a request to stop.
+/// What passes between the engine and the host of the translation whose turn it is: gives what the host says
+/// to the channel and to the streams, and carries a request to stop.
 class s2sHostConversation {
 public:
-    /// `output` is what the user sees as the name of every file being written.
-    s2sHostConversation(s2sEngineParts const & parts, utString const & output);
+    /// `output` is what the user sees as the name of every file being written. The host has been started and
+    /// may have said much already.
+    s2sHostConversation(s2sEngineParts const & parts, utString const & output, s2sHostAtWork & host,
+                        s2sSideWork & side_work);
 
     /// Returns when the host is gone. The status of what comes back is one of those with which a translation
     /// may end; messages about how the host came to its end have been said.
-    s2sHostEnd hold(std::string const & program, std::string const & staging, std::string const & job);
+    s2sHostEnd hold();
 
 private:
-    void listen(s2sHostLink & link);
-    void pass_on_termination(s2sHostLink & link);
+    void listen();
+    void wait();
+    void pass_on_termination();
     std::optional<std::chrono::milliseconds> patience() const;
     void take(std::string_view line);
     void take_event(s2sHostFile const & event);
@@ -34,7 +37,10 @@ private:
 
     s2sEngineParts const & m_parts;
     utString m_output;
-    s2sHostProcess m_process;
+    s2sHostProcess & m_process;
+    s2sHostLink & m_link;
+    s2sSideWork & m_side_work;
+    int m_wake; // descriptor that tells of a request to stop; -1 for none
     std::optional<s2sHostEnd> m_end;
     std::optional<Clock::time_point> m_deadline; // for a host that has been asked to stop
     bool m_killed = false;

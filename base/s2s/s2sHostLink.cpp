@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <vector>
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -19,26 +20,24 @@ bool try_later(int error)
 
 } // namespace
 
-s2sHostLink::s2sHostLink(int socket, int wake) : m_socket(socket), m_wake(wake) {}
-
 void s2sHostLink::send(std::string_view line)
 {
     m_out.append(line);
     m_out.push_back('\n');
 }
 
-void s2sHostLink::wait(std::optional<std::chrono::milliseconds> timeout)
+short s2sHostLink::wanted() const
 {
-    short const wanted = static_cast<short>(m_out.empty() ? POLLIN : POLLIN | POLLOUT);
-    pollfd polled[] = {{m_socket, wanted, 0}, {m_wake, POLLIN, 0}};
-    int const patience =
-        timeout ? static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout->count(), 0, 60000))
-                : -1;
-    if (poll(polled, 2, patience) <= 0)
-        return;
-    if (polled[0].revents & POLLOUT)
+    if (m_closed)
+        return 0;
+    return static_cast<short>((has_room() ? POLLIN : 0) | (m_out.empty() ? 0 : POLLOUT));
+}
+
+void s2sHostLink::take_part(short events)
+{
+    if (!m_out.empty() && (events & (POLLOUT | POLLHUP | POLLERR)))
         write_queue();
-    if (polled[0].revents & (POLLIN | POLLHUP | POLLERR | POLLNVAL))
+    if (has_room() && (events & (POLLIN | POLLHUP | POLLERR | POLLNVAL)))
         read_some();
 }
 
@@ -52,6 +51,21 @@ std::optional<std::string_view> s2sHostLink::next_line()
     auto const line = std::string_view(m_in).substr(m_line, end - m_line);
     m_line = m_scanned = end + 1;
     return line;
+}
+
+bool s2sHostLink::has_line() const
+{
+    return m_in.find('\n', m_scanned) != std::string::npos;
+}
+
+std::string_view s2sHostLink::last_line() const
+{
+    auto const end = m_in.rfind('\n');
+    if (end == std::string::npos)
+        return {};
+    auto const before = end > 0 ? m_in.rfind('\n', end - 1) : std::string::npos;
+    auto const begin = before == std::string::npos ? 0 : before + 1;
+    return std::string_view(m_in).substr(begin, end - begin);
 }
 
 void s2sHostLink::write_queue()
@@ -73,4 +87,22 @@ void s2sHostLink::read_some()
     auto const got = recv(m_socket, m_in.data() + kept, read_size, MSG_DONTWAIT);
     m_in.resize(kept + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     m_closed = got == 0 || (got < 0 && !try_later(errno)) || m_in.size() > longest_line;
+}
+
+void s2s_wait_for(std::span<s2sHostLink * const> links, int wake,
+                  std::optional<std::chrono::milliseconds> timeout)
+{
+    std::vector<pollfd> polled;
+    // A link that wants nothing is left out altogether: poll would not stop telling that it is closed.
+    for (auto const link : links)
+        polled.push_back({link->wanted() != 0 ? link->descriptor() : -1, link->wanted(), 0});
+    polled.push_back({wake, POLLIN, 0});
+    int const patience =
+        timeout ? static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout->count(), 0, 60000))
+                : -1;
+    if (poll(polled.data(), polled.size(), patience) <= 0)
+        return;
+    for (std::size_t i = 0; i < links.size(); ++i)
+        if (polled[i].revents != 0)
+            links[i]->take_part(polled[i].revents);
 }

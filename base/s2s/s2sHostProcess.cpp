@@ -40,7 +40,7 @@ private:
 
 // posix_spawn does not copy the memory of this program, which may be large, and is safe with other threads
 // running.
-int spawn(std::string const & program, std::string const & staging, int socket, pid_t & pid)
+int spawn(std::string const & program, std::vector<std::string> const & folders, int socket, pid_t & pid)
 {
     SpawnActions actions;
     posix_spawn_file_actions_adddup2(actions.get(), socket, STDIN_FILENO);
@@ -59,9 +59,11 @@ int spawn(std::string const & program, std::string const & staging, int socket, 
         attributes.get(),
         static_cast<short>(POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
 
-    char * arguments[] = {const_cast<char *>(program.c_str()),
-                          staging.empty() ? nullptr : const_cast<char *>(staging.c_str()), nullptr};
-    return posix_spawn(&pid, program.c_str(), actions.get(), attributes.get(), arguments, environ);
+    std::vector<char *> arguments{const_cast<char *>(program.c_str())};
+    for (auto const & folder : folders)
+        arguments.push_back(const_cast<char *>(folder.c_str()));
+    arguments.push_back(nullptr);
+    return posix_spawn(&pid, program.c_str(), actions.get(), attributes.get(), arguments.data(), environ);
 }
 
 } // namespace
@@ -90,12 +92,12 @@ s2sHostProcess::~s2sHostProcess()
     close_descriptor();
 }
 
-int s2sHostProcess::start(std::string const & program, std::string const & staging)
+int s2sHostProcess::start(std::string const & program, std::vector<std::string> const & folders)
 {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return errno;
-    int error = spawn(program, staging, ends[1], m_pid);
+    int error = spawn(program, folders, ends[1], m_pid);
     close(ends[1]);
     if (error == 0 && fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0)
         error = errno;
@@ -128,6 +130,15 @@ s2sHostExit s2sHostProcess::wait(std::chrono::milliseconds patience)
         pause = std::min(pause * 2, std::chrono::microseconds(2000));
     }
     return m_exit;
+}
+
+bool s2sHostProcess::ended()
+{
+    if (m_pid > 0 && !reap(WNOHANG))
+        return false;
+    // A host that sees our end of the socket close removes its folders, so it stays open until now.
+    close_descriptor();
+    return true;
 }
 
 bool s2sHostProcess::reap(int options)

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 #include <sys/types.h>
 
@@ -24,17 +25,22 @@ public:
     s2sHostProcess(s2sHostProcess const &) = delete;
     s2sHostProcess & operator=(s2sHostProcess const &) = delete;
 
-    /// Starts the program. The host removes `staging`, unless it is empty, when we are gone; it hears of it
-    /// here already and not only with its job, because we may be gone before the job is sent. Returns 0 or
-    /// the number of the system's error.
-    int start(std::string const & program, std::string const & staging = {});
+    /// Starts the program. The host removes the `folders` when we are gone; it hears of them here already and
+    /// not only with its job, because we may be gone before the job is sent. Returns 0 or the number of the
+    /// system's error.
+    int start(std::string const & program, std::vector<std::string> const & folders = {});
 
-    int descriptor() const { return m_descriptor; } ///< non-blocking socket; -1 before start
-    void kill();                                    ///< at once, with everything that the host has started
+    int descriptor() const
+    {
+        return m_descriptor;
+    }            ///< non-blocking socket; -1 before start and after the end
+    void kill(); ///< at once, with everything that the host has started
 
     /// Waits until the host has ended, and kills it when that takes longer than `patience`. What the host has
     /// started ends with it.
     s2sHostExit wait(std::chrono::milliseconds patience);
+    /// Whether the host is gone, without waiting; the descriptor then is as well.
+    bool ended();
 
 private:
     bool reap(int options);

@@ -85,6 +85,15 @@ void take_back(Move const & move)
 
 } // namespace
 
+std::vector<fs::path> s2s_places_of(fs::path const & staging, fs::path const & output)
+{
+    std::error_code error;
+    std::vector<fs::path> places;
+    for (auto const & move : moves(staging, output, error))
+        places.push_back(move.to);
+    return places;
+}
+
 s2sFailure s2s_put_in_place(fs::path const & staging, fs::path const & output,
                             std::vector<fs::path> const & inputs)
 {

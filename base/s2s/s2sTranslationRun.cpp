@@ -2,30 +2,26 @@
 
 #include <exception>
 
-#include "s2s/s2sFiles.h"
 #include "s2s/s2sHostConversation.h"
-#include "s2s/s2sHostJob.h"
 #include "s2s/s2sHostProgram.h"
 #include "s2s/s2sPutInPlace.h"
-#include "s2s/s2sStagingFolder.h"
 #include "s2s/s2sThreadComm.h"
-#include "s2s/s2sTranslatorLoader.h"
 #include "s2s/s2sVmr2vmr.h"
 #include "vmr/vmrTableInstance.h"
 
 namespace fs = std::filesystem;
 
 s2sTranslationRun::s2sTranslationRun(s2sEngineParts const & parts, s2sTranslationElements const & elements,
-                                     std::vector<fs::path> const & inputs)
-    : m_parts(parts), m_elements(elements), m_inputs(inputs)
+                                     std::vector<fs::path> const & inputs, s2sSideWork & side_work)
+    : m_parts(parts), m_elements(elements), m_inputs(inputs), m_side_work(side_work)
 {
 }
 
-s2sThreadStatus s2sTranslationRun::run()
+s2sThreadStatus s2sTranslationRun::run(std::unique_ptr<s2sHostAtWork> host)
 {
     s2sHostEnd end;
     try {
-        end = attempt();
+        end = attempt(std::move(host));
     } catch (std::exception const & problem) {
         end = {m_parts.comm.writing() ? s2sThreadWriteError : s2sThreadReadError};
         try {
@@ -40,28 +36,28 @@ s2sThreadStatus s2sTranslationRun::run()
     return end.status;
 }
 
-s2sHostEnd s2sTranslationRun::attempt()
+s2sHostEnd s2sTranslationRun::attempt(std::unique_ptr<s2sHostAtWork> host)
 {
-    std::error_code error;
-    auto const output = fs::absolute(m_elements.output_elements().file().str(), error);
-    auto const place = s2s_real_place(output);
-
     m_parts.comm.currentFile(m_elements.first_input_file(), s2sReadWriteReading);
     if (m_parts.comm.termination_requested())
         return {s2sThreadCancelled};
-    // Before all else, so that the user hears of it even where the input could not be read either.
-    if (!passes(s2s_is_one_of(output, m_inputs) ? s2sFailure(s2sMessages::output_is_input(output))
-                                                : std::nullopt))
-        return {s2sThreadWriteError};
-    if (!passes(m_elements.input_elements().empty() ? s2sFailure(s2sMessages::no_input(output))
-                                                    : std::nullopt))
-        return {s2sThreadReadError};
-    if (!inputs_stand_ready())
-        return {s2sThreadReadError};
-    if (!output_may_be_written(place))
-        return {s2sThreadWriteError};
+    if (auto const refusal = s2s_check_translation(m_elements, m_parts.loader, m_inputs))
+        return refuse(*refusal);
     tell_ignored_options();
-    return translate(output, place);
+    if (!host) {
+        host = std::make_unique<s2sHostAtWork>();
+        if (auto const refusal = host->start(s2s_host_program(m_parts.app_info).str(), m_elements,
+                                             m_parts.context.memory_limit(), m_side_work.folders_in_use()))
+            return refuse(*refusal);
+    }
+    return translate(*host);
+}
+
+s2sHostEnd s2sTranslationRun::refuse(s2sRefusal const & refusal) const
+{
+    m_parts.comm.currentFile(refusal.file, s2sReadWriteReading);
+    m_parts.say_error(refusal.message);
+    return {refusal.status};
 }
 
 void s2sTranslationRun::tell_ignored_options() const
@@ -76,45 +72,17 @@ void s2sTranslationRun::tell_ignored_options() const
     tell(m_elements.output_elements());
 }
 
-s2sHostEnd s2sTranslationRun::translate(fs::path const & output, fs::path const & place)
+s2sHostEnd s2sTranslationRun::translate(s2sHostAtWork & host)
 {
-    s2sStagingFolder staging;
-    if (!passes(staging.create(place)))
-        return {s2sThreadWriteError};
-
-    s2sOutputPlaces const places{output, staging.path(), staging.path() / place.filename()};
-    s2sHostConversation conversation(m_parts, m_elements.output_elements().file());
-    auto end = conversation.hold(s2s_host_program(m_parts.app_info).str(), staging.path().native(),
-                                 s2s_host_job(m_elements, places, m_parts.context.memory_limit()));
-    if (end.status == s2sThreadCompleted && end.processed > 0 &&
-        !passes(s2s_put_in_place(staging.path(), place, m_inputs)))
-        end.status = s2sThreadWriteError;
-    return end;
-}
-
-bool s2sTranslationRun::inputs_stand_ready()
-{
-    for (auto const & input : m_elements.input_elements()) {
-        m_parts.comm.currentFile(input.file(), s2sReadWriteReading);
-        if (!passes(s2s_check_input(input.file().str())))
-            return false;
-        if (m_parts.loader && !passes(m_parts.loader->check(input.translator())))
-            return false;
-    }
-    m_parts.comm.currentFile(m_elements.first_input_file(), s2sReadWriteReading);
-    return true;
-}
-
-bool s2sTranslationRun::output_may_be_written(fs::path const & place) const
-{
-    if (!passes(s2s_check_output(place)))
-        return false;
-    return !m_parts.loader || passes(m_parts.loader->check(m_elements.output_elements().translator()));
-}
-
-bool s2sTranslationRun::passes(s2sFailure const & failure) const
-{
-    if (failure)
+    auto end = s2sHostConversation(m_parts, m_elements.output_elements().file(), host, m_side_work).hold();
+    if (end.status != s2sThreadCompleted || end.processed == 0)
+        return end;
+    auto const files = s2s_places_of(host.folder(), host.place());
+    if (auto const failure = s2s_put_in_place(host.folder(), host.place(), m_inputs)) {
         m_parts.say_error(*failure);
-    return !failure;
+        end.status = s2sThreadWriteError;
+    } else {
+        m_side_work.files_changed(files);
+    }
+    return end;
 }

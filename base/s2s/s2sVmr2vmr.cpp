@@ -1,16 +1,11 @@
 #include "s2s/s2sVmr2vmr.h"
 
-#include <unistd.h>
+#include <thread>
 
-namespace {
+#include "s2s/s2sMemory.h"
 
-std::uint64_t physical_memory()
+s2sVmr2vmr::s2sVmr2vmr()
+    : m_memory_limit(s2s_physical_memory()),
+      m_hosts(std::max(1, static_cast<int>(std::thread::hardware_concurrency())))
 {
-    auto const pages = sysconf(_SC_PHYS_PAGES);
-    auto const page = sysconf(_SC_PAGESIZE);
-    return pages > 0 && page > 0 ? static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page) : 0;
 }
-
-} // namespace
-
-s2sVmr2vmr::s2sVmr2vmr() : m_memory_limit(physical_memory()) {}

@@ -16,6 +16,8 @@ int s2sWrapper::run() const
 {
     return s2s_run_job(m_parts.comm, m_files, [this] {
         m_parts.comm.begin_translation(m_elements);
-        return s2sTranslationRun(m_parts, m_elements, m_files.inputs()).run() == s2sThreadCompleted ? 1 : 0;
+        s2sSideWork nothing_else;
+        s2sTranslationRun run(m_parts, m_elements, m_files.inputs(), nothing_else);
+        return run.run() == s2sThreadCompleted ? 1 : 0;
     });
 }

@@ -26,17 +26,22 @@ HostJob & HostJob::output(std::string const & file, std::string const & module, 
     return *this;
 }
 
-HostRun::HostRun()
+HostRun::HostRun(std::vector<std::string> const & arguments)
 {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
         throw std::runtime_error("no socket pair");
     }
+    std::vector<char *> words{const_cast<char *>(HOST_PROGRAM)};
+    for (auto const & argument : arguments) {
+        words.push_back(const_cast<char *>(argument.c_str()));
+    }
+    words.push_back(nullptr);
     m_process = ::fork();
     if (m_process == 0) {
         ::dup2(ends[1], STDIN_FILENO);
         ::dup2(ends[1], STDOUT_FILENO);
-        ::execl(HOST_PROGRAM, HOST_PROGRAM, nullptr);
+        ::execv(HOST_PROGRAM, words.data());
         ::_exit(127);
     }
     ::close(ends[1]);

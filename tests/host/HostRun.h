@@ -25,7 +25,7 @@ private:
 // end.
 class HostRun {
 public:
-    HostRun();
+    explicit HostRun(std::vector<std::string> const & arguments = {});
     ~HostRun();
     HostRun(HostRun const &) = delete;
     HostRun & operator=(HostRun const &) = delete;

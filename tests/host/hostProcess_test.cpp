@@ -108,6 +108,44 @@ TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
     EXPECT_FALSE(std::filesystem::exists(staging));
 }
 
+TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
+{
+    folder.write("one/file", "x");
+    folder.write("two/deep/file", "x");
+    folder.write("three/file", "x");
+    HostRun early({folder / "one", folder / "two"});
+    early.close();
+    early.wait();
+    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+}
+
+TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
+{
+    folder.write("one/file", "x");
+    folder.write("two/file", "x");
+    folder.write("three/file", "x");
+    begin(job("Stubborn"));
+    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / "two" + "\"}\n{\"command\": \"guard\"}\n");
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+}
+
+TEST_F(HostProcess, LeavesTheFoldersThatItGuardsAloneWhenItsTranslationEnds)
+{
+    folder.write("one/file", "x");
+    begin(job("Waits"));
+    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n{\"command\": \"cancel\"}\n");
+    host.rest();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_TRUE(std::filesystem::exists(folder / "one/file"));
+}
+
 TEST_F(HostProcess, ClosesTheConnectionWithoutAnEndWhenItIsKilled)
 {
     begin(job("Waits"));

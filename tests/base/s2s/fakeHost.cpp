@@ -9,6 +9,14 @@
 //   chief TEXT            the output itself
 //   keep-job FILE         a copy of the job
 //   list FILE             the descriptors that are open here
+//   copy FILE             the output itself, with the content of the file
+//   make FILE             an empty file
+//   unless FILE STEP      the step, when there is no such file
+//   tell FIFO             waits until somebody awaits it
+//   await FIFO            waits until all who tell or hold it are done
+//   hold FIFO             keeps others waiting until this process is gone
+//   lock FILE             ends with status 98 when another process that did the same still lives
+//   crash-once FILE       crashes, unless FILE, which it makes, is there already
 //   hang                  waits, and ends as cancelled when told to
 //   deaf                  waits for ever, whatever it is told
 //   child FIFO            starts a process that lives for ever; both keep the named pipe open for writing
@@ -26,6 +34,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -61,6 +70,22 @@ void list_descriptors(std::string const & file)
     for (auto const & entry : fs::directory_iterator("/proc/self/fd"))
         names += entry.path().filename().native() + " ";
     std::ofstream(file) << names;
+}
+
+void await(std::string const & fifo)
+{
+    std::fflush(stdout);
+    int const descriptor = open(fifo.c_str(), O_RDONLY);
+    char byte;
+    while (read(descriptor, &byte, 1) > 0)
+        continue;
+    close(descriptor);
+}
+
+void lock(std::string const & file)
+{
+    if (flock(open(file.c_str(), O_RDWR | O_CREAT, 0600), LOCK_EX | LOCK_NB) != 0)
+        std::_Exit(98);
 }
 
 [[noreturn]] void wait_for_ever()
@@ -119,6 +144,35 @@ void do_step(std::string const & verb, std::istringstream & words, json const & 
         write_file(fs::path(job["staging"].get<std::string>()) / word, words);
     } else if (verb == "chief") {
         write_file(job["output"]["file"].get<std::string>(), words);
+    } else if (verb == "copy") {
+        words >> word;
+        fs::copy_file(word, job["output"]["file"].get<std::string>());
+    } else if (verb == "make") {
+        words >> word;
+        std::ofstream{word};
+    } else if (verb == "unless") {
+        std::string step;
+        words >> word >> step;
+        if (!fs::exists(word))
+            do_step(step, words, job);
+    } else if (verb == "tell") {
+        words >> word;
+        close(open(word.c_str(), O_WRONLY));
+    } else if (verb == "hold") {
+        words >> word;
+        open(word.c_str(), O_WRONLY);
+    } else if (verb == "await") {
+        words >> word;
+        await(word);
+    } else if (verb == "lock") {
+        words >> word;
+        lock(word);
+    } else if (verb == "crash-once") {
+        words >> word;
+        if (!fs::exists(word)) {
+            std::ofstream{word};
+            die_of(SIGSEGV);
+        }
     } else if (verb == "keep-job") {
         words >> word;
         std::ofstream(word) << job.dump();

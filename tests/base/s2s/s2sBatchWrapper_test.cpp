@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "engineKit.h"
+#include "batchKit.h"
 #include "s2s/s2sBatchMarker.h"
 #include "sdu/sduFileFunctions.h"
 
@@ -9,33 +9,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-class BatchWrapper : public EngineTest {
-protected:
-    s2sTranslationElements entry(std::string const & name, std::string const & script)
-    {
-        return translation(make_input(name), folder / "out/" + name, script);
-    }
-
-    /// Takes the next section off the text as the progress dialogs do.
-    static std::string cut_section(std::string & text)
-    {
-        auto const marker = s2s_batch_marker().str();
-        for (int i = 0; i < 2; ++i) {
-            auto const at = text.find(marker);
-            text.erase(0, at == std::string::npos ? text.size() : at + marker.size());
-        }
-        auto const next = text.find(marker);
-        auto section = text.substr(0, next);
-        text.erase(0, section.size());
-        section.erase(0, section.find_first_not_of('\n'));
-        return section;
-    }
-
-    static std::string say(std::string const & stream, std::string const & text)
-    {
-        return R"(say {"event":"message","stream":")" + stream + R"(","domain":"d","key":")" + text + "\"}\n";
-    }
-};
+class BatchWrapper : public BatchTest {};
 
 TEST_F(BatchWrapper, TranslatesOneAfterTheOther)
 {

@@ -1,4 +1,5 @@
 #include <csignal>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -16,9 +17,10 @@ using std::chrono::milliseconds;
 void send_script(s2sHostProcess const & process, std::string const & script)
 {
     nlohmann::json const job = {{"inputs", {{{"options", {{"script", script}}}}}}};
-    s2sHostLink link(process.descriptor(), -1);
+    s2sHostLink link(process.descriptor());
     link.send(job.dump());
-    link.wait(milliseconds(0));
+    s2sHostLink * const links[] = {&link};
+    s2s_wait_for(links, -1, milliseconds(0));
 }
 
 s2sHostExit run_host(std::string const & script)
@@ -48,6 +50,20 @@ TEST(HostProcess, IsKilledWhenPatienceEnds)
     s2sHostProcess process;
     ASSERT_EQ(process.start(FAKE_HOST), 0);
     EXPECT_EQ(process.wait(milliseconds(0)).text(), "SIGKILL");
+}
+
+TEST(HostProcess, CanBeAskedForItsEndWithoutWaiting)
+{
+    s2sHostProcess process;
+    ASSERT_EQ(process.start(FAKE_HOST), 0);
+    EXPECT_FALSE(process.ended());
+    EXPECT_GE(process.descriptor(), 0);
+    send_script(process, "exit 7");
+    while (!process.ended())
+        std::this_thread::yield();
+    EXPECT_EQ(process.descriptor(), -1);
+    EXPECT_TRUE(process.ended());
+    EXPECT_EQ(process.wait(milliseconds(0)).text(), "exit status 7");
 }
 
 TEST(HostProcess, GivesTheSystemsErrorForAMissingProgram)
