@@ -2,7 +2,9 @@
 
 #include "sglApp.h"
 #include "sglMessageBox.h"
+#include "sglNlsHelp.h"
 
+#include "nls/sglHelpColours.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/dialog.h>
@@ -10,7 +12,10 @@
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpdlg.h>
+#include <wx/html/helpwnd.h>
+#include <wx/html/htmlwin.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
 
 namespace {
 
@@ -29,6 +34,15 @@ bool a_dialog_is_modal()
     return false;
 }
 
+/// The name of a book in a language: vmrdoc.htb gives vmrdoc_de.htb.
+utString in_language(utString const & book, utString const & language)
+{
+    std::string name = book.str();
+    auto const dot = name.rfind('.');
+    name.insert(dot == std::string::npos ? name.size() : dot, "_" + language.str());
+    return utString(name);
+}
+
 } // namespace
 
 sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
@@ -36,6 +50,7 @@ sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
 {
     // Closing the main window ends the program even while help is open.
     SetShouldPreventAppExit(false);
+    SetTitleFormat(wxtStringConverter::to_wx(m_app->application_name_no_version()) + ": %s");
 }
 
 void sglHelpDisplayer::show_help()
@@ -65,6 +80,17 @@ void sglHelpDisplayer::choose_window()
     m_FrameStyle = wxHF_DEFAULT_STYLE | (modal ? wxHF_DIALOG | wxHF_MODAL : wxHF_FRAME);
 }
 
+wxWindow * sglHelpDisplayer::CreateHelpWindow()
+{
+    bool const is_new = !GetHelpWindow();
+    auto * const window = wxHtmlHelpController::CreateHelpWindow();
+    // The pages have the colours of the desktop at this moment.
+    if (is_new && GetHelpWindow())
+        GetHelpWindow()->GetHtmlWindow()->AddProcessor(
+            new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
+    return window;
+}
+
 wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 {
     auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
@@ -79,10 +105,31 @@ void sglHelpDisplayer::remove_closed_dialog()
         m_dialog->Destroy();
 }
 
+utString sglHelpDisplayer::language() const
+{
+    utString const requested = getNlsHelp()->requested_language();
+    return requested.invalid() ? utString() : requested;
+}
+
+apPathName sglHelpDisplayer::find_book() const
+{
+    auto const find = [this](utString const & book) {
+        apFileName const name(m_app->application_information()->ut_encoding()->to_ap(book));
+        return m_app->file_locator().search_path(sdbHRKDirectory::help).find_file(name);
+    };
+    utString own = language();
+    while (!own.empty()) {
+        if (apPathName const path = find(in_language(m_file, own)); !path.invalid())
+            return path;
+        if (!getNlsHelp()->strip_country(own))
+            break;
+    }
+    return find(m_file);
+}
+
 int sglHelpDisplayer::load_file()
 {
-    apFileName const name(m_app->application_information()->ut_encoding()->to_ap(m_file));
-    apPathName const path = m_app->file_locator().search_path(sdbHRKDirectory::help).find_file(name);
+    apPathName const path = find_book();
     if (path.invalid()) {
         sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
         return 0;

@@ -10,6 +10,7 @@
 #include "sglResourceString.h"
 #include "sglResourceUtils.h"
 
+#include "nls/sglHelpKey.h"
 #include "sdu/sduServiceKeys.h"
 #include "sdu/sduServices.h"
 #include "wxt/wxtStringConverter.h"
@@ -97,6 +98,10 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
     make_menu();
     spread_buttons();
     add_menu_key();
+    sgl_open_with_help_key(*this, [this] {
+        wxCommandEvent command;
+        OnHelp(command);
+    });
     // The menu would have the focus as the first control.
     if (auto * const tree = m_options->FindWindow(XRCID("IDC_OPTIONS_TREE")))
         tree->SetFocus();
