@@ -305,13 +305,17 @@ class Book:
         """What is written plainly in a page, in the little that the toolkit's pages can show."""
         frame = f'border=0 cellspacing=1 cellpadding=6 width="100%" bgcolor="{LINE}"'
         text = re.sub(r"<table>", f"<table {frame}>", text)
-        text = re.sub(r"<tr>", f'<tr bgcolor="{CELL}" valign=top>', text)
+        text = re.sub(r"<tr>", f'<tr bgcolor="{CELL}">', text)
+        text = re.sub(r"<td(?=[ >])", "<td valign=top", text)
         text = re.sub(r"<th( [^>]*)?>(.*?)</th>",
                       lambda found: f'<td{found[1] or ""} bgcolor="{HEAD}"><b>{found[2]}</b></td>', text, flags=re.S)
         text = re.sub(r"<note>(.*?)</note>", rf'<table {frame}><tr><td bgcolor="{HEAD}">\1</td></tr></table>', text,
                       flags=re.S)
-        return re.sub(r"<pre>\n?(.*?)\n?</pre>",
-                      rf'<table {frame}><tr><td bgcolor="{CELL}"><pre>\1</pre></td></tr></table>', text, flags=re.S)
+        text = re.sub(r"<pre>\n?(.*?)</pre>", r"<pre><font size=-1>\1</font></pre>", text, flags=re.S)
+        # The toolkit leaves no room between a paragraph and a table behind it.
+        text = re.sub(r"</p>\s*<table", "</p>\n<p></p><table", text)
+        # It breaks lines at blanks alone, which Japanese has none of.
+        return re.sub(r"([\u3001\u3002])(?=[^\s<])", r"\1 ", text)
 
     def make_page(self, name):
         text = self.expand(name, self.source(name).read_text())
@@ -355,8 +359,8 @@ class Book:
 
     @staticmethod
     def sitemap(body):
-        return ('<html><head><meta http-equiv="Content-Type" content="text/html; charset=utf-8"></head><body>\n'
-                f"{body}\n</body></html>\n")
+        # The project says in which encoding this is. Said here as well, the toolkit would decode it twice.
+        return f"<html><body>\n{body}\n</body></html>\n"
 
     def hhc(self, items):
         lines, depth = ["<ul>"], 0

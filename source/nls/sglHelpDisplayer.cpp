@@ -5,9 +5,11 @@
 #include "sglNlsHelp.h"
 
 #include "nls/sglHelpColours.h"
+#include "nls/sglHelpFilter.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
@@ -16,14 +18,55 @@
 #include <wx/html/htmlwin.h>
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
+#include <wx/splitter.h>
+#include <wx/treectrl.h>
 
 namespace {
 
 /// A book is an archive, which the toolkit opens only with a handler for archives.
 void read_archives()
 {
-    static bool const once = (wxFileSystem::AddHandler(new wxArchiveFSHandler), true);
+    static bool const once = [] {
+        wxFileSystem::AddHandler(new wxArchiveFSHandler);
+        wxHtmlWindow::AddFilter(new sglHelpFilter);
+        return true;
+    }();
     static_cast<void>(once);
+}
+
+/// The toolkit's usual size has no room for the lines of a table or the titles of the contents.
+void make_roomy(wxTopLevelWindow & top, wxWindow & help)
+{
+    constexpr int width = 940, height = 660, contents = 290;
+    wxRect const screen = wxDisplay(&top).GetClientArea();
+    wxSize size = top.FromDIP(wxSize(width, height));
+    size.DecTo(screen.GetSize());
+    top.SetSize(size);
+    top.CentreOnScreen();
+    for (wxWindow * const child : help.GetChildren())
+        if (auto * const splitter = dynamic_cast<wxSplitterWindow *>(child))
+            splitter->SetSashPosition(top.FromDIP(contents));
+}
+
+wxTreeCtrl * tree_of(wxWindow & window)
+{
+    for (wxWindow * const child : window.GetChildren()) {
+        auto * const tree = dynamic_cast<wxTreeCtrl *>(child);
+        if (auto * const found = tree ? tree : tree_of(*child))
+            return found;
+    }
+    return nullptr;
+}
+
+/// The pages of the book are seen at once and not the name of the book alone.
+void open_contents(wxWindow & help)
+{
+    auto * const tree = tree_of(help);
+    if (!tree || !tree->GetRootItem().IsOk())
+        return;
+    wxTreeItemIdValue cookie;
+    if (auto const book = tree->GetFirstChild(tree->GetRootItem(), cookie); book.IsOk())
+        tree->Expand(book);
 }
 
 bool a_dialog_is_modal()
@@ -84,10 +127,14 @@ wxWindow * sglHelpDisplayer::CreateHelpWindow()
 {
     bool const is_new = !GetHelpWindow();
     auto * const window = wxHtmlHelpController::CreateHelpWindow();
-    // The pages have the colours of the desktop at this moment.
-    if (is_new && GetHelpWindow())
+    if (is_new && GetHelpWindow()) {
+        // The pages have the colours of the desktop at this moment.
         GetHelpWindow()->GetHtmlWindow()->AddProcessor(
             new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
+        if (auto * const top = dynamic_cast<wxTopLevelWindow *>(FindTopLevelWindow()))
+            make_roomy(*top, *GetHelpWindow());
+        open_contents(*GetHelpWindow());
+    }
     return window;
 }
 

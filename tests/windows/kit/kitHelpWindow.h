@@ -1,5 +1,6 @@
 #pragma once
 
+#include "windows/kit/kitModal.h"
 #include "windows/kit/kitWindowTest.h"
 
 #include <string>
@@ -22,21 +23,26 @@ Window * kit_help_window()
 template <class Test>
 class kitHelpOverDialog : public Test {
 protected:
-    /// Does what opens the help over a dialog that is modal, and gives the page of the book that it showed
-    /// before it was closed.
+    /// Does what opens the help over a dialog that is modal, and gives the page of the book that it was about
+    /// to show. It is closed before the user would see it.
     static std::string help_page_over_dialog(std::function<void()> const & open)
     {
-        wxString page;
-        wxTheApp->CallAfter([&] {
-            Test::run_until([] { return kit_help_window<wxHtmlHelpDialog>() != nullptr; }, 20, "the help");
-            Test::settle();
-            if (auto * const help = kit_help_window<wxHtmlHelpDialog>()) {
-                page = help->GetController()->GetHelpWindow()->GetHtmlWindow()->GetOpenedPage();
-                help->Close();
-            }
+        std::string page;
+        kitModal help;
+        help.expect([&](wxDialog * dialog) {
+            if (auto * const window = dynamic_cast<wxHtmlHelpDialog *>(dialog))
+                page = page_of(*window->GetController()).AfterLast(':').utf8_string();
+            return wxID_CANCEL;
         });
         open();
+        Test::run_until([&] { return !page.empty(); }, 20, "the help");
         Test::settle();
-        return page.AfterLast(':').utf8_string();
+        return page;
+    }
+
+private:
+    static wxString page_of(wxHtmlHelpController & controller)
+    {
+        return controller.GetHelpWindow()->GetHtmlWindow()->GetOpenedPage();
     }
 };
