@@ -18,6 +18,10 @@ public:
     /// Gives one file to the page for one, several to the page that merges them, and shows that page.
     void open_files(wxArrayString const & files);
 
+    /// The topic of the help that a command of the help menu asks for: the page that is shown, or an invalid
+    /// text for the contents.
+    utString help_topic(int command) const;
+
 protected:
     void check_menus() override;
 

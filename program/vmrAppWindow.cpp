@@ -60,11 +60,15 @@ void vmrApp::end_main_window(int code)
         ExitMainLoop();
 }
 
-void vmrApp::OnHelp(wxCommandEvent &)
+void vmrApp::OnHelp(wxCommandEvent & event)
 {
     if (!m_help)
         m_help = std::make_unique<sglHelpDisplayer>(this, m_window);
-    m_help->show_help();
+    utString const topic = m_window ? m_window->help_topic(event.GetId()) : utString::make_invalid();
+    if (topic.invalid())
+        m_help->show_help();
+    else
+        m_help->show_help(topic);
 }
 
 void vmrApp::OnAbout(wxCommandEvent &)

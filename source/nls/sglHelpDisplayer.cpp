@@ -2,23 +2,71 @@
 
 #include "sglApp.h"
 #include "sglMessageBox.h"
+#include "sglNlsHelp.h"
 
+#include "nls/sglHelpColours.h"
+#include "nls/sglHelpFilter.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpdlg.h>
+#include <wx/html/helpwnd.h>
+#include <wx/html/htmlwin.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
+#include <wx/splitter.h>
+#include <wx/treectrl.h>
 
 namespace {
 
 /// A book is an archive, which the toolkit opens only with a handler for archives.
 void read_archives()
 {
-    static bool const once = (wxFileSystem::AddHandler(new wxArchiveFSHandler), true);
+    static bool const once = [] {
+        wxFileSystem::AddHandler(new wxArchiveFSHandler);
+        wxHtmlWindow::AddFilter(new sglHelpFilter);
+        return true;
+    }();
     static_cast<void>(once);
+}
+
+/// The toolkit's usual size has no room for the lines of a table or the titles of the contents.
+void make_roomy(wxTopLevelWindow & top, wxWindow & help)
+{
+    constexpr int width = 940, height = 660, contents = 290;
+    wxRect const screen = wxDisplay(&top).GetClientArea();
+    wxSize size = top.FromDIP(wxSize(width, height));
+    size.DecTo(screen.GetSize());
+    top.SetSize(size);
+    top.CentreOnScreen();
+    for (wxWindow * const child : help.GetChildren())
+        if (auto * const splitter = dynamic_cast<wxSplitterWindow *>(child))
+            splitter->SetSashPosition(top.FromDIP(contents));
+}
+
+wxTreeCtrl * tree_of(wxWindow & window)
+{
+    for (wxWindow * const child : window.GetChildren()) {
+        auto * const tree = dynamic_cast<wxTreeCtrl *>(child);
+        if (auto * const found = tree ? tree : tree_of(*child))
+            return found;
+    }
+    return nullptr;
+}
+
+/// The pages of the book are seen at once and not the name of the book alone.
+void open_contents(wxWindow & help)
+{
+    auto * const tree = tree_of(help);
+    if (!tree || !tree->GetRootItem().IsOk())
+        return;
+    wxTreeItemIdValue cookie;
+    if (auto const book = tree->GetFirstChild(tree->GetRootItem(), cookie); book.IsOk())
+        tree->Expand(book);
 }
 
 bool a_dialog_is_modal()
@@ -29,6 +77,15 @@ bool a_dialog_is_modal()
     return false;
 }
 
+/// The name of a book in a language: vmrdoc.htb gives vmrdoc_de.htb.
+utString in_language(utString const & book, utString const & language)
+{
+    std::string name = book.str();
+    auto const dot = name.rfind('.');
+    name.insert(dot == std::string::npos ? name.size() : dot, "_" + language.str());
+    return utString(name);
+}
+
 } // namespace
 
 sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
@@ -36,6 +93,7 @@ sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
 {
     // Closing the main window ends the program even while help is open.
     SetShouldPreventAppExit(false);
+    SetTitleFormat(wxtStringConverter::to_wx(m_app->application_name_no_version()) + ": %s");
 }
 
 void sglHelpDisplayer::show_help()
@@ -65,6 +123,21 @@ void sglHelpDisplayer::choose_window()
     m_FrameStyle = wxHF_DEFAULT_STYLE | (modal ? wxHF_DIALOG | wxHF_MODAL : wxHF_FRAME);
 }
 
+wxWindow * sglHelpDisplayer::CreateHelpWindow()
+{
+    bool const is_new = !GetHelpWindow();
+    auto * const window = wxHtmlHelpController::CreateHelpWindow();
+    if (is_new && GetHelpWindow()) {
+        // The pages have the colours of the desktop at this moment.
+        GetHelpWindow()->GetHtmlWindow()->AddProcessor(
+            new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
+        if (auto * const top = dynamic_cast<wxTopLevelWindow *>(FindTopLevelWindow()))
+            make_roomy(*top, *GetHelpWindow());
+        open_contents(*GetHelpWindow());
+    }
+    return window;
+}
+
 wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 {
     auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
@@ -79,10 +152,31 @@ void sglHelpDisplayer::remove_closed_dialog()
         m_dialog->Destroy();
 }
 
+utString sglHelpDisplayer::language() const
+{
+    utString const requested = getNlsHelp()->requested_language();
+    return requested.invalid() ? utString() : requested;
+}
+
+apPathName sglHelpDisplayer::find_book() const
+{
+    auto const find = [this](utString const & book) {
+        apFileName const name(m_app->application_information()->ut_encoding()->to_ap(book));
+        return m_app->file_locator().search_path(sdbHRKDirectory::help).find_file(name);
+    };
+    utString own = language();
+    while (!own.empty()) {
+        if (apPathName const path = find(in_language(m_file, own)); !path.invalid())
+            return path;
+        if (!getNlsHelp()->strip_country(own))
+            break;
+    }
+    return find(m_file);
+}
+
 int sglHelpDisplayer::load_file()
 {
-    apFileName const name(m_app->application_information()->ut_encoding()->to_ap(m_file));
-    apPathName const path = m_app->file_locator().search_path(sdbHRKDirectory::help).find_file(name);
+    apPathName const path = find_book();
     if (path.invalid()) {
         sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
         return 0;

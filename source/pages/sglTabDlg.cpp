@@ -101,6 +101,16 @@ void sglTabDlg::open_files(wxArrayString const & files)
     page->handle_dropped_files(files);
 }
 
+utString sglTabDlg::help_topic(int command) const
+{
+    if (command != XRCID("ID_HELP"))
+        return utString::make_invalid();
+    wxWindow const * const page = m_notebook->GetCurrentPage();
+    if (page == m_merge)
+        return "source/pages/merge.htm";
+    return page == m_batch ? "source/pages/batch.htm" : "source/pages/single.htm";
+}
+
 void sglTabDlg::check_menus()
 {
     if (!has_menu())

@@ -1,7 +1,7 @@
 #include "sglExportToDialog.h"
 
 #include "controls/sglShownText.h"
-
+#include "nls/sglHelpKey.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/listbox.h>
@@ -20,6 +20,7 @@ sglExportToDialog::sglExportToDialog(wxWindow * parent)
 {
     SetEscapeId(XRCID("IDC_EXPORTTO_CANCEL"));
     CentreOnParent(wxBOTH);
+    sgl_help_with_help_key(*this, "source/resources/exportto.htm");
 }
 
 int sglExportToDialog::initialise(utString const & file)

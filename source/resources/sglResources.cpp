@@ -11,6 +11,7 @@
 #include "sglResourceUtils.h"
 
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "sdu/sduServiceKeys.h"
 #include "sdu/sduServices.h"
 #include "vmr/coResourceIterator.h"
@@ -126,6 +127,10 @@ void sglResources::OnInitDialog(wxInitDialogEvent & event)
     make_menu();
     spread_buttons();
     add_menu_key();
+    sgl_open_with_help_key(*this, [this] {
+        wxCommandEvent command;
+        OnHelp(command);
+    });
     // The menu would have the focus as the first control.
     if (auto * const tree = m_options->FindWindow(XRCID("IDC_OPTIONS_TREE")))
         tree->SetFocus();

@@ -7,6 +7,7 @@
 #include "sglResourceString.h"
 
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <climits>
@@ -42,6 +43,7 @@ sglGUIProgressDialog::sglGUIProgressDialog(vmrabsAppInfo const * info, wxWindow 
     SetEscapeId(XRCID("IDC_PROGRESS_CANCEL"));
     // The height without the details is less than what the layout asks for.
     SetMinSize(wxSize(GetMinSize().x, wxDefaultCoord));
+    sgl_help_with_help_key(*this, "source/dialogs/progress.htm", [this] { return m_ok_button->IsEnabled(); });
 }
 
 sglGUIProgressDialog::~sglGUIProgressDialog() = default;

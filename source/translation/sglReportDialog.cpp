@@ -10,6 +10,7 @@
 
 #include "controls/sglSaveDialog.h"
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "sdu/sduServices.h"
 #include "sdu/ubStreams.h"
 #include "wxt/wxtStringConverter.h"
@@ -51,6 +52,7 @@ sglReportDialog::sglReportDialog(wxWindow * parent)
     m_tree = XRCCTRL(*this, "IDC_REPORT_TREE", wxTreeCtrl);
     SetEscapeId(XRCID("IDC_REPORT_OK"));
     CentreOnParent(wxBOTH);
+    sgl_help_with_help_key(*this, "source/dialogs/report.htm");
     m_info->services()->find_service(sdbSDBFILEFACTORY, m_files);
 }
 

@@ -57,6 +57,13 @@ public:
             m_at_end();
     }
 
+    /// Looks for the files of the installation elsewhere from now on; gives where they were.
+    std::string move_installation(std::string installation)
+    {
+        auto old = std::exchange(m_installation, std::move(installation));
+        initialise_directory_mapper();
+        return old;
+    }
     void set_main_window(wxWindow * window) { m_main_window = window; }
     void set_main_icon(wxIcon const & icon) { m_icon = icon; }
     void at_end_of_main_window(std::function<void()> action) { m_at_end = std::move(action); }

@@ -1,13 +1,17 @@
 #include "sglHelpDisplayer.h"
 
+#include "sglExportToDialog.h"
+#include "sglNlsHelp.h"
+#include "sglReportDialog.h"
+
+#include "nls/sglHelpColours.h"
+#include "windows/kit/kitHelpFolder.h"
+#include "windows/kit/kitHelpWindow.h"
 #include "windows/resources/kitResources.h"
 
-#include <unistd.h>
-#include <wx/filename.h>
+#include <gmock/gmock.h>
+#include <optional>
 #include <wx/html/helpdata.h>
-#include <wx/html/helpdlg.h>
-#include <wx/html/helpwnd.h>
-#include <wx/html/htmlwin.h>
 #include <wx/wfstream.h>
 #include <wx/zipstrm.h>
 
@@ -36,24 +40,25 @@ public:
     }
     using sglHelpDisplayer::DisplaySection;
 
+    utString language() const override { return spoken ? *spoken : sglHelpDisplayer::language(); }
+
     std::vector<std::string> asked;
+    std::optional<utString> spoken = utString(); ///< nothing for the program's own
 };
 
-class Help : public kitResourcesTest {
+/// Books of the tests' own.
+class Help : public kitWindowTest {
 protected:
     void SetUp() override
     {
-        kitResourcesTest::SetUp();
-        m_directory = app().file_locator().search_path(sdbHRKDirectory::help).directories().front().utf8();
-        std::filesystem::create_directories(m_directory);
-        // Other tests run at the same time.
-        m_name = "test-book-" + std::to_string(getpid()) + ".htb";
-        m_book = m_directory + "/" + m_name;
+        kitWindowTest::SetUp();
+        m_folder.emplace(app(), folder());
+        m_book = m_folder->path() + "/" + m_name;
     }
     void TearDown() override
     {
-        kitResourcesTest::TearDown();
-        std::filesystem::remove(m_book);
+        kitWindowTest::TearDown();
+        m_folder.reset();
     }
 
     void write_book() const { write_book(m_book); }
@@ -72,9 +77,18 @@ protected:
         add("substituted/values.htm", "<html><title>Values</title><body>What values mean</body></html>");
     }
 
-    std::string m_directory;
-    std::string m_name;
+    std::optional<kitHelpFolder> m_folder;
+    std::string const m_name = "test-book.htb";
     std::string m_book;
+};
+
+/// The program's own book.
+class HelpBook : public kitHelpOverDialog<kitResourcesTest> {
+protected:
+    static wxString page_of(sglHelpDisplayer & help)
+    {
+        return help.GetHelpWindow()->GetHtmlWindow()->ToText();
+    }
 };
 
 } // namespace
@@ -110,7 +124,7 @@ TEST_F(Help, OpensARealBookAtAPage)
 {
     write_book();
     {
-        sglHelpDisplayer help(&app(), m_frame);
+        sglHelpDisplayer help(&app(), show_frame());
         help.set_help_file(utString(m_name));
         help.show_help("values.htm");
         ASSERT_TRUE(help.GetHelpWindow());
@@ -122,18 +136,83 @@ TEST_F(Help, OpensARealBookAtAPage)
     settle();
 }
 
-TEST_F(Help, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
+TEST_F(Help, PrefersTheBookInTheLanguageOfTheProgram)
 {
-    std::string const book = m_directory + "/vmrdoc.htb";
-    bool const installed_book = std::filesystem::exists(book);
-    if (!installed_book)
-        write_book(book);
-    auto const help_window = []() -> wxHtmlHelpDialog * {
-        for (wxWindow * const window : wxTopLevelWindows)
-            if (auto * const help = dynamic_cast<wxHtmlHelpDialog *>(window); help && help->IsShown())
-                return help;
-        return nullptr;
+    for (char const * const book : {"vmrdoc.htb", "vmrdoc_de.htb", "vmrdoc_pt_BR.htb"})
+        write_book(m_folder->path() + "/" + book);
+    auto const opened_in = [&](char const * language) {
+        RecordedHelp help(&app(), nullptr);
+        help.spoken = language;
+        help.show_help();
+        return std::filesystem::path(help.asked.at(0)).filename().string();
     };
+    EXPECT_EQ(opened_in("de"), "vmrdoc_de.htb");
+    EXPECT_EQ(opened_in("de_AT"), "vmrdoc_de.htb");
+    EXPECT_EQ(opened_in("pt_BR"), "vmrdoc_pt_BR.htb");
+    EXPECT_EQ(opened_in("pt"), "vmrdoc.htb");
+    EXPECT_EQ(opened_in("it_IT"), "vmrdoc.htb");
+    EXPECT_EQ(opened_in(""), "vmrdoc.htb");
+}
+
+TEST_F(Help, IsInTheLanguageThatTheUserAskedFor)
+{
+    utString const before = getNlsHelp()->requested_language();
+    getNlsHelp()->set_nls_language("fr");
+    write_book(m_folder->path() + "/vmrdoc_fr.htb");
+    write_book(m_folder->path() + "/vmrdoc.htb");
+    RecordedHelp help(&app(), nullptr);
+    help.spoken.reset();
+    help.show_help();
+    EXPECT_EQ(help.asked.at(0), "load " + m_folder->path() + "/vmrdoc_fr.htb");
+    getNlsHelp()->set_nls_language(before);
+}
+
+TEST_F(Help, HasDarkColoursOnADarkDesktop)
+{
+    wxString const page = "<body bgcolor=\"#FFFFFF\" text=\"#202428\"><td bgcolor=\"#DCE6F2\">#1</td>";
+    EXPECT_EQ(sglHelpColours(false).Process(page), page);
+    wxString const dark = sglHelpColours(true).Process(page);
+    EXPECT_EQ(dark, "<body bgcolor=\"#1E2226\" text=\"#E4E7EA\"><td bgcolor=\"#33465C\">#1</td>");
+}
+
+TEST_F(HelpBook, ShowsItsContentsAndATopic)
+{
+    {
+        sglHelpDisplayer help(&app(), m_frame);
+        help.show_help();
+        run_until([&] { return page_of(help).Contains("Your first translation"); }, 20, "the first page");
+        auto const & contents = help.GetHelpData()->GetContentsArray();
+        EXPECT_GT(contents.size(), 30u);
+        EXPECT_EQ(help.GetHelpData()->GetBookRecArray()[0].GetTitle(), "Crosswalk Help");
+        std::vector<wxString> names;
+        for (std::size_t item = 0; item < contents.size(); ++item)
+            names.push_back(contents[item].name);
+        EXPECT_THAT(names, testing::Contains(wxString("Start here")));
+        EXPECT_THAT(names, testing::Contains(wxString("When something goes wrong")));
+
+        help.show_help("source/formats/iges.htm");
+        run_until([&] { return page_of(help).Contains("igesReadSewTolerance"); }, 20, "the topic");
+        EXPECT_EQ(help.GetHelpWindow()->GetHtmlWindow()->GetOpenedPageTitle(), "IGES");
+    }
+    settle();
+}
+
+TEST_F(HelpBook, FindsWordsInItsIndexAndInItsText)
+{
+    {
+        sglHelpDisplayer help(&app(), m_frame);
+        help.show_help();
+        EXPECT_TRUE(help.KeywordSearch("igesReadSewTolerance", wxHELP_SEARCH_INDEX));
+        run_until([&] { return page_of(help).Contains("Sewing distance"); }, 20, "the page of the keyword");
+        EXPECT_TRUE(help.KeywordSearch("tessellated", wxHELP_SEARCH_ALL));
+        run_until([&] { return page_of(help).Contains("ISO 10303"); }, 20, "the page with the word");
+        EXPECT_FALSE(help.KeywordSearch("no-such-word-anywhere", wxHELP_SEARCH_ALL));
+    }
+    settle();
+}
+
+TEST_F(HelpBook, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
+{
     kitResources dialog(m_table, m_frame, m_step);
     EXPECT_EQ(show(dialog,
                    [&] {
@@ -142,11 +221,13 @@ TEST_F(Help, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
                        for (int time = 0; time < 2; ++time) {
                            bool seen = false;
                            wxTheApp->CallAfter([&] {
-                               run_until([&] { return help_window() != nullptr; }, 20, "the help");
+                               run_until([] { return kit_help_window<wxHtmlHelpDialog>() != nullptr; }, 20,
+                                         "the help");
                                settle();
-                               seen = help_window() != nullptr;
+                               auto * const help = kit_help_window<wxHtmlHelpDialog>();
+                               seen = help != nullptr;
                                if (seen)
-                                   help_window()->Close();
+                                   help->Close();
                            });
                            press(dialog, "IDC_OPTIONS_HELP");
                            EXPECT_TRUE(seen);
@@ -157,6 +238,31 @@ TEST_F(Help, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
                        click(*find<wxButton>(dialog, "IDC_OPTIONS_OK"));
                    }),
               wxID_OK);
-    if (!installed_book)
-        std::filesystem::remove(book);
+}
+
+TEST_F(HelpBook, OpensAtTheOptionsWithTheirButtonAndWithF1)
+{
+    std::string const topic = "substituted/source/resources/resourcevalues.htm";
+    kitResources dialog(m_table, m_frame, m_step);
+    show(dialog, [&] {
+        EXPECT_EQ(help_page_over_dialog([&] { press(dialog, "IDC_OPTIONS_HELP"); }), topic);
+        EXPECT_EQ(help_page_over_dialog([] { key(WXK_F1); }), topic);
+    });
+}
+
+TEST_F(HelpBook, OpensWithF1AtThePageOfADialog)
+{
+    auto const page_of_dialog = [&](wxDialog & dialog, char const * button) {
+        std::string page;
+        show_modal(dialog, [&] {
+            page = help_page_over_dialog([] { key(WXK_F1); });
+            press(dialog, button);
+        });
+        return page;
+    };
+    sglReportDialog report(m_frame);
+    EXPECT_EQ(page_of_dialog(report, "IDC_REPORT_OK"), "substituted/source/dialogs/report.htm");
+    sglExportToDialog exports(m_frame);
+    ASSERT_TRUE(exports.initialise(utString::make_invalid()));
+    EXPECT_EQ(page_of_dialog(exports, "IDC_EXPORTTO_CANCEL"), "substituted/source/resources/exportto.htm");
 }

@@ -86,6 +86,19 @@ TEST_F(TabDlg, HasItsCloseButtonAtTheRightBelowThePages)
     EXPECT_EQ(code, 5101);
 }
 
+TEST_F(TabDlg, KnowsTheTopicOfItsPageAndNoneForTheContents)
+{
+    sglTabDlg & window = *show_window();
+    std::vector<std::string> topics;
+    for (std::size_t page = 0; page < 3; ++page) {
+        notebook(window).SetSelection(page);
+        topics.push_back(window.help_topic(XRCID("ID_HELP")).str());
+        EXPECT_TRUE(window.help_topic(XRCID("IDM_HELP_HELP")).invalid());
+    }
+    EXPECT_THAT(topics,
+                ElementsAre("source/pages/single.htm", "source/pages/merge.htm", "source/pages/batch.htm"));
+}
+
 TEST_F(TabDlg, StaysInTheExpertViewAndKeepsItsTick)
 {
     sglTabDlg & window = *show_window();

@@ -1,3 +1,4 @@
+#include "windows/kit/kitHelpFolder.h"
 #include "windows/resources/kitResources.h"
 
 #include "sglDialogMenu.h"
@@ -164,6 +165,7 @@ TEST_F(ResourcesDialog, TellsWhenThereIsNoHelp)
 {
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
+        kitHelpFolder const without_books(app(), folder());
         kitModal boxes;
         boxes.expect_message(wxID_OK);
         press(dialog, "IDC_OPTIONS_HELP");

@@ -1,3 +1,4 @@
+#include "windows/kit/kitHelpWindow.h"
 #include "windows/translation/kitProgress.h"
 
 #include "sglMenu.h"
@@ -15,7 +16,7 @@
 
 namespace {
 
-using ProgressDialog = kitProgressTest;
+using ProgressDialog = kitHelpOverDialog<kitProgressTest>;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -93,6 +94,29 @@ TEST_F(ProgressDialog, ShowsTheStateOfARun)
         EXPECT_EQ(getNlsHelp()->translating(), 1);
         seen = true;
         wait_for_end(dialog);
+        press(dialog, "IDC_PROGRESS_OK");
+    });
+}
+
+TEST_F(ProgressDialog, OpensTheHelpWithF1OnceItHasEnded)
+{
+    kitRequest request;
+    fill(request);
+    kitDialog dialog(info(), frame(), nullptr);
+    std::atomic<bool> pressed = false;
+    request.at_work = [&](s2sThreadComm &, int) {
+        while (!pressed)
+            std::this_thread::yield();
+    };
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    run(request, dialog, [&] {
+        run_until([&] { return dialog.IsActive(); }, 20, "the dialog to be the active one");
+        key(WXK_F1);
+        EXPECT_FALSE(kit_help_window<wxHtmlHelpDialog>());
+        pressed = true;
+        wait_for_end(dialog);
+        EXPECT_EQ(help_page_over_dialog([] { key(WXK_F1); }), "substituted/source/dialogs/progress.htm");
         press(dialog, "IDC_PROGRESS_OK");
     });
 }
