@@ -53,6 +53,8 @@ bool vmrApp::Initialize(int & count, wxChar ** arguments)
 bool vmrApp::OnInit()
 {
     pre_splash_screen_init();
+    if (has_display())
+        show_splash_screen();
     if (!sglApp::OnInit()) {
         sgl_show_error_text(
             application_name_no_version() +
