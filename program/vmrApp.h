@@ -55,4 +55,5 @@ private:
     sglTabDlg * m_window = nullptr; // belongs to the toolkit
     std::unique_ptr<sglHelpDisplayer> m_help;
     vmrSplashEnd m_splash_end;
+    bool m_splash_painted = false;
 };

@@ -254,7 +254,8 @@ TEST_F(DibOnADisplay, WritesTheRightSideOfARowAheadOfTheNext)
     EXPECT_EQ(dib.at(7, 0), dark);
     EXPECT_EQ(dib.at(7, 1), dark);
     EXPECT_EQ(dib.at(7, 2), dark);
-    EXPECT_EQ(dib.at(6, 2), opaque(15)) << "the top's second row is drawn over it";
+    EXPECT_EQ(dib.at(6, 2), shadow) << "the second row from the top ends two columns earlier";
+    EXPECT_EQ(dib.at(5, 2), opaque(15));
     EXPECT_EQ(dib.at(6, 1), shadow);
     EXPECT_EQ(dib.at(7, 3), sglCOLORREF(0)) << "the last value";
     EXPECT_EQ(dib.at(6, 3), light);

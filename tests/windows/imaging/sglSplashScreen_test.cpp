@@ -5,6 +5,7 @@
 #include "source/imaging/kitDib.h"
 #include "windows/kit/kitWindowTest.h"
 
+#include <cstring>
 #include <wx/dcmemory.h>
 
 namespace {
@@ -21,7 +22,10 @@ protected:
     {
         kitWindowTest::SetUp();
         // Away from where the picture comes up: the mouse over it would take it away.
+        auto * const frame = show_frame();
         wxUIActionSimulator().MouseMove(1, 1);
+        settle();
+        frame->Destroy();
         settle();
         sglSplashScreen::EnableSplashScreen("", 1, "splash.png");
     }
