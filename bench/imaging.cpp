@@ -84,9 +84,8 @@ int main()
         std::vector<double> copies;
         for (int round = 0; round < rounds; ++round) {
             // In turn, so that both meet the same machine.
-            copies.push_back(milliseconds([&] {
-                std::memcpy(static_cast<void *>(to.pixels()), from.pixels(), bytes);
-            }));
+            copies.push_back(
+                milliseconds([&] { std::memcpy(static_cast<void *>(to.pixels()), from.pixels(), bytes); }));
             ours.push_back(milliseconds(operation.work));
         }
         std::printf("%-22s %7.3f ms   a copy %.3f ms   %.2f of its speed\n", operation.name, median(ours),

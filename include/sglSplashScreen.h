@@ -36,7 +36,7 @@ protected:
     static int calculate_copyright_lines(utStringcoPageArr & lines);
 
     void HideSplashScreen();
-    void OnMouse(wxMouseEvent & event);
+    void OnMouse(wxMouseEvent & event); ///< buttons, movement and the wheel
     void OnKeyDown(wxKeyEvent & event);
 
 private:

@@ -61,6 +61,7 @@ bool vmrApp::OnInit()
             ": the files of the installation could not be found. Please install the program again.");
         return false;
     }
+    paint_splash_screen();
     initialise_services();
     write_translator_cache();
     return true;

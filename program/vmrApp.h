@@ -44,6 +44,7 @@ protected:
 
 private:
     void show_splash_screen();
+    void paint_splash_screen();
     void write_translator_cache() const;
     int run_command_line();
     void open_main_window();

@@ -14,8 +14,8 @@
 
 namespace {
 
-/// What the picture may cost a start, in milliseconds.
-constexpr long longest_showing = 25;
+/// How long a start waits for the picture to be painted.
+constexpr long longest_wait_in_milliseconds = 20;
 
 bool is_painted_inside(wxEvent const & event, wxWindow const * window)
 {
@@ -28,7 +28,6 @@ bool is_painted_inside(wxEvent const & event, wxWindow const * window)
 
 void vmrApp::show_splash_screen()
 {
-    wxStopWatch const watch;
     utString const picture = "splash.png";
     // Without its picture it would be an empty window.
     if (file_locator().schema_dir(sdbHRKDirectory::xrc).find_file(picture).invalid())
@@ -36,16 +35,25 @@ void vmrApp::show_splash_screen()
     m_splash_end.Register();
     sglSplashScreen::EnableSplashScreen(sglReleaseStatus::splash_string(), 1, picture);
     sglSplashScreen::ShowSplashScreen(nullptr);
-    // The display needs a moment to give the window a place, and until the start is over nobody would paint
-    // it. What the user does meanwhile waits for the main window.
+    wxStopWatch const watch;
+    do
+        paint_splash_screen();
+    while (!m_splash_painted && watch.Time() < longest_wait_in_milliseconds);
+}
+
+void vmrApp::paint_splash_screen()
+{
+    auto * const splash = sglSplashScreen::splash_screen();
+    if (!splash || m_splash_painted)
+        return;
+    // The display needs a moment to give the window a place, and until the start is over no event would come
+    // that says so. Keys wait for the main window.
+    wxMilliSleep(1);
     wxGUIEventLoop loop;
     wxEventLoopActivator const active(&loop);
-    while (!m_splash_painted && watch.Time() < longest_showing) {
-        loop.YieldFor(wxEVT_CATEGORY_UI);
-        wxMilliSleep(1);
-    }
-    if (auto * const window = sglSplashScreen::splash_screen())
-        window->Update();
+    loop.YieldFor(wxEVT_CATEGORY_UI);
+    if (m_splash_painted)
+        splash->Update();
 }
 
 int vmrApp::FilterEvent(wxEvent & event)

@@ -10,7 +10,7 @@ namespace {
 void blur_row(sglCOLORREF * to, sglCOLORREF const * below, sglCOLORREF const * here,
               sglCOLORREF const * above, std::size_t count)
 {
-    auto const mean = [=](std::size_t i, unsigned char sglCOLORREF::* channel) {
+    auto const mean = [=](std::size_t i, unsigned char sglCOLORREF::*channel) {
         unsigned int sum = 0;
         for (std::size_t column = i; column < i + 3; ++column)
             sum += below[column].*channel + here[column].*channel + above[column].*channel;

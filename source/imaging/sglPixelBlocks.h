@@ -26,10 +26,7 @@ struct sglKey {
     sglKey() = default; ///< matches nothing
     explicit sglKey(sglCOLORREF key) : active(key.alpha == 0), colour(key.value()) {}
 
-    bool matches(sglCOLORREF pixel) const
-    {
-        return active && (pixel.value() & sgl_colour_bits) == colour;
-    }
+    bool matches(sglCOLORREF pixel) const { return active && (pixel.value() & sgl_colour_bits) == colour; }
     /// For each pixel of the block all bits when it does not match, none when it does.
     sglBlockPixels others(sglBlockPixels const & pixels) const
     {

@@ -36,13 +36,13 @@ sglSplashScreen::sglSplashScreen(wxBitmap const & picture, long int splash_style
     : wxSplashScreen(shown(picture), splash_style, timeout, parent, id, position, size, style),
       m_picture(picture)
 {
-    // The picture is a window inside of this one and gets all of the user's events.
+    // The picture is a window inside of this one and gets the user's events.
     auto * const inside = GetSplashWindow();
     for (auto const & type :
-         {wxEVT_LEFT_DOWN,    wxEVT_LEFT_UP,    wxEVT_LEFT_DCLICK,   wxEVT_MIDDLE_DOWN,  wxEVT_MIDDLE_UP,
-          wxEVT_MIDDLE_DCLICK, wxEVT_RIGHT_DOWN, wxEVT_RIGHT_UP,      wxEVT_RIGHT_DCLICK, wxEVT_AUX1_DOWN,
-          wxEVT_AUX1_UP,      wxEVT_AUX1_DCLICK, wxEVT_AUX2_DOWN,     wxEVT_AUX2_UP,      wxEVT_AUX2_DCLICK,
-          wxEVT_MOTION,       wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW, wxEVT_MOUSEWHEEL,   wxEVT_MAGNIFY})
+         {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_MIDDLE_UP,
+          wxEVT_MIDDLE_DCLICK, wxEVT_RIGHT_DOWN, wxEVT_RIGHT_UP, wxEVT_RIGHT_DCLICK, wxEVT_AUX1_DOWN,
+          wxEVT_AUX1_UP, wxEVT_AUX1_DCLICK, wxEVT_AUX2_DOWN, wxEVT_AUX2_UP, wxEVT_AUX2_DCLICK, wxEVT_MOTION,
+          wxEVT_MOUSEWHEEL, wxEVT_MAGNIFY})
         inside->Bind(type, &sglSplashScreen::OnMouse, this);
     inside->Bind(wxEVT_KEY_DOWN, &sglSplashScreen::OnKeyDown, this);
 }
@@ -142,9 +142,12 @@ void sglSplashScreen::HideSplashScreen()
     Destroy();
 }
 
-void sglSplashScreen::OnMouse(wxMouseEvent &)
+void sglSplashScreen::OnMouse(wxMouseEvent & event)
 {
-    HideSplashScreen();
+    // The picture is entered too when it comes up under a mouse that nobody moves, and that must not take it
+    // away before it has been seen.
+    if (!event.Entering() && !event.Leaving())
+        HideSplashScreen();
 }
 
 void sglSplashScreen::OnKeyDown(wxKeyEvent &)

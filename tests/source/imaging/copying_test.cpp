@@ -276,9 +276,13 @@ TEST(Copy, OfAPartIntoASmallerBufferStaysInside)
 TEST(Tile, RepeatsTheOtherUpwardAndToTheRight)
 {
     kitNoise noise;
-    for (auto const & [width, height, columns, rows] :
-         {std::tuple(19, 23, 7, 5), {19, 23, 1, 1}, {19, 23, 19, 23}, {19, 23, 40, 40}, {19, 23, 40, 1},
-          {1, 1, 3, 3}, {64, 3, 5, 2}}) {
+    for (auto const & [width, height, columns, rows] : {std::tuple(19, 23, 7, 5),
+                                                        {19, 23, 1, 1},
+                                                        {19, 23, 19, 23},
+                                                        {19, 23, 40, 40},
+                                                        {19, 23, 40, 1},
+                                                        {1, 1, 3, 3},
+                                                        {64, 3, 5, 2}}) {
         kitDib to(width, height);
         kitDib from(columns, rows);
         noise.fill(to);

@@ -59,8 +59,8 @@ TEST(FillGlass, BlendsEveryPixelAndLeavesItsAlpha)
             kitPixels expected;
             for (auto const pixel : kit_pixels(dib)) {
                 auto const channel = [a](int d, int c) { return d + (((c - d) * a) >> 8); };
-                expected.push_back(sglCOLORREF::from_channels(
-                    channel(pixel.red, r), channel(pixel.green, g), channel(pixel.blue, b), pixel.alpha));
+                expected.push_back(sglCOLORREF::from_channels(channel(pixel.red, r), channel(pixel.green, g),
+                                                              channel(pixel.blue, b), pixel.alpha));
             }
             dib.fill_glass(r, g, b, a);
             EXPECT_EQ(kit_pixels(dib), expected);
@@ -89,8 +89,7 @@ TEST(FillStippledGlass, IsAChequerOfASquareBuffer)
         for (int i = 0; i < size; ++i)
             for (int j = 0; j < size; ++j)
                 if ((i + j) % 2 == 0)
-                    expected[static_cast<std::size_t>(i * size + j)] =
-                        sglCOLORREF::from_channels(1, 2, 3, 0);
+                    expected[static_cast<std::size_t>(i * size + j)] = sglCOLORREF::from_channels(1, 2, 3, 0);
         dib.fill_stippled_glass(1, 2, 3);
         EXPECT_EQ(kit_pixels(dib), expected) << size;
     }
@@ -98,7 +97,8 @@ TEST(FillStippledGlass, IsAChequerOfASquareBuffer)
 
 TEST(FillStippledGlass, CountsWidthAndHeightTheOtherWayAbout)
 {
-    // i up to the width of 2, j up to the height of 5: the indices 0, 2, 4 and 3, 5, of the ten that there are.
+    // i up to the width of 2, j up to the height of 5: the indices 0, 2, 4 and 3, 5, of the ten that there
+    // are.
     kitDib high(2, 5);
     high.fill(sglCOLORREF(0x99999999));
     high.fill_stippled_glass(1, 2, 3);
@@ -128,8 +128,8 @@ TEST(FillStippledGlass, OfARectangleCountsFromItsStart)
         auto expected = kit_pixels(dib);
         long long const left = std::max(place.x, 0);
         long long const bottom = std::max(place.y, 0);
-        auto const covered = filled(kitDib(dib.width(), dib.height()), place,
-                                    [](sglCOLORREF) { return sglCOLORREF(1); });
+        auto const covered =
+            filled(kitDib(dib.width(), dib.height()), place, [](sglCOLORREF) { return sglCOLORREF(1); });
         for (int y = 0; y < dib.height(); ++y)
             for (int x = 0; x < dib.width(); ++x) {
                 auto const index = static_cast<std::size_t>(y * dib.width() + x);

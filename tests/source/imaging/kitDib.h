@@ -79,12 +79,14 @@ inline std::vector<kitPlacing> kit_placings()
 {
     constexpr int far = std::numeric_limits<int>::max();
     std::vector<kitPlacing> all = {
-        {1, 1, 1, 1, 0, 0},   {7, 5, 7, 5, 0, 0},      {7, 5, 19, 23, 3, 4},  {7, 5, 19, 23, 12, 18},
-        {9, 9, 9, 9, -3, -3}, {7, 5, 19, 23, 12, -1},  {7, 5, 19, 23, -6, 4}, {7, 5, 19, 23, -7, 4},
-        {7, 5, 19, 23, 13, 4}, {7, 5, 19, 23, 18, 22}, {7, 5, 19, 23, 19, 4}, {7, 5, 19, 23, 4, 23},
-        {7, 5, 19, 23, 3, -5}, {61, 43, 19, 23, -20, -10}, {61, 43, 19, 23, 0, 0}, {61, 43, 19, 23, 5, -30},
-        {61, 1, 61, 17, 0, 16}, {33, 17, 67, 31, 1, 1}, {7, 5, 19, 23, far, 0},  {7, 5, 19, 23, 0, far},
-        {7, 5, 19, 23, -far - 1, 0}, {7, 5, 19, 23, 0, -far - 1}, {0, 0, 19, 23, 0, 0}, {7, 5, 0, 0, 0, 0},
+        {1, 1, 1, 1, 0, 0},          {7, 5, 7, 5, 0, 0},         {7, 5, 19, 23, 3, 4},
+        {7, 5, 19, 23, 12, 18},      {9, 9, 9, 9, -3, -3},       {7, 5, 19, 23, 12, -1},
+        {7, 5, 19, 23, -6, 4},       {7, 5, 19, 23, -7, 4},      {7, 5, 19, 23, 13, 4},
+        {7, 5, 19, 23, 18, 22},      {7, 5, 19, 23, 19, 4},      {7, 5, 19, 23, 4, 23},
+        {7, 5, 19, 23, 3, -5},       {61, 43, 19, 23, -20, -10}, {61, 43, 19, 23, 0, 0},
+        {61, 43, 19, 23, 5, -30},    {61, 1, 61, 17, 0, 16},     {33, 17, 67, 31, 1, 1},
+        {7, 5, 19, 23, far, 0},      {7, 5, 19, 23, 0, far},     {7, 5, 19, 23, -far - 1, 0},
+        {7, 5, 19, 23, 0, -far - 1}, {0, 0, 19, 23, 0, 0},       {7, 5, 0, 0, 0, 0},
     };
     return all;
 }
@@ -108,7 +110,8 @@ inline kitPixels kit_placed(sglDib const & to, sglDib const & from, int x, int y
 }
 
 /// The same channel by channel, alpha as it was.
-inline sglCOLORREF kit_each_channel(sglCOLORREF d, sglCOLORREF s, std::function<int(int, int)> const & formula)
+inline sglCOLORREF kit_each_channel(sglCOLORREF d, sglCOLORREF s,
+                                    std::function<int(int, int)> const & formula)
 {
     return sglCOLORREF::from_channels(formula(d.red, s.red), formula(d.green, s.green),
                                       formula(d.blue, s.blue), d.alpha);

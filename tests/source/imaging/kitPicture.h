@@ -90,8 +90,8 @@ inline std::string kit_bmp(int width, int height, std::vector<sglCOLORREF> const
     for (int y = height - 1; y >= 0; --y) {
         for (int x = 0; x < width; ++x) {
             auto const pixel = pixels[static_cast<std::size_t>(y * width + x)];
-            file += {static_cast<char>(pixel.blue), static_cast<char>(pixel.green),
-                     static_cast<char>(pixel.red)};
+            file +=
+                {static_cast<char>(pixel.blue), static_cast<char>(pixel.green), static_cast<char>(pixel.red)};
         }
         file.append(static_cast<std::size_t>(width % 4), '\0');
     }

@@ -143,8 +143,8 @@ TEST(Blur, IsTheTruncatedMeanOfNinePixelsWithinTheRing)
                     green += pixel.green;
                     blue += pixel.blue;
                 }
-                expected[static_cast<std::size_t>(y * width + x)] = sglCOLORREF::from_channels(
-                    red / 9, green / 9, blue / 9, before.at(x, y).alpha);
+                expected[static_cast<std::size_t>(y * width + x)] =
+                    sglCOLORREF::from_channels(red / 9, green / 9, blue / 9, before.at(x, y).alpha);
             }
         dib.blur_3x3();
         EXPECT_EQ(kit_pixels(dib), expected) << width << " by " << height;
@@ -205,9 +205,8 @@ TEST(ColorTint, TruncatesTowardZeroOnTheWayDown)
 TEST(ColorTint, WithoutAMiddleIsAnEvenGrey)
 {
     kitDib dib;
-    auto const expected = each(shades(dib), [](sglCOLORREF d) {
-        return sglCOLORREF::from_channels(192, 192, 192, d.alpha);
-    });
+    auto const expected =
+        each(shades(dib), [](sglCOLORREF d) { return sglCOLORREF::from_channels(192, 192, 192, d.alpha); });
     dib.color_tint_3(sglCOLORREF(0x00FFFFFF), sglCOLORREF(0), sglCOLORREF(0x000000FF), 0);
     EXPECT_EQ(kit_pixels(dib), expected);
 }

@@ -42,7 +42,8 @@ struct Sides {
     int bottom[2];
 };
 
-/// The frame word for word, on a plain array of numbers of system colours; -1 is untouched, -2 the last value.
+/// The frame word for word, on a plain array of numbers of system colours; -1 is untouched, -2 the last
+/// value.
 std::vector<int> frame(int w, int h, Sides const & sides, int last)
 {
     std::vector<int> pixels(static_cast<std::size_t>(w * h), -1);

@@ -58,9 +58,8 @@ kitPixels pixels_of(wxBitmap bitmap)
 /// A colour over another by its alpha.
 sglCOLORREF over(sglCOLORREF s, sglCOLORREF d, int alpha = 255)
 {
-    auto pixel = kit_each_channel(d, s, [&](int here, int there) {
-        return here + (((there - here) * s.alpha) >> 8);
-    });
+    auto pixel =
+        kit_each_channel(d, s, [&](int here, int there) { return here + (((there - here) * s.alpha) >> 8); });
     pixel.alpha = static_cast<unsigned char>(alpha);
     return pixel;
 }

@@ -160,8 +160,8 @@ TEST_F(SplashScreen, WithoutItsPictureIsAWindowAllTheSame)
 
 TEST_F(SplashScreen, GoesAtTheFirstActionOfTheUserAnywhereAndKeepsTheEvent)
 {
-    for (wxEventType const type : std::vector<wxEventType>{
-             wxEVT_KEY_DOWN, wxEVT_LEFT_DOWN, wxEVT_RIGHT_DOWN, wxEVT_MIDDLE_DOWN, wxEVT_MENU_OPEN}) {
+    for (wxEventType const type : std::vector<wxEventType>{wxEVT_KEY_DOWN, wxEVT_LEFT_DOWN, wxEVT_RIGHT_DOWN,
+                                                           wxEVT_MIDDLE_DOWN, wxEVT_MENU_OPEN}) {
         EXPECT_EQ(filtered(type), 0) << "there is no picture";
         ASSERT_TRUE(show());
         EXPECT_EQ(filtered(type), 1);
@@ -194,6 +194,23 @@ TEST_F(SplashScreen, GoesWhenTheMouseMovesOverIt)
 {
     auto * const window = show();
     wxUIActionSimulator().MouseMove(window->ClientToScreen(wxPoint(300, 200)));
+    expect_gone();
+}
+
+TEST_F(SplashScreen, StaysWhenItComesUpUnderTheMouse)
+{
+    auto * const frame = show_frame();
+    wxRect const screen = wxGetClientDisplayRect();
+    wxUIActionSimulator().MouseMove(screen.x + screen.width / 2, screen.y + screen.height / 2);
+    settle();
+    frame->Destroy();
+    settle();
+    auto * const window = show();
+    run_until([window] { return window->GetScreenRect().Contains(wxGetMousePosition()); }, 20, "the mouse");
+    settle();
+    ASSERT_TRUE(sglSplashScreen::splash_screen());
+    EXPECT_TRUE(window->IsShown());
+    wxUIActionSimulator().MouseMove(wxGetMousePosition() + wxPoint(5, 5));
     expect_gone();
 }
 
