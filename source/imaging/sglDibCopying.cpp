@@ -81,7 +81,8 @@ void sglDib::copy_rect_from(sglDib const * other, int x, int y, sglCOLORREF key,
             auto const here = sgl_load(d + first, pixels);
             auto const there = sgl_load(s + first, pixels);
             auto const now = use_alpha ? blend_by_alpha(here, there) : there;
-            sgl_store(d + first, sgl_merge(here, now, left_out.others(there)), pixels);
+            sgl_store(d + first, left_out.active ? sgl_merge(here, now, left_out.others(there)) : now,
+                      pixels);
         });
     });
 }

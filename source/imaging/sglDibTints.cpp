@@ -70,10 +70,15 @@ void sglDib::multiply_color(int r, int g, int b, sglCOLORREF key)
 
 void sglDib::greyscale()
 {
-    for (std::size_t i = 0; i < count(); ++i) {
-        auto & pixel = m_pixels[i];
-        pixel.blue = pixel.green = pixel.red = luminance(pixel);
-    }
+    sgl_each_block(count(), [this](std::size_t first, auto pixels_of_block) {
+        auto block = sgl_load(pixels() + first, pixels_of_block);
+        for (auto & pixel : block) {
+            std::uint32_t const level =
+                (77 * (pixel >> 16 & 255) + 151 * (pixel >> 8 & 255) + 28 * (pixel & 255)) >> 8;
+            pixel = (pixel & ~sgl_colour_bits) | level << 16 | level << 8 | level;
+        }
+        sgl_store(pixels() + first, block, pixels_of_block);
+    });
 }
 
 void sglDib::color_tint_3(sglCOLORREF c1, sglCOLORREF c2, sglCOLORREF c3, unsigned char mid)

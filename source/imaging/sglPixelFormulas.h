@@ -58,6 +58,7 @@ struct sglDifferenceFormula {
 struct sglLoseFormula {
     std::uint8_t operator()(std::uint8_t d, std::uint16_t s) const
     {
-        return static_cast<std::uint8_t>(d > s ? d - s : 0);
+        auto const loss = static_cast<std::uint8_t>(s);
+        return static_cast<std::uint8_t>(d - (d < loss ? d : loss));
     }
 };

@@ -206,11 +206,10 @@ TEST_F(SplashScreen, StaysWhenItComesUpUnderTheMouse)
     frame->Destroy();
     settle();
     auto * const window = show();
-    run_until([window] { return window->GetScreenRect().Contains(wxGetMousePosition()); }, 20, "the mouse");
     settle();
     ASSERT_TRUE(sglSplashScreen::splash_screen());
     EXPECT_TRUE(window->IsShown());
-    wxUIActionSimulator().MouseMove(wxGetMousePosition() + wxPoint(5, 5));
+    window->WarpPointer(320, 200);
     expect_gone();
 }
 
