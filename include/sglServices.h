@@ -7,10 +7,10 @@
 #include "ap/apILibraryLoaderOperations.h"
 #include "ap/apIProcessThreadOperations.h"
 #include "ap/apISynchOperations.h"
-#include "iio/smgReader.h"
 #include "sdb/sdbSdbFileFactory.h"
 #include "sdb/sdbSearchPath.h"
 #include "sdb/sdbServices.h"
+#include "sglImageReader.h"
 #include "tqt/tqtKernel.h"
 #include "ut/utPtr.h"
 #include "vmr/vmrabsAppInfo.h"
@@ -18,9 +18,6 @@
 #include "xml/xxmDocumentFactory.h"
 
 class sglAnalytics;
-
-/// The image reader that the application registers for the translators.
-class sglImageReader : public smgReader {};
 
 /// The services of this program: what components that do not know each other find by key through the
 /// application information. Filled once at start-up on the main thread, read from any thread afterwards

@@ -55,12 +55,15 @@ bool vmrApp::Initialize(int & count, wxChar ** arguments)
 bool vmrApp::OnInit()
 {
     pre_splash_screen_init();
+    if (has_display())
+        show_splash_screen();
     if (!sglApp::OnInit()) {
         sgl_show_error_text(
             application_name_no_version() +
             ": the files of the installation could not be found. Please install the program again.");
         return false;
     }
+    paint_splash_screen();
     initialise_services();
     initialise_usage_data();
     return true;

@@ -4,11 +4,15 @@
 #include <wx/brush.h>
 #include <wx/cursor.h>
 #include <wx/filedlg.h>
+#include <wx/font.h>
+#include <wx/image.h>
 #include <wx/listctrl.h>
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
+#include <wx/splash.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/toplevel.h>
 
 TEST(ToolkitNumbers, OfTheControlsAreTheOnesThatAreDescribed)
 {
@@ -32,4 +36,18 @@ TEST(ToolkitNumbers, OfTheControlsAreTheOnesThatAreDescribed)
     EXPECT_EQ(wxTE_AUTO_URL, 4096);
     EXPECT_EQ(wxStockGDI::COLOUR_BLUE, 12);
     EXPECT_EQ(wxST_NO_AUTORESIZE, 1);
+}
+
+TEST(ToolkitNumbers, OfImagesAreTheOnesThatAreDescribed)
+{
+    EXPECT_EQ(wxSYS_COLOUR_WINDOWFRAME, 6);
+    EXPECT_EQ(wxSYS_COLOUR_BTNFACE, 15);
+    EXPECT_EQ(wxSYS_COLOUR_BTNSHADOW, 16);
+    EXPECT_EQ(wxSYS_COLOUR_BTNHIGHLIGHT, 20);
+    EXPECT_EQ(wxSYS_COLOUR_3DDKSHADOW, 21);
+    EXPECT_EQ(wxSIMPLE_BORDER | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR, 0x2008002);
+    EXPECT_EQ(wxFONTWEIGHT_BOLD, 700);
+    // By its name: the number 1 is here that of the middle of the parent.
+    EXPECT_EQ(wxSPLASH_CENTRE_ON_SCREEN, 2);
+    EXPECT_EQ(wxSPLASH_CENTRE_ON_PARENT, 1);
 }
