@@ -88,7 +88,7 @@ std::unique_ptr<s2sHostAtWork> s2sBatchAhead::take(int index)
     return host;
 }
 
-std::optional<milliseconds> s2sBatchAhead::attend(s2sHostLink & current)
+std::optional<milliseconds> s2sBatchAhead::attend(s2sHostLink & current, bool at_work)
 {
     if (m_stopped || m_parts.context.hosts() < 2)
         return std::nullopt;
@@ -99,7 +99,7 @@ std::optional<milliseconds> s2sBatchAhead::attend(s2sHostLink & current)
         }
         settle(current);
         give_way();
-        if (begin_one_more())
+        if (begin_one_more(at_work ? 1 : 0))
             return milliseconds(0);
     } catch (std::exception const &) {
         // The translation whose turn it is has nothing to do with it, and the others have their turn yet.
@@ -179,9 +179,9 @@ void s2sBatchAhead::give_way()
 }
 
 /// Whether it makes sense to try again at once.
-bool s2sBatchAhead::begin_one_more()
+bool s2sBatchAhead::begin_one_more(int others_at_work)
 {
-    if (running() + 1 >= m_parts.context.hosts() || kept() > room_for_all)
+    if (running() + others_at_work >= m_parts.context.hosts() || kept() > room_for_all)
         return false;
     int const index = next_to_begin();
     if (index < 0 || !s2s_memory_for_one_more(s2s_available_memory(), s2s_physical_memory()))

@@ -28,7 +28,7 @@ public:
     /// The turn of an entry has come: the host that has begun with it, or null.
     std::unique_ptr<s2sHostAtWork> take(int index);
 
-    std::optional<std::chrono::milliseconds> attend(s2sHostLink & current) override;
+    std::optional<std::chrono::milliseconds> attend(s2sHostLink & current, bool at_work) override;
     std::vector<s2sHostLink *> links() override;
     std::vector<std::string> folders_in_use() const override;
     void files_changed(std::vector<std::filesystem::path> const & files) override;
@@ -43,7 +43,7 @@ private:
 
     void settle(s2sHostLink & current);
     void give_way();
-    bool begin_one_more();
+    bool begin_one_more(int others_at_work);
     int next_to_begin();
     int running() const;
     std::size_t kept() const;

@@ -32,6 +32,7 @@ s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString 
 s2sHostEnd s2sHostConversation::hold()
 {
     listen();
+    m_side_work.attend(m_link, false);
 
     // Our end of the socket stays open until the host is gone, because a host that sees it close removes the
     // files that it has written.
@@ -61,7 +62,7 @@ void s2sHostConversation::listen()
 void s2sHostConversation::wait()
 {
     auto longest = patience();
-    if (auto const soon = m_side_work.attend(m_link))
+    if (auto const soon = m_side_work.attend(m_link, !m_link.closed()))
         longest = longest ? std::min(*longest, *soon) : *soon;
     if (m_link.has_line())
         longest = milliseconds(0);

@@ -14,9 +14,10 @@ class s2sSideWork {
 public:
     virtual ~s2sSideWork() = default;
 
-    /// Called before each wait for the host of the translation. How soon it wants to be called again, however
+    /// Called before each wait for the host of the translation, and once when that has said its last word and
+    /// is `at_work` no more. How soon it wants to be called again, however
     /// long the host says nothing; no value for when one of the links has something. Never throws.
-    virtual std::optional<std::chrono::milliseconds> attend(s2sHostLink & /*current*/)
+    virtual std::optional<std::chrono::milliseconds> attend(s2sHostLink & /*current*/, bool /*at_work*/)
     {
         return std::nullopt;
     }
