@@ -78,5 +78,7 @@ void sglUsageRecordDialog::OnDelete(wxCommandEvent &)
     if (!result)
         sgl_show_error_text(text_of("d.usage.messagebox::The file %s could not be deleted: %s.",
                                     ut_text_arguments(utString(m_record.file()), result.message())));
+    // The button that is about to be disabled would take the focus with it, and the keys of the dialog.
+    XRCCTRL(*this, "wxID_OK", wxButton)->SetFocus();
     show_records();
 }
