@@ -48,6 +48,9 @@ sglUsageRecordDialog::sglUsageRecordDialog(wxWindow * parent, aniUsageRecord rec
 {
     XRCCTRL(*this, "IDC_USAGE_AGREE", wxCheckBox)->SetValue(m_record.choice() == aniUsageAgreed);
     XRCCTRL(*this, "IDC_USAGE_FILE", wxStaticText)->SetLabelText(shown(m_record.file()));
+    // The columns stand below one another.
+    auto & view = *XRCCTRL(*this, "IDC_USAGE_RECORDS", wxTextCtrl);
+    view.SetFont(wxFontInfo(view.GetFont().GetFractionalPointSize()).Family(wxFONTFAMILY_TELETYPE));
     show_records();
     sgl_show_usage_text(*this, text);
 }
