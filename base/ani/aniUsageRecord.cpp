@@ -5,7 +5,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -41,8 +41,10 @@ aniUsageChoice choice_in(apFileDescriptor const & file)
 
 std::string content_of(std::string const & path)
 {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ifstream const stream(path, std::ios::binary);
+    std::ostringstream content;
+    content << stream.rdbuf(); // unlike an iterator it throws nothing when the name stands for a folder
+    return content.str();
 }
 
 /// The newer half of the lines, so that a full file is not written anew for each further line.

@@ -43,11 +43,14 @@ wxString libraries()
 wxString languages()
 {
     auto const & nls = *getNlsHelp();
-    auto const name = [](utString const & language) { return language.empty() ? utString("-") : language; };
+    // Without a wish and a system's language the texts are those of the source.
+    auto const or_else = [](utString const & language, char const * other) {
+        return language.empty() ? utString(other) : language;
+    };
     utString const code_page = wxtStringConverter::to_ut(wxLocale::GetSystemEncodingName());
-    wxString text =
-        shown(sglResourceString("vmrgrlib", 1218, name(nls.requested_language()), name(nls.used_language()),
-                                name(nls.wxwidgets_language()), name(code_page)));
+    wxString text = shown(sglResourceString(
+        "vmrgrlib", 1218, or_else(nls.requested_language(), "-"), or_else(nls.used_language(), "English"),
+        or_else(nls.wxwidgets_language(), "English"), or_else(code_page, "-")));
     text.Replace("\r", ""); // the controls of this platform show it
     return text;
 }

@@ -48,6 +48,9 @@ sglUsageRecordDialog::sglUsageRecordDialog(wxWindow * parent, aniUsageRecord rec
 {
     XRCCTRL(*this, "IDC_USAGE_AGREE", wxCheckBox)->SetValue(m_record.choice() == aniUsageAgreed);
     XRCCTRL(*this, "IDC_USAGE_FILE", wxStaticText)->SetLabelText(shown(m_record.file()));
+    // The columns stand below one another.
+    auto & view = *XRCCTRL(*this, "IDC_USAGE_RECORDS", wxTextCtrl);
+    view.SetFont(wxFontInfo(view.GetFont().GetFractionalPointSize()).Family(wxFONTFAMILY_TELETYPE));
     show_records();
     sgl_show_usage_text(*this, text);
 }
@@ -78,5 +81,7 @@ void sglUsageRecordDialog::OnDelete(wxCommandEvent &)
     if (!result)
         sgl_show_error_text(text_of("d.usage.messagebox::The file %s could not be deleted: %s.",
                                     ut_text_arguments(utString(m_record.file()), result.message())));
+    // The button that is about to be disabled would take the focus with it, and the keys of the dialog.
+    XRCCTRL(*this, "wxID_OK", wxButton)->SetFocus();
     show_records();
 }

@@ -22,14 +22,9 @@ protected:
     /// Takes the picture of the dialog that comes next, and closes it.
     static void picture_of_next(kitModal & boxes, std::string const & name)
     {
-        boxes.expect([name](wxDialog * dialog) {
-            dialog->CallAfter([dialog, name] {
-                run_until([&] { return dialog->IsShownOnScreen() && dialog->IsActive(); }, 20, "the dialog");
-                settle();
-                picture(*dialog, name);
-                dialog->EndModal(wxID_CANCEL);
-            });
-            return static_cast<int>(wxID_NONE);
+        expect_dialog(boxes, [name](wxDialog & dialog) {
+            picture(dialog, name);
+            dialog.EndModal(wxID_CANCEL);
         });
     }
 

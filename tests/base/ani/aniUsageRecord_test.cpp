@@ -211,6 +211,15 @@ TEST_F(UsageRecord, KeepsNoPartOfALineForWhichThereIsNoRoom)
     EXPECT_EQ(all(), "one\n");
 }
 
+TEST_F(UsageRecord, IsEmptyWhereItsNameStandsForAFolder)
+{
+    ASSERT_TRUE(record.choose(true));
+    folder.write("settings/usage/usage.txt/in", "");
+    EXPECT_EQ(record.text(), "");
+    EXPECT_FALSE(record.add("a line"));
+    EXPECT_EQ(record.remove().error(), std::errc::is_a_directory);
+}
+
 TEST_F(UsageRecord, WithoutAPlaceKeepsNothing)
 {
     aniUsageRecord const nowhere;

@@ -37,11 +37,17 @@ kitModal::~kitModal()
 {
     Unregister();
     EXPECT_TRUE(m_expected.empty()) << m_expected.size() << " expected boxes did not come";
+    EXPECT_TRUE(m_expected_own.empty()) << m_expected_own.size() << " expected dialogs did not come";
 }
 
 void kitModal::expect(std::function<int(wxDialog *)> answer)
 {
     m_expected.push_back(std::move(answer));
+}
+
+void kitModal::expect_own(std::function<void(wxDialog *)> begin)
+{
+    m_expected_own.push_back(std::move(begin));
 }
 
 void kitModal::expect_message(int answer)
@@ -84,8 +90,14 @@ int kitModal::Enter(wxDialog * dialog)
 {
     auto const message = message_of(*dialog);
     bool const files = dynamic_cast<wxFileDialog *>(dialog) || dynamic_cast<wxDirDialog *>(dialog);
-    if (!message && !files && m_expected.empty())
-        return wxID_NONE; // one of the program's own dialogs, which the test drives
+    if (!message && !files) {
+        // One of the program's own dialogs, which the test drives.
+        if (!m_expected_own.empty()) {
+            m_expected_own.front()(dialog);
+            m_expected_own.pop_front();
+        }
+        return wxID_NONE;
+    }
     if (message) {
         m_said.push_back(message->text);
         m_styles.push_back(message->style);
@@ -94,8 +106,6 @@ int kitModal::Enter(wxDialog * dialog)
         ADD_FAILURE() << "an unexpected box: " << (message ? m_said.back() : "a file dialog");
         return wxID_CANCEL;
     }
-    if (!message && !files)
-        return wxID_NONE;
     auto const answer = std::move(m_expected.front());
     m_expected.pop_front();
     return answer(dialog);

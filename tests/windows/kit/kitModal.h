@@ -18,6 +18,10 @@ public:
     void expect_file_cancelled();                       ///< a file dialog that is cancelled
     void expect(std::function<int(wxDialog *)> answer); ///< any dialog of the toolkit
 
+    /// One of the program's own dialogs, which is shown; `begin` is called when it is about to be. Those for
+    /// which nothing is expected are shown too.
+    void expect_own(std::function<void(wxDialog *)> begin);
+
     std::vector<std::string> const & said() const { return m_said; } ///< texts of the message boxes so far
     std::vector<long> const & styles() const { return m_styles; }    ///< and their styles
 
@@ -25,6 +29,7 @@ private:
     int Enter(wxDialog * dialog) override;
 
     std::deque<std::function<int(wxDialog *)>> m_expected;
+    std::deque<std::function<void(wxDialog *)>> m_expected_own;
     std::vector<std::string> m_said;
     std::vector<long> m_styles;
 };

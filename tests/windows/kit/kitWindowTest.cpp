@@ -176,6 +176,21 @@ int kitWindowTest::show_modal(wxDialog & dialog, std::function<void()> const & s
     return dialog.ShowModal();
 }
 
+void kitWindowTest::expect_dialog(kitModal & boxes, std::function<void(wxDialog &)> const & script)
+{
+    boxes.expect_own([script](wxDialog * dialog) {
+        dialog->CallAfter([dialog, script] {
+            run_until([&] { return dialog->IsShownOnScreen() && dialog->IsActive(); }, 20, "the dialog");
+            settle();
+            script(*dialog);
+            if (dialog->IsModal()) {
+                ADD_FAILURE() << "the dialog is still open";
+                dialog->EndModal(wxID_ABORT);
+            }
+        });
+    });
+}
+
 void kitWindowTest::press(wxWindow & parent, char const * id)
 {
     auto * const button = find<wxWindow>(parent, id);

@@ -35,6 +35,10 @@ protected:
     /// is closed.
     static int show_modal(wxDialog & dialog, std::function<void()> const & script, int seconds = 30);
 
+    /// The dialog that `boxes` meets next is shown, and `script` runs in its loop; fails the test when that
+    /// leaves it open.
+    static void expect_dialog(kitModal & boxes, std::function<void(wxDialog &)> const & script);
+
     /// The control of an identifier in the resource files; fails the test when it is not there.
     template <class T>
     static T * find(wxWindow & parent, char const * id)

@@ -32,22 +32,6 @@ protected:
     }
     aniUsageRecord record() const { return m_reporter.usage_record(); }
 
-    /// The next dialog is shown, and the script works in it until it is closed.
-    static void expect_dialog(kitModal & boxes, std::function<void(wxDialog &)> const & script)
-    {
-        boxes.expect([script](wxDialog * dialog) {
-            dialog->CallAfter([dialog, script] {
-                run_until([&] { return dialog->IsShownOnScreen() && dialog->IsActive(); }, 20, "the dialog");
-                settle();
-                script(*dialog);
-                if (dialog->IsModal()) {
-                    ADD_FAILURE() << "the dialog is still open";
-                    dialog->EndModal(wxID_ABORT);
-                }
-            });
-            return static_cast<int>(wxID_NONE);
-        });
-    }
     void at_start(std::function<void(wxDialog &)> const & script)
     {
         kitModal boxes;
