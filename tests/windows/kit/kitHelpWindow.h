@@ -1,6 +1,5 @@
 #pragma once
 
-#include "windows/kit/kitModal.h"
 #include "windows/kit/kitWindowTest.h"
 
 #include <string>
@@ -8,6 +7,7 @@
 #include <wx/html/helpdlg.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlwin.h>
+#include <wx/timer.h>
 
 /// The help window of that kind that is open, or null.
 template <class Window>
@@ -23,26 +23,26 @@ Window * kit_help_window()
 template <class Test>
 class kitHelpOverDialog : public Test {
 protected:
-    /// Does what opens the help over a dialog that is modal, and gives the page of the book that it was about
-    /// to show. It is closed before the user would see it.
+    /// Does what opens the help over a dialog that is modal, and gives the page of the book that it showed
+    /// before it was closed.
     static std::string help_page_over_dialog(std::function<void()> const & open)
     {
+        // Whichever of the nested event loops runs, the timer looks for the help.
         std::string page;
-        kitModal help;
-        help.expect([&](wxDialog * dialog) {
-            if (auto * const window = dynamic_cast<wxHtmlHelpDialog *>(dialog))
-                page = page_of(*window->GetController()).AfterLast(':').utf8_string();
-            return wxID_CANCEL;
+        wxTimer look;
+        look.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+            auto * const help = kit_help_window<wxHtmlHelpDialog>();
+            if (!help || !help->IsModal())
+                return;
+            look.Stop();
+            auto const & html = *help->GetController()->GetHelpWindow()->GetHtmlWindow();
+            page = html.GetOpenedPage().AfterLast(':').utf8_string();
+            help->Close();
         });
+        look.Start(20);
         open();
         Test::run_until([&] { return !page.empty(); }, 20, "the help");
         Test::settle();
         return page;
-    }
-
-private:
-    static wxString page_of(wxHtmlHelpController & controller)
-    {
-        return controller.GetHelpWindow()->GetHtmlWindow()->GetOpenedPage();
     }
 };

@@ -197,6 +197,24 @@ TEST_F(HelpBook, ShowsItsContentsAndATopic)
     settle();
 }
 
+TEST_F(HelpBook, ShowsItsContentsInTheLettersOfALanguage)
+{
+    class InJapanese : public sglHelpDisplayer {
+    public:
+        using sglHelpDisplayer::sglHelpDisplayer;
+        utString language() const override { return "ja"; }
+    };
+    {
+        InJapanese help(&app(), m_frame);
+        help.show_help();
+        auto const & contents = help.GetHelpData()->GetContentsArray();
+        ASSERT_GT(contents.size(), 1u);
+        EXPECT_EQ(contents[0].name.utf8_string(), "Crosswalk ヘルプ");
+        EXPECT_EQ(contents[1].name.utf8_string(), "はじめに");
+    }
+    settle();
+}
+
 TEST_F(HelpBook, FindsWordsInItsIndexAndInItsText)
 {
     {
