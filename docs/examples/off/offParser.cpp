@@ -148,9 +148,10 @@ bool offParser::fail(sdkText const & text)
 bool offParser::unexpected(std::string_view found, char const * expected)
 {
     if (found.empty()) {
-        return fail(sdkText("off::%s is not a whole OFF file: it ends at line %d, where %s should come; export "
-                            "or copy it again",
-                            m_file, m_line, expected));
+        return fail(
+            sdkText("off::%s is not a whole OFF file: it ends at line %d, where %s should come; export "
+                    "or copy it again",
+                    m_file, m_line, expected));
     }
     constexpr std::size_t shown = 40;
     return fail(

@@ -13,9 +13,8 @@ namespace {
 
 Handle(Poly_Triangulation) make_triangulation(offMesh const & mesh, double unit)
 {
-    Handle(Poly_Triangulation) const made =
-        new Poly_Triangulation(static_cast<int>(mesh.points.size()), static_cast<int>(mesh.triangles.size()),
-                               Standard_False);
+    Handle(Poly_Triangulation) const made = new Poly_Triangulation(
+        static_cast<int>(mesh.points.size()), static_cast<int>(mesh.triangles.size()), Standard_False);
     int number = 0;
     for (auto const & point : mesh.points) {
         made->SetNode(++number, gp_Pnt(point * unit));
