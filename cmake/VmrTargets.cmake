@@ -13,6 +13,16 @@ set(VMR_BIN_DIR bin)
 set(VMR_LIBEXEC_DIR libexec/vmr)
 set(VMR_TRANSLATOR_DIR lib/vmr/translators)
 set(VMR_DATA_DIR share/vmr)
+set(VMR_DOC_DIR share/doc/${VMR_PACKAGE_NAME})
+
+# What the authors of format modules install: headers, libraries, the description for CMake.
+set(VMR_SDK_INCLUDE_DIR include/vmr)
+set(VMR_SDK_LIBRARY_DIR lib/vmr/sdk)
+set(VMR_SDK_CMAKE_DIR lib/cmake/vmr)
+set(VMR_SDK_DOC_DIR share/doc/${VMR_PACKAGE_NAME}-dev)
+
+# What says nothing else belongs to the program; the other component is "development".
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
 
 find_package(Threads REQUIRED)
 
@@ -37,12 +47,13 @@ function(vmr_library name)
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/..)
-    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES} PRIVATE vmr_options ${ARG_PRIVATE_LIBRARIES})
+    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/..>)
+    target_link_libraries(${name} PUBLIC ${ARG_LIBRARIES}
+                          PRIVATE $<BUILD_INTERFACE:vmr_options> ${ARG_PRIVATE_LIBRARIES})
     target_compile_features(${name} PUBLIC cxx_std_20)
   else()
     add_library(${name} INTERFACE)
-    target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR}/..)
+    target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/..>)
     target_link_libraries(${name} INTERFACE ${ARG_LIBRARIES})
     target_compile_features(${name} INTERFACE cxx_std_20)
   endif()
@@ -102,4 +113,14 @@ function(vmr_test name)
     return()
   endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
+endfunction()
+
+# vmr_compressed(file result): the rule that compresses a file as documents of packages are, the same with each build.
+find_program(GZIP_EXECUTABLE gzip REQUIRED)
+function(vmr_compressed file result)
+  add_custom_command(
+    OUTPUT ${result}
+    COMMAND ${GZIP_EXECUTABLE} -9nc ${file} > ${result}
+    DEPENDS ${file}
+    VERBATIM)
 endfunction()

@@ -1,0 +1,38 @@
+# What the product is called is written once, in data/product.in. The rest of the build has it from here:
+# VMR_PRODUCT_NAME, VMR_COMPANY_NAME, and VMR_PACKAGE_NAME, which packages, folders of documents and files of
+# desktops are named after.
+set(product_file ${PROJECT_SOURCE_DIR}/data/product.in)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${product_file})
+foreach(field product_name company_name)
+  file(STRINGS ${product_file} line REGEX "^${field} = ")
+  string(REGEX REPLACE "^[^=]*= *" "" value "${line}")
+  if(value STREQUAL "")
+    message(FATAL_ERROR "${product_file} has no ${field}")
+  endif()
+  string(TOUPPER VMR_${field} variable)
+  set(${variable} "${value}")
+endforeach()
+string(TOLOWER "${VMR_PRODUCT_NAME}" VMR_PACKAGE_NAME)
+string(REPLACE " " "-" VMR_PACKAGE_NAME "${VMR_PACKAGE_NAME}")
+string(TOLOWER "${VMR_COMPANY_NAME}" VMR_COMPANY_DOMAIN)
+string(REGEX REPLACE "[^a-z0-9]" "" VMR_COMPANY_DOMAIN "${VMR_COMPANY_DOMAIN}")
+
+# What a version changed, and when it came out, stands in data/package/changelog.in; its newest entry is of this
+# version. VMR_PACKAGE_RELEASE counts the packages made of one version; VMR_RELEASE_DATE is as in 2026-11-21.
+set(changelog ${PROJECT_SOURCE_DIR}/data/package/changelog.in)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changelog})
+file(STRINGS ${changelog} line LIMIT_COUNT 1)
+if(NOT line MATCHES "\\((.+)-([0-9]+)\\)" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "${changelog} does not begin with an entry for the version ${PROJECT_VERSION}")
+endif()
+set(VMR_PACKAGE_RELEASE ${CMAKE_MATCH_2})
+file(STRINGS ${changelog} lines REGEX "^ -- ")
+list(GET lines 0 line)
+if(NOT line MATCHES ", ([0-9][0-9]) ([A-Z][a-z][a-z]) ([0-9][0-9][0-9][0-9]) ")
+  message(FATAL_ERROR "${changelog}: the newest entry has no date: ${line}")
+endif()
+set(months Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec)
+list(FIND months ${CMAKE_MATCH_2} month)
+math(EXPR month "${month} + 101")
+string(SUBSTRING ${month} 1 2 month)
+set(VMR_RELEASE_DATE ${CMAKE_MATCH_3}-${month}-${CMAKE_MATCH_1})
