@@ -39,10 +39,11 @@ private:
     int run_command_line();
     void open_main_window();
     void complete_menu(wxMenuBar & bar);
-    wxIconBundle icons() const;
+    wxIconBundle const & icons();
 
     std::string m_command_line;
     sglWxMessageDisplayer m_displayer;
     sglTabDlg * m_window = nullptr; // belongs to the toolkit
+    wxIconBundle m_icons;
     std::unique_ptr<sglHelpDisplayer> m_help;
 };

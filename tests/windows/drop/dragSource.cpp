@@ -1,6 +1,6 @@
 // drag-source PATH...: a window that stands for a file manager. Pressing the mouse in it drags the files to
 // wherever the mouse is released; their names go out as they are, byte for byte. Says on standard output where
-// its middle is, whether the window under the mouse would take the files, and how the drag ended.
+// its middle is, and of each drag its start and how it ended.
 
 #include <cstdio>
 #include <glib.h>
@@ -18,12 +18,6 @@ public:
     {
         m_files.SetData(uri_list.size(), uri_list.data());
         SetData(m_files);
-    }
-    bool GiveFeedback(wxDragResult effect) override
-    {
-        std::puts(effect == wxDragCopy || effect == wxDragMove ? "taken" : "refused");
-        std::fflush(stdout);
-        return false;
     }
 
 private:
@@ -43,6 +37,8 @@ public:
 private:
     void OnPress(wxMouseEvent &)
     {
+        std::puts("dragging");
+        std::fflush(stdout);
         wxDragResult const end = Source(this).DoDragDrop(wxDrag_CopyOnly);
         std::puts(end == wxDragCopy || end == wxDragMove ? "dropped" : "not dropped");
         std::fflush(stdout);

@@ -57,20 +57,14 @@ wxPoint kitFileManager::middle()
     return place;
 }
 
-bool kitFileManager::sees_a_taker()
+bool kitFileManager::drags()
 {
     listen();
-    return m_said.ends_with("taken\n");
+    return m_said.ends_with("dragging\n");
 }
 
 bool kitFileManager::has_dropped()
 {
     listen();
     return m_said.ends_with("\ndropped\n");
-}
-
-bool kitFileManager::has_failed()
-{
-    listen();
-    return m_said.ends_with("\nnot dropped\n");
 }

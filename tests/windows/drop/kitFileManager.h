@@ -16,9 +16,9 @@ public:
 
     bool ready();        ///< whether its window is there
     wxPoint middle();    ///< of the window, on the screen; once it is ready
-    bool sees_a_taker(); ///< whether what the mouse was last over would take the files
-    bool has_dropped();
-    bool has_failed(); ///< to drop
+    bool drags();        ///< whether the mouse is dragging the files at the moment
+    bool has_dropped();  ///< whether the last drag ended over something that took the files
+    std::string const & said() const { return m_said; }
 
 private:
     void listen();

@@ -4,10 +4,12 @@
 #include "kit/kitAsOrdinaryUser.h"
 #include "sglMergeFiles.h"
 #include "sglSingleFile.h"
+#include "windows/kit/kitFileChooser.h"
 #include "windows/pages/kitBatchPage.h"
 
 #include <gmock/gmock.h>
 #include <sys/mount.h>
+#include <wx/filedlg.h>
 
 namespace {
 
@@ -130,22 +132,24 @@ TEST_F(BadInput, EveryNameComesBackFromTheToolkitsPathsAsItWas)
     }
 }
 
-TEST_F(BadInput, ANameThatIsNoTextIsDroppedAndTranslatedLikeAnyOther)
+TEST_F(BadInput, ANameThatIsNoTextIsTakenAsItIsAndRefusedInPlainWordsByTheTranslation)
 {
     if (!have_samples())
         GTEST_SKIP() << "no sample files are installed";
     auto * const page = open<sglSingleFile>(kit_single_page);
-    // Its neighbour has the name that a careless conversion would make of it.
-    folder().write("caf.stp", "not this one");
-    folder().write("caf?.stp", "nor this one");
+    // Its neighbours have the names that a careless conversion would make of it.
+    for (char const * const other : {"caf.stp", "caf?.stp", "caf\xc3\xa9.stp", "caf\xef\xbf\xbd.stp"})
+        sample("step/screw.step", other);
     auto const file = sample("step/screw.step", latin1);
+    auto const files = folder().count();
     drop({file});
     EXPECT_EQ(page->input_row(0).filename(), utString(file));
     EXPECT_EQ(input_format(), "STEP");
     EXPECT_EQ(page->output_row(0).filename(), utString(folder() / "caf\xe9.igs"));
     EXPECT_FALSE(list(kit_single_page.input_list).GetItemText(0).utf8_string().empty());
-    EXPECT_EQ(translated(), "Translation completed successfully");
-    EXPECT_GT(std::filesystem::file_size(folder() / "caf\xe9.igs"), 10'000u);
+    EXPECT_THAT(translated(), HasSubstr("Unable to read input file"));
+    EXPECT_THAT(errors(), HasSubstr("is not valid UTF-8 text. Rename the file or the folder."));
+    EXPECT_EQ(folder().count(), files) << "another file was translated";
 }
 
 TEST_F(BadInput, ANameThatIsNoTextIsBrowsedForLikeAnyOther)
@@ -156,7 +160,8 @@ TEST_F(BadInput, ANameThatIsNoTextIsBrowsedForLikeAnyOther)
     kitModal boxes;
     boxes.expect([&](wxDialog * shown) {
         auto & dialog = dynamic_cast<wxFileDialog &>(*shown);
-        dialog.SetPath(wxtStringConverter::path_to_wx(utString(file)));
+        kitFileChooser const chooser(dialog);
+        chooser.choose(file);
         run_until([&] { return wxtStringConverter::path_to_ut(dialog.GetPath()) == utString(file); }, 20,
                   "the file");
         return static_cast<int>(wxID_OK);

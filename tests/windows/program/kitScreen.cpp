@@ -92,16 +92,3 @@ int kitScreen::windows(pid_t process) const
         count += m_connection->belongs(static_cast<Window>(window), process);
     return count;
 }
-
-void kitScreen::close_active() const
-{
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = m_connection->active();
-    event.xclient.message_type = m_connection->atom("_NET_CLOSE_WINDOW");
-    event.xclient.format = 32;
-    event.xclient.data.l[1] = 2; // from a pager, which speaks for the user
-    XSendEvent(m_connection->display, m_connection->root(), False,
-               SubstructureNotifyMask | SubstructureRedirectMask, &event);
-    XSync(m_connection->display, False);
-}

@@ -16,8 +16,6 @@ public:
     std::string active_title(pid_t process) const;
     /// How many windows the process has on the display.
     int windows(pid_t process) const;
-    /// Asks the window with the focus to close, as the button in its frame does.
-    void close_active() const;
 
 private:
     struct Connection;

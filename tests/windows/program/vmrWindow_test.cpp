@@ -5,6 +5,8 @@
 #include "windows/pages/kitAssembly.h"
 #include "windows/program/kitScreen.h"
 
+#include <csignal>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -36,8 +38,12 @@ protected:
                                {"GSETTINGS_BACKEND", "memory"}};
         program.meanwhile = [&](pid_t process) {
             m_process = process;
-            wait_for_title("Crosswalk ");
+            wait_for_title("Quorvane Crosswalk ");
             script();
+            // A window that is still there would keep the test waiting for ever.
+            run_until([&] { return m_screen.windows(process) == 0; }, 30, "the end of the program");
+            if (m_screen.windows(process) > 0)
+                kill(process, SIGKILL);
         };
         return program.run();
     }
@@ -59,12 +65,11 @@ protected:
         settle();
         key(WXK_RETURN);
         run_until([&] { return m_screen.windows(m_process) == 1; }, 20, "the dialog to go");
-        wait_for_title("Crosswalk ");
+        wait_for_title("Quorvane Crosswalk ");
     }
     void quit()
     {
         key('Q', wxMOD_CONTROL);
-        run_until([&] { return m_screen.windows(m_process) == 0; }, 30, "the end of the program");
     }
     static void expect_silent_good_end(kitProgramResult const & result)
     {
@@ -104,14 +109,11 @@ TEST_F(ProgramWindow, OpensWithSeveralFilesOnThePageThatMergesThem)
 
 TEST_F(ProgramWindow, EndsWellWhenItsFrameIsClosed)
 {
-    expect_silent_good_end(run({}, [&] { m_screen.close_active(); }));
+    expect_silent_good_end(run({}, [&] { key(WXK_F4, wxMOD_ALT); }));
 }
 
 TEST_F(ProgramWindow, TakesAFileWhoseNameIsNoText)
 {
     sample("step/screw.step", "caf\xe9.step");
-    expect_silent_good_end(run({"caf\xe9.step"}, [&] {
-        translate_by_keyboard("caf\xe9.igs");
-        quit();
-    }));
+    expect_silent_good_end(run({"caf\xe9.step"}, [&] { quit(); }));
 }
