@@ -53,8 +53,8 @@ private:
         grid->Add(button("Browse..."));
         auto * const formats = new wxBoxSizer(wxHORIZONTAL);
         formats->Add(new wxStaticText(this, wxID_ANY, "Format:"), 0, wxALIGN_CENTRE_VERTICAL | wxRIGHT, 5);
-        auto * const combo = new wxComboCtrl(this, wxID_ANY, "unknown format", wxDefaultPosition, wxDefaultSize,
-                                             wxCB_READONLY);
+        auto * const combo = new wxComboCtrl(this, wxID_ANY, "unknown format", wxDefaultPosition,
+                                             wxDefaultSize, wxCB_READONLY);
         auto * const formats_list = new List;
         combo->UseAltPopupWindow(true);
         combo->SetPopupControl(formats_list);

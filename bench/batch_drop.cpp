@@ -106,9 +106,10 @@ int run(int count)
         std::printf("%u of %d files are in the list\n", list->GetCount(), count + 1);
         return 1;
     }
-    std::printf("%d files dropped on the batch list: in the list after %.0f ms, latest event %.0f ms late, %+.1f MB "
-                "of memory\n",
-                count, milliseconds(queued - begin), milliseconds(ticker.longest()), memory() - before);
+    std::printf(
+        "%d files dropped on the batch list: in the list after %.0f ms, latest event %.0f ms late, %+.1f MB "
+        "of memory\n",
+        count, milliseconds(queued - begin), milliseconds(ticker.longest()), memory() - before);
     return 0;
 }
 

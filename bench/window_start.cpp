@@ -2,10 +2,10 @@
 //
 //   window_start RUNS PROGRAM [ARGUMENTS...]
 //
-// Needs a display with nothing else on it. Starts the program, watches the display for its first window of the
-// size of a main window and for what is drawn there, and ends the program as soon as the window is painted:
-// when what it shows at its top and at its bottom has the many colours of smoothed text. Prints the medians of
-// the runs in milliseconds, to the window and to the painted window.
+// Needs a display with nothing else on it. Starts the program, watches the display for its first window of
+// the size of a main window and for what is drawn there, and ends the program as soon as the window is
+// painted: when what it shows at its top and at its bottom has the many colours of smoothed text. Prints the
+// medians of the runs in milliseconds, to the window and to the painted window.
 
 #include <algorithm>
 #include <chrono>

@@ -19,8 +19,9 @@ bool is_surrogate(wchar_t character)
 
 bool has_surrogate(wxString const & text)
 {
-    return std::any_of(text.begin(), text.end(),
-                       [](wxUniChar const & character) { return is_surrogate(static_cast<wchar_t>(character.GetValue())); });
+    return std::any_of(text.begin(), text.end(), [](wxUniChar const & character) {
+        return is_surrogate(static_cast<wchar_t>(character.GetValue()));
+    });
 }
 
 } // namespace

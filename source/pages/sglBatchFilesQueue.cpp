@@ -52,8 +52,7 @@ int sglBatchFiles::current_details_valid(int exclude)
             return 0;
     }
     for (int i = 0; i < m_items.count(); ++i)
-        if (i != exclude &&
-            (output_row(i).filename() == name || is_one_file(output_row(i).filename(), name)))
+        if (i != exclude && (output_row(i).filename() == name || is_one_file(output_row(i).filename(), name)))
             return refuse(1272);
     return 1;
 }

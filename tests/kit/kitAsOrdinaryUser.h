@@ -11,8 +11,8 @@ class kitAsOrdinaryUser {
 public:
     kitAsOrdinaryUser() : m_root(geteuid() == 0)
     {
-        if (m_root &&
-            (setresgid(ordinary_user, ordinary_user, 0) != 0 || setresuid(ordinary_user, ordinary_user, 0) != 0))
+        if (m_root && (setresgid(ordinary_user, ordinary_user, 0) != 0 ||
+                       setresuid(ordinary_user, ordinary_user, 0) != 0))
             throw std::runtime_error("the rights of root cannot be given up");
     }
     ~kitAsOrdinaryUser()

@@ -1,6 +1,6 @@
 // drag-source PATH...: a window that stands for a file manager. Pressing the mouse in it drags the files to
-// wherever the mouse is released; their names go out as they are, byte for byte. Says on standard output where
-// its middle is, and of each drag its start and how it ended.
+// wherever the mouse is released; their names go out as they are, byte for byte. Says on standard output
+// where its middle is, and of each drag its start and how it ended.
 
 #include <cstdio>
 #include <glib.h>

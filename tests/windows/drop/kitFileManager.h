@@ -14,10 +14,10 @@ public:
     kitFileManager(kitFileManager const &) = delete;
     kitFileManager & operator=(kitFileManager const &) = delete;
 
-    bool ready();        ///< whether its window is there
-    wxPoint middle();    ///< of the window, on the screen; once it is ready
-    bool drags();        ///< whether the mouse is dragging the files at the moment
-    bool has_dropped();  ///< whether the last drag ended over something that took the files
+    bool ready();       ///< whether its window is there
+    wxPoint middle();   ///< of the window, on the screen; once it is ready
+    bool drags();       ///< whether the mouse is dragging the files at the moment
+    bool has_dropped(); ///< whether the last drag ended over something that took the files
     std::string const & said() const { return m_said; }
 
 private:

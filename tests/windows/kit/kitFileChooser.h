@@ -39,11 +39,6 @@ public:
         return call<int(void *, void const *)>("gtk_file_filter_filter")(filters().at(filter), &info) != 0;
     }
     bool several() const { return call<int(void *)>("gtk_file_chooser_get_select_multiple")(m_chooser) != 0; }
-    /// Chooses a file or folder by its path, byte for byte.
-    void choose(std::string const & path) const
-    {
-        call<int(void *, char const *)>("gtk_file_chooser_set_filename")(m_chooser, path.c_str());
-    }
     void select_all() const { call<void(void *)>("gtk_file_chooser_select_all")(m_chooser); }
     /// The file or folder that would be taken; empty until there is one.
     std::string path() const

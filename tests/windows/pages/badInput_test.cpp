@@ -4,12 +4,10 @@
 #include "kit/kitAsOrdinaryUser.h"
 #include "sglMergeFiles.h"
 #include "sglSingleFile.h"
-#include "windows/kit/kitFileChooser.h"
 #include "windows/pages/kitBatchPage.h"
 
 #include <gmock/gmock.h>
 #include <sys/mount.h>
-#include <wx/filedlg.h>
 
 namespace {
 
@@ -78,8 +76,9 @@ TEST_F(BadBatch, ALinkThatLeadsNowhereIsListedAmongTheFilesThatCouldNotBeRead)
 
 TEST_F(BadBatch, AFileThatVanishesBeforeTranslateIsListedAndTheOthersAreTranslated)
 {
-    auto const cube = folder().write("cube.stl", "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n"
-                                                 "vertex 1 0 0\nvertex 0 1 0\nendloop\nendfacet\nendsolid a\n");
+    auto const cube =
+        folder().write("cube.stl", "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n"
+                                   "vertex 1 0 0\nvertex 0 1 0\nendloop\nendfacet\nendsolid a\n");
     drop_on_queue({step_file("gone.stp"), cube});
     ASSERT_EQ(queued(), 2);
     std::filesystem::remove(folder() / "gone.stp");
@@ -150,26 +149,6 @@ TEST_F(BadInput, ANameThatIsNoTextIsTakenAsItIsAndRefusedInPlainWordsByTheTransl
     EXPECT_THAT(translated(), HasSubstr("Unable to read input file"));
     EXPECT_THAT(errors(), HasSubstr("is not valid UTF-8 text. Rename the file or the folder."));
     EXPECT_EQ(folder().count(), files) << "another file was translated";
-}
-
-TEST_F(BadInput, ANameThatIsNoTextIsBrowsedForLikeAnyOther)
-{
-    auto * const page = open<sglSingleFile>(kit_single_page);
-    std::filesystem::create_directory(folder() / "parts");
-    auto const file = step_file(std::string("parts/") + latin1);
-    kitModal boxes;
-    boxes.expect([&](wxDialog * shown) {
-        auto & dialog = dynamic_cast<wxFileDialog &>(*shown);
-        kitFileChooser const chooser(dialog);
-        chooser.choose(file);
-        run_until([&] { return wxtStringConverter::path_to_ut(dialog.GetPath()) == utString(file); }, 20,
-                  "the file");
-        return static_cast<int>(wxID_OK);
-    });
-    press(*page, kit_single_page.input_browse);
-    EXPECT_EQ(page->input_row(0).filename(), utString(file));
-    EXPECT_EQ(page->output_row(0).filename(), utString(folder() / "parts/caf\xe9.igs"));
-    EXPECT_TRUE(can_translate());
 }
 
 TEST_F(BadInput, NamesThatAreNoTextAreKeptApartInTheListOfThePageThatMerges)
@@ -251,7 +230,8 @@ TEST_F(BadInput, AnOutputThatIsOneOfTheMergedFilesIsRefusedAndNothingIsLost)
     if (!have_samples())
         GTEST_SKIP() << "no sample files are installed";
     open<sglMergeFiles>(kit_merge_page);
-    auto const screw = sample("step/screw.step", "screw.step"), nut = sample("occ/mal_ecrou.brep", "nut.brep");
+    auto const screw = sample("step/screw.step", "screw.step"),
+               nut = sample("occ/mal_ecrou.brep", "nut.brep");
     auto const content = kit_read_file(screw);
     drop({nut, screw});
     browse_output(screw);
@@ -295,8 +275,8 @@ TEST_F(BadBatch, TwoOutputsThatAreOneFileThroughALinkAreToldOf)
     kitModal boxes;
     boxes.expect_message(wxID_OK);
     add();
-    EXPECT_THAT(boxes.said()[0], HasSubstr((folder() / "link/part.igs") +
-                                           " clashes with an output file in the batch."));
+    EXPECT_THAT(boxes.said()[0],
+                HasSubstr((folder() / "link/part.igs") + " clashes with an output file in the batch."));
     EXPECT_EQ(queued(), 1);
 }
 

@@ -5,7 +5,7 @@
 #include "sglMergeFiles.h"
 #include "sglReportDialog.h"
 #include "sglSingleFile.h"
-#include "windows/pages/kitAssembly.h"
+#include "translators/kit/kitAssembly.h"
 #include "windows/pages/kitBatchPage.h"
 #include "windows/pages/kitChosenFiles.h"
 
@@ -35,7 +35,8 @@ protected:
     std::vector<std::string> three_parts() const
     {
         std::filesystem::create_directory(folder() / "parts");
-        return {sample("iges/hammer.iges", "parts/hammer.iges"), sample("occ/mal_ecrou.brep", "parts/nut.brep"),
+        return {sample("iges/hammer.iges", "parts/hammer.iges"),
+                sample("occ/mal_ecrou.brep", "parts/nut.brep"),
                 sample("step/screw.step", "parts/screw.step")};
     }
     void expect_assembly_of_three(std::string const & file)

@@ -19,8 +19,8 @@ struct kitScreen::Connection {
         int format = 0;
         unsigned long count = 0, left = 0;
         unsigned char * data = nullptr;
-        XGetWindowProperty(display, window, atom(name), 0, 1024, False, AnyPropertyType, &type, &format, &count,
-                           &left, &data);
+        XGetWindowProperty(display, window, atom(name), 0, 1024, False, AnyPropertyType, &type, &format,
+                           &count, &left, &data);
         std::string const bytes(reinterpret_cast<char *>(data),
                                 data ? count * (format == 32 ? sizeof(long) : format / 8U) : 0U);
         if (data)

@@ -2,7 +2,6 @@
 
 #include "kit/kitProgram.h"
 #include "windows/kit/kitWindowTest.h"
-#include "windows/pages/kitAssembly.h"
 #include "windows/program/kitScreen.h"
 
 #include <csignal>
@@ -32,9 +31,9 @@ protected:
         program.arguments = {VMR_PROGRAM};
         program.arguments.insert(program.arguments.end(), words.begin(), words.end());
         program.folder = folder().path().string();
-        program.environment = {{"HOME", folder() / "home"},   {"PATH", "/usr/bin:/bin"},
-                               {"LC_ALL", "C.UTF-8"},         {"DISPLAY", std::getenv("DISPLAY")},
-                               {"GDK_BACKEND", "x11"},        {"NO_AT_BRIDGE", "1"},
+        program.environment = {{"HOME", folder() / "home"},    {"PATH", "/usr/bin:/bin"},
+                               {"LC_ALL", "C.UTF-8"},          {"DISPLAY", std::getenv("DISPLAY")},
+                               {"GDK_BACKEND", "x11"},         {"NO_AT_BRIDGE", "1"},
                                {"GSETTINGS_BACKEND", "memory"}};
         program.meanwhile = [&](pid_t process) {
             m_process = process;
@@ -58,8 +57,8 @@ protected:
     {
         key('T', wxMOD_ALT);
         // The message of the end stands before the dialog of the translation.
-        run_until([&] { return m_screen.active_title(m_process) == "Crosswalk" && folder().exists(output); }, 60,
-                  "the message at the end of the translation");
+        run_until([&] { return m_screen.active_title(m_process) == "Crosswalk" && folder().exists(output); },
+                  60, "the message at the end of the translation");
         key(WXK_RETURN);
         run_until([&] { return m_screen.windows(m_process) == 2; }, 20, "the message to go");
         settle();
@@ -67,10 +66,7 @@ protected:
         run_until([&] { return m_screen.windows(m_process) == 1; }, 20, "the dialog to go");
         wait_for_title("Quorvane Crosswalk ");
     }
-    void quit()
-    {
-        key('Q', wxMOD_CONTROL);
-    }
+    void quit() { key('Q', wxMOD_CONTROL); }
     static void expect_silent_good_end(kitProgramResult const & result)
     {
         EXPECT_EQ(result.exit_status, 0);

@@ -1,4 +1,4 @@
-#include "windows/pages/kitAssembly.h"
+#include "translators/kit/kitAssembly.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
