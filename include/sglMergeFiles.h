@@ -30,6 +30,7 @@ private:
     void add_multiple_files(utStringcoPageArr const & files);
     int selected_line() const; ///< or -1
     bool add_staged_file();
+    bool is_in_list(wxString const & name) const; ///< by its whole text, byte for byte
 
     void OnInputBrowse(wxCommandEvent & event);
     void OnOutputBrowse(wxCommandEvent & event);

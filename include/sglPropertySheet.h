@@ -14,6 +14,8 @@ public:
     /// Does not make the window itself; that is for the derived class. `displayer` is not taken over.
     sglPropertySheet(wxWindow * parent, int has_menu, int expert, sglIMessageDisplayer const * displayer);
 
+    bool Show(bool show = true) override;
+
     int is_expert() const { return m_expert; }
     int return_code() const { return m_return_code; }
 
@@ -54,6 +56,7 @@ private:
     void OnWhatNewInCrosswalk(wxCommandEvent & event);
     void OnColourScheme(wxCommandEvent & event);
     void OnIdle(wxIdleEvent & event);
+    void OnFirstShow(wxShowEvent & event);
 
     int m_expert;
     int m_has_menu;
@@ -61,4 +64,5 @@ private:
     wxWindow * m_parent;
     int m_return_code = wxID_OK;
     sglIMessageDisplayer const * m_displayer;
+    bool m_was_shown = false;
 };

@@ -53,6 +53,8 @@ protected:
     /// Proposes an output for the input file. Returns 0, changing nothing, when no format can be proposed.
     int fill_output_fields(utString const & input_file, sglRow & output_row);
     void set_resource_file(sglRow const & row, wxListCtrl * list, int index);
+    /// Where a page takes one file, a folder is of no use to it; says so.
+    void tell_of_folder(utString const & path) const;
     void addFormatTypes();
 
     vmrabsAppInfo const * m_info;

@@ -8,6 +8,5 @@ wxString vmr_opened_file(utString const & argument)
 {
     std::error_code error;
     auto const path = std::filesystem::absolute(std::string(argument.view()), error);
-    return wxtStringConverter::to_wx(error ? argument.view()
-                                           : std::string_view(path.lexically_normal().native()));
+    return wxtStringConverter::path_to_wx(error ? argument : utString(path.lexically_normal().native()));
 }

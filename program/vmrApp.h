@@ -55,11 +55,12 @@ private:
     void ask_about_usage_data_when_idle();
     void remember_to_ask_about_usage_data();
     void add_usage_menu(wxMenuBar & bar);
-    wxIconBundle icons() const;
+    wxIconBundle const & icons();
 
     std::string m_command_line;
     sglWxMessageDisplayer m_displayer;
     sglTabDlg * m_window = nullptr; // belongs to the toolkit
+    wxIconBundle m_icons;
     std::unique_ptr<sglHelpDisplayer> m_help;
     vmrSplashEnd m_splash_end;
     bool m_splash_painted = false;

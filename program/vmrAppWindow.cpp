@@ -87,9 +87,12 @@ void vmrApp::do_idle_work(wxIdleEvent & event)
         event.RequestMore();
 }
 
-wxIconBundle vmrApp::icons() const
+wxIconBundle const & vmrApp::icons()
 {
-    wxIconBundle bundle;
+    wxIconBundle & bundle = m_icons;
+    // Unpacking them takes a good part of the start.
+    if (bundle.GetIconCount() > 0)
+        return bundle;
     for (auto const & directory : get_installation_dir(sdbHRKDirectory::product).directories()) {
         for (auto const * const size : {"16", "24", "32", "48", "64", "128", "256"}) {
             auto const file = directory.utf8() + "/icons/vmr-" + size + ".png";

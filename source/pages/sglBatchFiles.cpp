@@ -153,15 +153,19 @@ int sglBatchFiles::create_details(utString const & input_file)
 
 void sglBatchFiles::handle_dropped_files(wxArrayString const & files)
 {
-    if (!files.empty() && !files[0].empty() && create_details(wxtStringConverter::to_ut(files[0])))
+    if (files.empty() || files[0].empty())
+        return;
+    utString const file = wxtStringConverter::path_to_ut(files[0]);
+    if (create_details(file))
         sort_and_allow(true, false);
+    tell_of_folder(file);
 }
 
 void sglBatchFiles::show_file(wxListCtrl & list, sglRow const & row)
 {
     if (list.GetItemCount() > 0)
         list.DeleteItem(0);
-    list.InsertItem(0, wxtStringConverter::to_wx(row.filename()));
+    list.InsertItem(0, wxtStringConverter::path_to_wx(row.filename()));
     set_resource_file(row, &list, 0);
 }
 

@@ -12,8 +12,23 @@
 #include "wxt/wxtStringConverter.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <wx/button.h>
 #include <wx/listbox.h>
+
+namespace {
+
+/// Whether two different paths lead to one file, there or yet to be written, through links among their
+/// folders. The second output would take the place of the first without a word.
+bool is_one_file(utString const & a, utString const & b)
+{
+    std::filesystem::path const one = a.str(), other = b.str();
+    std::error_code none;
+    return one.filename() == other.filename() &&
+           std::filesystem::equivalent(one.parent_path(), other.parent_path(), none);
+}
+
+} // namespace
 
 sglBatchItem sglBatchFiles::details() const
 {
@@ -37,7 +52,7 @@ int sglBatchFiles::current_details_valid(int exclude)
             return 0;
     }
     for (int i = 0; i < m_items.count(); ++i)
-        if (i != exclude && output_row(i).filename() == name)
+        if (i != exclude && (output_row(i).filename() == name || is_one_file(output_row(i).filename(), name)))
             return refuse(1272);
     return 1;
 }
@@ -47,7 +62,7 @@ int sglBatchFiles::add_details_to_batch()
     if (!has_details() || !current_details_valid(-1))
         return 0;
     m_items.append(details());
-    m_batch_list->Append(wxtStringConverter::to_wx(m_current_input_row->filename()));
+    m_batch_list->Append(wxtStringConverter::path_to_wx(m_current_input_row->filename()));
     return 1;
 }
 
@@ -88,7 +103,7 @@ void sglBatchFiles::files_dropped_into_list(wxArrayString const & files)
     int added = 0;
     utString failures;
     for (auto const & file : files) {
-        utString const name = wxtStringConverter::to_ut(file);
+        utString const name = wxtStringConverter::path_to_ut(file);
         if (!name.empty() && create_details(name) && add_details_to_batch()) {
             ++added;
             continue;

@@ -14,7 +14,7 @@ int sglWxFileChooser::file_dialog(utString const & title, utString const & filte
     wxFileDialog dialog(m_parent, wxtStringConverter::to_wx(title), wxString(), wxString(),
                         sgl_toolkit_filter(wxtStringConverter::to_wx(filter)), style);
     bool const chosen = dialog.ShowModal() == wxID_OK;
-    file = chosen ? wxtStringConverter::to_ut(dialog.GetPath()) : utString();
+    file = chosen ? wxtStringConverter::path_to_ut(dialog.GetPath()) : utString();
     return chosen ? 1 : 0;
 }
 
@@ -40,6 +40,6 @@ int sglBrowseDialog(wxWindow * parent, utString & directory)
     wxDirDialog dialog(parent, wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1051)), wxString(),
                        wxDD_DEFAULT_STYLE);
     bool const chosen = dialog.ShowModal() == wxID_OK;
-    directory = chosen ? wxtStringConverter::to_ut(dialog.GetPath()) : utString();
+    directory = chosen ? wxtStringConverter::path_to_ut(dialog.GetPath()) : utString();
     return chosen ? 1 : 0;
 }

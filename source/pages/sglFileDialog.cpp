@@ -106,7 +106,7 @@ void sglFileDialog::show_file(utString const & file)
 {
     if (has_row())
         m_list->DeleteItem(0);
-    m_list->InsertItem(0, wxtStringConverter::to_wx(file));
+    m_list->InsertItem(0, wxtStringConverter::path_to_wx(file));
 }
 
 void sglFileDialog::set_details(utString const & file, int & failed)
@@ -122,7 +122,7 @@ void sglFileDialog::set_format_type(int & failed)
     utString const file = file_name();
     auto const * const translator = translator_for_file(file);
     if (!translator && sdu_check_file_exists(file) == sduFileExists) {
-        wxString const name = wxtStringConverter::to_wx(file);
+        wxString const name = wxtStringConverter::path_to_wx(file);
         if (!wxFileExists(name) || !wxIsReadable(name))
             sglMessageBox("vmrgrlib", 1201, wxOK | wxICON_EXCLAMATION, file);
     }

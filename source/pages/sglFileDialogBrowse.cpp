@@ -66,7 +66,7 @@ int sglFileDialog::input_browse(utString & file)
     else
         paths.Add(dialog.GetPath());
     for (wxString const & path : paths)
-        m_selected_files.append(wxtStringConverter::to_ut(path));
+        m_selected_files.append(wxtStringConverter::path_to_ut(path));
     if (m_selected_files.count() == 1) {
         file = m_selected_files[0];
         int failed = 0;
@@ -85,7 +85,7 @@ int sglFileDialog::output_browse(sglRow & row, int & user_edited)
     if (code != wxID_OK)
         return code;
 
-    utString const path = wxtStringConverter::to_ut(dialog.GetPath());
+    utString const path = wxtStringConverter::path_to_ut(dialog.GetPath());
     if (!file_is_writable(path)) {
         sglMessageBox("vmrgrlib", 1119, wxICON_ERROR);
         return wxID_CANCEL;

@@ -8,5 +8,5 @@ std::optional<utString> sgl_list_cell(wxListCtrl const & list, long row, int col
 {
     if (row < 0 || row >= list.GetItemCount() || column < 0 || column >= list.GetColumnCount())
         return std::nullopt;
-    return wxtStringConverter::to_ut(list.GetItemText(row, column));
+    return wxtStringConverter::path_to_ut(list.GetItemText(row, column));
 }

@@ -6,5 +6,5 @@
 
 class wxListCtrl;
 
-/// The text of a cell of a report list; nothing when the list has no such cell.
+/// The text of a cell of a report list, which may be a path; nothing when the list has no such cell.
 std::optional<utString> sgl_list_cell(wxListCtrl const & list, long row, int column);

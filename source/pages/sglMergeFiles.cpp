@@ -97,14 +97,24 @@ void sglMergeFiles::OnOutputResource(wxCommandEvent & event)
     sglTranslateDialog::OnOutputResource(event, m_output_row);
 }
 
+// The toolkit's search takes names for the same that differ in case only; they are two files here.
+bool sglMergeFiles::is_in_list(wxString const & name) const
+{
+    auto const next = [&](long from) { return m_file_list->FindItem(from, name, false); };
+    for (long line = next(-1); line != wxNOT_FOUND; line = next(line + 1))
+        if (m_file_list->GetItemText(line) == name)
+            return true;
+    return false;
+}
+
 // Remove turns the button for it on, so that there may be nothing to add.
 bool sglMergeFiles::add_staged_file()
 {
     auto const file = sgl_list_cell(*m_input_list, 0, 0);
     if (!file || file->empty())
         return false;
-    wxString const name = wxtStringConverter::to_wx(*file);
-    if (m_file_list->FindItem(-1, name, false) != wxNOT_FOUND) {
+    wxString const name = wxtStringConverter::path_to_wx(*file);
+    if (is_in_list(name)) {
         sglMessageBox("vmrgrlib", 1240, wxOK);
         return false;
     }
@@ -149,7 +159,7 @@ void sglMergeFiles::handle_dropped_files(wxArrayString const & files)
     utStringcoPageArr names;
     for (auto const & file : files)
         if (!file.empty())
-            names.append(wxtStringConverter::to_ut(file));
+            names.append(wxtStringConverter::path_to_ut(file));
     add_multiple_files(names);
 }
 

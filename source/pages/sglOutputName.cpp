@@ -46,7 +46,7 @@ int outfile_name(utString const & input_format, utString const & input_file, sgl
 
 int file_is_writable(utString const & path)
 {
-    wxString const name = wxtStringConverter::to_wx(path);
+    wxString const name = wxtStringConverter::path_to_wx(path);
     if (wxFile::Exists(name))
         return wxFile::Access(name, wxFile::write) ? 1 : 0;
     wxLogNull const our_own_message_follows;

@@ -58,6 +58,29 @@ sglPropertySheet::sglPropertySheet(wxWindow * parent, int has_menu, int expert,
 {
 }
 
+// The platform lays a window out at the size of two pixels before it knows that of the window's frame, and a
+// menu bar complains of so little room. It joins in when the window has its size.
+bool sglPropertySheet::Show(bool show)
+{
+    if (show && !m_was_shown) {
+        m_was_shown = true;
+        if (GetMenuBar()) {
+            GetMenuBar()->Hide();
+            Bind(wxEVT_SHOW, &sglPropertySheet::OnFirstShow, this);
+        }
+    }
+    return wxFrame::Show(show);
+}
+
+void sglPropertySheet::OnFirstShow(wxShowEvent & event)
+{
+    event.Skip();
+    if (!event.IsShown())
+        return;
+    Unbind(wxEVT_SHOW, &sglPropertySheet::OnFirstShow, this);
+    GetMenuBar()->Show();
+}
+
 void sglPropertySheet::end_dialog(int code)
 {
     Hide();

@@ -120,10 +120,11 @@ void sglSingleFile::handle_dropped_files(wxArrayString const & files)
 {
     if (files.empty() || files[0].empty())
         return;
-    utString const file = wxtStringConverter::to_ut(files[0]);
+    utString const file = wxtStringConverter::path_to_ut(files[0]);
     int failed = 0;
     m_input_details.set_details(file, failed);
     if (!m_user_edited)
         fill_output_fields(file, m_output_row);
     take_input();
+    tell_of_folder(file);
 }

@@ -4,8 +4,12 @@
 #include "sglComboBox.h"
 #include "sglDialog.h"
 #include "sglDropFiles.h"
+#include "sglMessageBox.h"
+#include "sglNlsHelp.h"
 
+#include "pages/sglLabelKeys.h"
 #include "pages/sglListCell.h"
+#include "sdu/sduFileFunctions.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
@@ -49,6 +53,7 @@ int sglTranslateDialog::OnInitDialog()
 {
     m_input_details.initialise();
     m_output_details.initialise();
+    sgl_add_label_keys(*this);
     m_input_list->SetDropTarget(new sglDropFiles(this));
     addFormatTypes();
     m_output_combo->resize(this);
@@ -118,6 +123,13 @@ void sglTranslateDialog::set_resource_file(sglRow const & row, wxListCtrl * list
     long const at =
         sgl_list_cell(*list, index, 1) ? index : list->InsertItem(list->GetItemCount(), wxString());
     list->SetItem(at, 1, path.GetFullName());
+}
+
+void sglTranslateDialog::tell_of_folder(utString const & path) const
+{
+    if (sdu_check_directory_exists(path) == sduFileDirectoryExists)
+        sgl_show_error_text(getNlsHelp()->gsprintf(
+            "vmrgrlib", "d.messagebox::%s is a folder. Please choose the files in it instead.", path));
 }
 
 void sglTranslateDialog::OnCloseInputFormat(wxCommandEvent &)

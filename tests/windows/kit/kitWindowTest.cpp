@@ -21,11 +21,7 @@ void fail_on_assertion(wxString const & file, int line, wxString const & functio
 
 void fail_on_critical(char const * domain, GLogLevelFlags level, char const * message, void *)
 {
-    // The platform says so now and then at the first layout of a window with a menu bar, and lays it out
-    // well.
-    bool const known =
-        std::string_view(message).find("gtk_distribute_natural_allocation") != std::string_view::npos;
-    if (level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR) && !known)
+    if (level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR))
         ADD_FAILURE() << (domain ? domain : "") << ": " << message;
 }
 

@@ -66,7 +66,7 @@ protected:
     {
         wxArrayString files;
         for (auto const & name : names)
-            files.Add(wxtStringConverter::to_wx(std::string_view(name)));
+            files.Add(wxtStringConverter::path_to_wx(utString(name)));
         auto * const target = dynamic_cast<wxFileDropTarget *>(window.GetDropTarget());
         ASSERT_TRUE(target);
         EXPECT_TRUE(target->OnDropFiles(1, 1, files));

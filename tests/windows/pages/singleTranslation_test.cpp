@@ -138,6 +138,8 @@ TEST_F(SingleTranslation, NeverLosesAnInputThatIsTheOutputToo)
 TEST_F(SingleTranslation, ShowsADroppedFolderAndLeavesTranslateOff)
 {
     std::filesystem::create_directory(folder() / "parts");
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
     drop({folder() / "parts"});
     EXPECT_EQ(input_file(), folder() / "parts");
     EXPECT_EQ(input_format(), unknown());
@@ -227,6 +229,16 @@ TEST_F(SingleTranslation, IsWalkedThroughByTheTabKeyInItsOrder)
         key(WXK_TAB);
         auto * const wanted = find<wxWindow>(*m_page, next);
         run_until([&] { return wanted->HasFocus() || wanted->IsDescendant(wxWindow::FindFocus()); }, 5, next);
+    }
+}
+
+TEST_F(SingleTranslation, HasAKeyForEachFormatBox)
+{
+    focus(*find<wxWindow>(*m_page, ids.input_browse));
+    for (auto const & [letter, id] : {std::pair{'I', ids.input_format}, std::pair{'P', ids.output_format}}) {
+        key(letter, wxMOD_ALT);
+        auto * const wanted = find<wxWindow>(*m_page, id);
+        run_until([&] { return wanted->HasFocus() || wanted->IsDescendant(wxWindow::FindFocus()); }, 5, id);
     }
 }
 

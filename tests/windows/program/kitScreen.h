@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <sys/types.h>
+
+/// The windows on the display as the window manager tells of them: those of all programs.
+class kitScreen {
+public:
+    kitScreen();
+    ~kitScreen();
+    kitScreen(kitScreen const &) = delete;
+    kitScreen & operator=(kitScreen const &) = delete;
+
+    /// The title of the window that has the focus, where that is one of the process; else empty.
+    std::string active_title(pid_t process) const;
+    /// How many windows the process has on the display.
+    int windows(pid_t process) const;
+
+private:
+    struct Connection;
+    std::unique_ptr<Connection> m_connection;
+};

@@ -1,0 +1,115 @@
+// The program itself, started with a window and driven by the keyboard, as another process.
+
+#include "kit/kitProgram.h"
+#include "windows/kit/kitWindowTest.h"
+#include "windows/program/kitScreen.h"
+
+#include <csignal>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+class ProgramWindow : public kitWindowTest {
+protected:
+    void SetUp() override
+    {
+        kitWindowTest::SetUp();
+        if (!std::filesystem::exists(samples))
+            GTEST_SKIP() << "no sample files are installed";
+        std::filesystem::create_directories(folder() / "home");
+    }
+    std::string sample(std::string const & name, std::string const & as) const
+    {
+        std::filesystem::copy_file(samples / name, folder() / as);
+        return folder() / as;
+    }
+    /// Runs the program, and `script` once its window is there and has the focus.
+    kitProgramResult run(std::vector<std::string> const & words, std::function<void()> const & script)
+    {
+        kitProgram program;
+        program.arguments = {VMR_PROGRAM};
+        program.arguments.insert(program.arguments.end(), words.begin(), words.end());
+        program.folder = folder().path().string();
+        program.environment = {{"HOME", folder() / "home"},    {"PATH", "/usr/bin:/bin"},
+                               {"LC_ALL", "C.UTF-8"},          {"DISPLAY", std::getenv("DISPLAY")},
+                               {"GDK_BACKEND", "x11"},         {"NO_AT_BRIDGE", "1"},
+                               {"GSETTINGS_BACKEND", "memory"}};
+        program.meanwhile = [&](pid_t process) {
+            m_process = process;
+            wait_for_title("Quorvane Crosswalk ");
+            script();
+            // A window that is still there would keep the test waiting for ever.
+            run_until([&] { return m_screen.windows(process) == 0; }, 30, "the end of the program");
+            if (m_screen.windows(process) > 0)
+                kill(process, SIGKILL);
+        };
+        return program.run();
+    }
+    /// Waits until a window of the program whose title begins so has the focus.
+    void wait_for_title(std::string const & begin)
+    {
+        run_until([&] { return m_screen.active_title(m_process).starts_with(begin); }, 60, begin.c_str());
+        settle();
+    }
+    /// Translates what the window shows, with the keys that a user presses.
+    void translate_by_keyboard(std::string const & output)
+    {
+        key('T', wxMOD_ALT);
+        // The message of the end stands before the dialog of the translation.
+        run_until([&] { return m_screen.active_title(m_process) == "Crosswalk" && folder().exists(output); },
+                  60, "the message at the end of the translation");
+        key(WXK_RETURN);
+        run_until([&] { return m_screen.windows(m_process) == 2; }, 20, "the message to go");
+        settle();
+        key(WXK_RETURN);
+        run_until([&] { return m_screen.windows(m_process) == 1; }, 20, "the dialog to go");
+        wait_for_title("Quorvane Crosswalk ");
+    }
+    void quit() { key('Q', wxMOD_CONTROL); }
+    static void expect_silent_good_end(kitProgramResult const & result)
+    {
+        EXPECT_EQ(result.exit_status, 0);
+        EXPECT_EQ(result.signal, 0);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors, "");
+    }
+
+    std::filesystem::path const samples = "/usr/share/opencascade/data";
+    kitScreen m_screen;
+    pid_t m_process = -1;
+};
+
+} // namespace
+
+TEST_F(ProgramWindow, TranslatesTheFileThatItIsStartedWith)
+{
+    sample("step/screw.step", "screw.step");
+    expect_silent_good_end(run({"screw.step"}, [&] {
+        translate_by_keyboard("screw.igs");
+        quit();
+    }));
+    EXPECT_GT(std::filesystem::file_size(folder() / "screw.igs"), 10'000u);
+}
+
+TEST_F(ProgramWindow, OpensWithSeveralFilesOnThePageThatMergesThem)
+{
+    sample("step/screw.step", "screw.step");
+    sample("iges/hammer.iges", "hammer.iges");
+    expect_silent_good_end(run({"screw.step", "hammer.iges"}, [&] {
+        translate_by_keyboard("screw.igs");
+        quit();
+    }));
+    EXPECT_TRUE(folder().exists("screw.igs"));
+}
+
+TEST_F(ProgramWindow, EndsWellWhenItsFrameIsClosed)
+{
+    expect_silent_good_end(run({}, [&] { key(WXK_F4, wxMOD_ALT); }));
+}
+
+TEST_F(ProgramWindow, TakesAFileWhoseNameIsNoText)
+{
+    sample("step/screw.step", "caf\xe9.step");
+    expect_silent_good_end(run({"caf\xe9.step"}, [&] { quit(); }));
+}
