@@ -3,9 +3,10 @@
 //   window_start RUNS PROGRAM [ARGUMENTS...]
 //
 // Needs a display with nothing else on it. Starts the program, watches the display for its first window of
-// the size of a main window and for what is drawn there, and ends the program as soon as the window is
-// painted: when what it shows at its top and at its bottom has the many colours of smoothed text. Prints the
-// medians of the runs in milliseconds, to the window and to the painted window.
+// the size of a main window, a picture that it shows at its start left aside, and for what is drawn there,
+// and ends the program as soon as the window is painted: when what it shows at its top and at its bottom has
+// the many colours of smoothed text. Prints the medians of the runs in milliseconds, to the window and to the
+// painted window.
 
 #include <algorithm>
 #include <chrono>
@@ -19,6 +20,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/Xdamage.h>
@@ -108,7 +110,20 @@ private:
     {
         XWindowAttributes about{};
         return XGetWindowAttributes(m_display, window, &about) && about.width >= smallest_main_window &&
-               about.height >= smallest_main_window;
+               about.height >= smallest_main_window && !is_picture_of_the_start(window);
+    }
+    bool is_picture_of_the_start(Window window) const
+    {
+        Atom type = None;
+        int format = 0;
+        unsigned long count = 0, left = 0;
+        unsigned char * value = nullptr;
+        if (XGetWindowProperty(m_display, window, m_window_type, 0, 1, False, XA_ATOM, &type, &format, &count,
+                               &left, &value) != Success)
+            return false;
+        bool const is = value && count == 1 && *reinterpret_cast<Atom *>(value) == m_splash;
+        XFree(value);
+        return is;
     }
     bool is_painted(Window window) const
     {
@@ -154,6 +169,8 @@ private:
     }
 
     Display * m_display = XOpenDisplay(nullptr);
+    Atom m_window_type = XInternAtom(m_display, "_NET_WM_WINDOW_TYPE", False);
+    Atom m_splash = XInternAtom(m_display, "_NET_WM_WINDOW_TYPE_SPLASH", False);
     int m_damage_event = 0;
     int m_damage_error = 0;
 };

@@ -10,6 +10,7 @@
 #include "sdb/sdbSchemaDir.h"
 #include "sdb/sdb_fix_resource_path.h"
 #include "wxt/wxtStringConverter.h"
+#include "xml/xxmDocumentFactory.h"
 
 #include <wx/apptrait.h>
 #include <wx/stdpaths.h>
@@ -181,6 +182,15 @@ utString sglApp::copyright_message() const
     return text + " " + m_copyright_text;
 }
 
+/// Whether a file could be loaded. Without a display no window is made of it, and the toolkit takes longer to
+/// build its tree than all the rest of such a start.
+static bool is_resource_file(utString const & file)
+{
+    utString error, text;
+    auto const document = xxmDocumentFactory().load_file(apPathName::from_utf8(file.view()), error);
+    return document && document->value("/resource", text);
+}
+
 bool sglApp::load_xrc_files()
 {
     auto const directory = m_directories.schema_dir(sdbHRKDirectory::xrc);
@@ -194,8 +204,9 @@ bool sglApp::load_xrc_files()
     sdb_fix_resource_path(shared_file);
 
     delete wxXmlResource::Set(new wxXmlResource(0, wxString()));
-    if (m_has_display)
-        sgl_add_xrc_handlers(*wxXmlResource::Get());
+    if (!m_has_display)
+        return is_resource_file(shared_file) && is_resource_file(main_file);
+    sgl_add_xrc_handlers(*wxXmlResource::Get());
     return wxXmlResource::Get()->Load(wxtStringConverter::to_wx(shared_file)) &&
            wxXmlResource::Get()->Load(wxtStringConverter::to_wx(main_file));
 }
