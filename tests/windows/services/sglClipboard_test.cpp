@@ -1,6 +1,7 @@
 #include "sglClipboard.h"
 
 #include "windows/kit/kitWindowTest.h"
+#include "windows/services/kitOtherProgram.h"
 
 #include <wx/clipbrd.h>
 
@@ -40,6 +41,16 @@ TEST_F(Clipboard, IsLeftAloneWhileItIsOpenElsewhere)
     EXPECT_TRUE(wxTheClipboard->IsOpened());
     wxTheClipboard->Close();
     EXPECT_EQ(clipboard_text(), "before");
+}
+
+TEST_F(Clipboard, IsTakenOverFromAnotherProgram)
+{
+    kitOtherProgram other;
+    other.take_clipboard();
+    ASSERT_TRUE(other.has_clipboard());
+    EXPECT_EQ(sglClipboardText("ours").copy_to_clipboard(), sglClipboardStatus::copied);
+    EXPECT_FALSE(other.has_clipboard());
+    EXPECT_EQ(clipboard_text(), "ours");
 }
 
 TEST_F(Clipboard, HasTheNumbersThatCallersKnow)
