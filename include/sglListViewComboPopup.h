@@ -26,6 +26,7 @@ public:
     int insert_first(wxString const & text);
     void remove_row(int row); ///< with the row chosen nothing is chosen any more
     void remove_all();
+    void show_value(); ///< as the list opens: selects the row chosen, whatever was pointed at before
 
 private:
     void OnMouseMove(wxMouseEvent & event);

@@ -27,11 +27,12 @@ constexpr milliseconds look_again(50);
 
 /// A host that fails for want of memory or of space on the disk, or that is killed, may fail because of its
 /// company only. One that cannot read its file would not read it alone either.
-bool holds_alone_too(std::string_view last_line)
+bool ended_badly(s2sHostLink const & link)
 {
-    auto const event = s2s_parse_host_event(last_line);
+    auto const event = s2s_parse_host_event(link.last_line());
+    // The link of one that has said its last word may close a little later.
     auto const end = std::get_if<s2sHostEnd>(&event);
-    return end && (end->status == s2sThreadCompleted || end->status == s2sThreadReadError);
+    return end ? end->status != s2sThreadCompleted && end->status != s2sThreadReadError : link.closed();
 }
 
 /// Takes what has come already, so that an end is known that nobody has looked at yet.
@@ -82,7 +83,7 @@ std::unique_ptr<s2sHostAtWork> s2sBatchAhead::take(int index)
     auto host = std::move(entry.mapped().host);
     auto & link = host->link();
     read_on(link);
-    if (link.closed() && !holds_alone_too(link.last_line()))
+    if (ended_badly(link))
         return nullptr;
     link.set_room(std::numeric_limits<std::size_t>::max());
     return host;
@@ -99,7 +100,7 @@ std::optional<milliseconds> s2sBatchAhead::attend(s2sHostLink & current, bool at
         }
         settle(current);
         give_way();
-        if (begin_one_more(at_work ? 1 : 0))
+        if (begin_one_more(at_work || next_starts_its_own() ? 1 : 0))
             return milliseconds(0);
     } catch (std::exception const &) {
         // The translation whose turn it is has nothing to do with it, and the others have their turn yet.
@@ -147,7 +148,7 @@ void s2sBatchAhead::settle(s2sHostLink & current)
         auto & host = *entry.host;
         if (entry.ended) {
             m_leaving = !host.process().ended() || m_leaving;
-        } else if (host.link().closed() && !holds_alone_too(host.link().last_line())) {
+        } else if (host.link().closed() && ended_badly(host.link())) {
             m_left_to_turn[static_cast<std::size_t>(index)] = true;
             item = m_entries.erase(item);
             continue;
@@ -199,6 +200,13 @@ bool s2sBatchAhead::begin_one_more(int others_at_work)
     m_entries[index].host = std::move(host);
     m_left_to_turn[static_cast<std::size_t>(index)] = false;
     return true;
+}
+
+/// Whether the entry whose turn comes next will start a host then.
+bool s2sBatchAhead::next_starts_its_own() const
+{
+    int const next = m_current + 1;
+    return next < m_translations.count() && !m_entries.contains(next);
 }
 
 int s2sBatchAhead::next_to_begin()

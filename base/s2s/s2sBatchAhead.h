@@ -16,8 +16,9 @@
 
 /// The entries of a batch that run ahead of their turn, as many as there are processors for. Nothing of them
 /// is to be seen: their hosts write into their hidden folders, and what they say stays unread, within bounds,
-/// until their turn. What could not begin ahead, or ended badly in company, is left to its turn, which then
-/// has the outcome that it would have had alone. The destructor ends the hosts and removes their folders.
+/// until their turn. What could not begin ahead, or ended badly in company, is begun in its turn, while
+/// others run ahead of theirs; these give way when the memory becomes short. The destructor ends the hosts
+/// and removes their folders.
 class s2sBatchAhead : public s2sSideWork {
 public:
     /// All of it must outlive this object. `inputs` are those of the whole batch.
@@ -44,6 +45,7 @@ private:
     void settle(s2sHostLink & current);
     void give_way();
     bool begin_one_more(int others_at_work);
+    bool next_starts_its_own() const;
     int next_to_begin();
     int running() const;
     std::size_t kept() const;

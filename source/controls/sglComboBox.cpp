@@ -172,6 +172,8 @@ void sglComboBox::ShowPopup()
         SetText(wxString());
     }
     wxComboCtrl::ShowPopup();
+    // Only now has the list the height in which the row is to be seen.
+    m_popup->show_value();
 }
 
 void sglComboBox::HidePopup(bool)

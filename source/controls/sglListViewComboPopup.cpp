@@ -90,6 +90,17 @@ void sglListViewComboPopup::remove_all()
     Init();
 }
 
+void sglListViewComboPopup::show_value()
+{
+    m_hover_row = -1;
+    if (m_value >= 0 && m_value < GetItemCount()) {
+        SetItemState(m_value, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+        EnsureVisible(m_value);
+    } else if (long const selected = GetFirstSelected(); selected >= 0) {
+        SetItemState(selected, 0, wxLIST_STATE_SELECTED);
+    }
+}
+
 void sglListViewComboPopup::OnMouseMove(wxMouseEvent & event)
 {
     int flags = 0;
@@ -101,9 +112,14 @@ void sglListViewComboPopup::OnMouseMove(wxMouseEvent & event)
     event.Skip();
 }
 
-void sglListViewComboPopup::OnMouseClick(wxMouseEvent &)
+void sglListViewComboPopup::OnMouseClick(wxMouseEvent & event)
 {
-    m_value = m_hover_row;
+    // The list may have opened under a mouse that has not moved since.
+    int flags = 0;
+    if (long const row = HitTest(event.GetPosition(), flags); row >= 0)
+        m_hover_row = static_cast<int>(row);
+    if (m_hover_row >= 0)
+        m_value = m_hover_row;
     Dismiss();
 }
 

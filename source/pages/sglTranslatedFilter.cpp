@@ -3,14 +3,31 @@
 #include "sglNlsHelp.h"
 
 #include <algorithm>
+#include <string>
 
 namespace {
 
+/// The label of an entry that shows its patterns behind the label: "STEP Files" of
+/// "STEP Files (*.stp)|*.stp". Of any other entry the whole.
+std::string label_of(std::string const & entry)
+{
+    auto const bar = entry.find('|');
+    if (bar == std::string::npos)
+        return entry;
+    auto const patterns = entry.substr(bar + 1);
+    auto const tail = " (" + patterns + ")|" + patterns;
+    return entry.ends_with(tail) ? entry.substr(0, entry.size() - tail.size()) : entry;
+}
+
+/// The catalogues of texts hold the labels, which stay when a format gets another extension.
 utString translated(sdbUntranslatedFilterElement const & element)
 {
-    if (element.filter_string().empty())
+    std::string const entry = element.filter_string().str();
+    if (entry.empty())
         return utString();
-    return getNlsHelp()->gsprintf(element.tag().c_str(), element.filter_string().c_str());
+    auto const label = label_of(entry);
+    return getNlsHelp()->gsprintf(element.tag().c_str(), label.c_str()) +
+           utString(entry.substr(label.size()));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 
 #include "batchKit.h"
+#include "s2s/s2sBatchAhead.h"
 #include "s2s/s2sBatchMarker.h"
 #include "s2s/s2sHostProgram.h"
 
@@ -31,6 +32,10 @@ protected:
             all.push_back(comm.translation_details(i).status());
         return all;
     }
+
+    s2sEngineParts const parts{context, info, comm, &loader, &output_stream, &error_stream};
+    std::vector<fs::path> const no_inputs;
+    s2sHostLink current{-1}; // of the entry whose turn it is, and which says nothing
 };
 
 TEST_F(BatchAhead, TranslatesSeveralAtTheSameTime)
@@ -152,6 +157,48 @@ TEST_F(BatchAhead, TellsOnceOfOneThatCrashesAlways)
     EXPECT_EQ(section.find("SIGSEGV"), section.rfind("SIGSEGV"));
     EXPECT_EQ(cut_section(errors), "");
     EXPECT_EQ(read_text(folder / "out/c"), "3");
+}
+
+TEST_F(BatchAhead, LeavesRoomForTheHostOfAnEntryThatEndedBadly)
+{
+    context.set_hosts(2);
+    auto const third = folder / "third";
+    s2sTranslationElementscoPageArr entries;
+    entries.append(entry("a", ""));
+    entries.append(entry("b", "exit 1"));
+    entries.append(entry("c", "make " + third + "\ndeaf"));
+    entries.append(entry("d", "deaf"));
+    s2sBatchAhead ahead(parts, entries, no_inputs);
+    EXPECT_EQ(ahead.take(0), nullptr);
+    while (!fs::exists(third)) {
+        auto const soon = ahead.attend(current, true);
+        s2s_wait_for(ahead.links(), -1, soon);
+    }
+    EXPECT_EQ(ahead.links().size(), 1U);
+    for (int i = 0; i < 3; ++i)
+        ahead.attend(current, false);
+    EXPECT_EQ(ahead.links().size(), 1U) << "the second starts its own";
+    EXPECT_EQ(ahead.take(1), nullptr);
+}
+
+TEST_F(BatchAhead, TakesABadEndForOneThoughTheHostIsStillThere)
+{
+    context.set_hosts(2);
+    s2sTranslationElementscoPageArr entries;
+    entries.append(entry("a", ""));
+    entries.append(entry("b", "end write_error 0 1\ndeaf"));
+    entries.append(entry("c", "end completed 1 0\ndeaf"));
+    s2sBatchAhead ahead(parts, entries, no_inputs);
+    auto const run_ahead_until_it_ends = [&](int turn) {
+        EXPECT_EQ(ahead.take(turn), nullptr);
+        ahead.attend(current, true);
+        ASSERT_EQ(ahead.links().size(), 1U);
+        while (!ahead.links().front()->has_line())
+            s2s_wait_for(ahead.links(), -1, std::nullopt);
+    };
+    run_ahead_until_it_ends(0);
+    run_ahead_until_it_ends(1);
+    EXPECT_NE(ahead.take(2), nullptr);
 }
 
 TEST_F(BatchAhead, KeepsWhatCouldNotBeReadAheadEither)

@@ -86,6 +86,16 @@ TEST_F(FormatList, TakesTheFirstOfTwoLabelsOfWhichOneStartsWithTheOther)
     EXPECT_EQ(formats.find_index_in_filter("Part", "Part 2|*.2|Part|*.1||"), 1);
 }
 
+TEST_F(FormatList, OpensOnTheFirstOfTwoFormatsWhoseLabelsBeginAlike)
+{
+    kitCatalogue const catalogue(
+        {kitCatalogue::format("SHORT", "Part Files", "p"), kitCatalogue::format("LONG", "Part Files", "p$")});
+    for (auto const * format : {"LONG", "SHORT"}) {
+        formats.selected = format;
+        EXPECT_EQ(opens_on(catalogue, ""), 0) << format;
+    }
+}
+
 TEST_F(FormatList, FindsALabelWhateverItsCase)
 {
     EXPECT_EQ(formats.find_index_in_filter("BETA", "Alpha|*.a|Beta Files|*.b|All Files (*.*)|*.*||"), 2);

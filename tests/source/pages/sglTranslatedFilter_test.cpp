@@ -1,7 +1,10 @@
 #include "sglTranslatedFilter.h"
 
+#include "sglNlsHelp.h"
+
 #include "kit/kitAppTest.h"
 #include "kit/kitCatalogue.h"
+#include "nls/nlsDomainManager.h"
 
 namespace {
 
@@ -24,6 +27,32 @@ struct TranslatedFilter : kitAppTest {
     static sdbUntranslatedFilterElement entry(char const * text, int order = 0)
     {
         return {text, "vmrhost", order};
+    }
+
+    /// A compiled catalogue of one text, whose key is the context, an EOT and the English text.
+    static std::string catalogue_of(std::string const & key, std::string const & translation)
+    {
+        std::string const header = "Content-Type: text/plain; charset=UTF-8\n";
+        std::string const texts[] = {"", key, header, translation};
+        // Behind these seven the two tables, of the keys and of the translations, and then the texts.
+        std::vector<std::uint32_t> numbers = {0x950412de, 0, 2, 28, 44, 0, 60};
+        std::string content;
+        for (auto const & one : texts) {
+            numbers.push_back(static_cast<std::uint32_t>(one.size()));
+            numbers.push_back(static_cast<std::uint32_t>(60 + content.size()));
+            content += one + '\0';
+        }
+        return std::string(reinterpret_cast<char const *>(numbers.data()), numbers.size() * 4) + content;
+    }
+    void speak_german(std::string const & key, std::string const & translation)
+    {
+        install("share/vmr/locale/de/LC_MESSAGES/vmrhost.mo", catalogue_of(key, translation));
+        getNlsHelp()->set_nls_language("de");
+    }
+    void TearDown() override
+    {
+        getNlsHelp()->set_nls_language(nlsDomainManager::no_translation_language());
+        kitAppTest::TearDown();
     }
 };
 
@@ -70,6 +99,30 @@ TEST_F(TranslatedFilter, LeavesOutAnEntryWithoutText)
 TEST_F(TranslatedFilter, StripsTheContextOfALabel)
 {
     EXPECT_EQ(text({entry("format.filter::A Files|*.a")}), "A Files|*.a|All Files (*.*)|*.*||");
+}
+
+TEST_F(TranslatedFilter, TranslatesTheLabelAndKeepsThePatterns)
+{
+    speak_german("format.filter\x04"
+                 "B Files",
+                 "Öffnen von B");
+    EXPECT_EQ(text({entry("format.filter::B Files (*.b;*.bb)|*.b;*.bb")}),
+              "Öffnen von B (*.b;*.bb)|*.b;*.bb|All Files (*.*)|*.*||");
+}
+
+TEST_F(TranslatedFilter, IsInTheOrderOfTheTranslatedTexts)
+{
+    speak_german("format.filter\x04"
+                 "B Files",
+                 "Z-Dateien");
+    EXPECT_EQ(text({entry("format.filter::B Files (*.b)|*.b"), entry("format.filter::C Files (*.c)|*.c")}),
+              "C Files (*.c)|*.c|Z-Dateien (*.b)|*.b|All Files (*.*)|*.*||");
+}
+
+TEST_F(TranslatedFilter, TranslatesAnEntryThatShowsOtherPatternsAsAWhole)
+{
+    speak_german("B Files (*.b)|*.b;*.bb", "B-Dateien (*.b)|*.b;*.bb");
+    EXPECT_EQ(text({entry("B Files (*.b)|*.b;*.bb")}), "B-Dateien (*.b)|*.b;*.bb|All Files (*.*)|*.*||");
 }
 
 TEST_F(TranslatedFilter, KeepsPercentSignsOfALabel)

@@ -147,6 +147,9 @@ TEST_F(BatchTranslation, MovesNothingWhenTheLastEntryGoes)
     ASSERT_EQ(batch.num_input_files(), 2);
     EXPECT_EQ(batch.input_file(0), utString(input(0)));
     EXPECT_EQ(batch.input_file(1), utString(input(1)));
+    EXPECT_EQ(batch.output_file(0), utString(folder() / "0.beta"));
+    EXPECT_EQ(batch.output_file(1), utString(folder() / "1.beta"));
+    EXPECT_FALSE(batch.invalid());
 }
 
 TEST_F(BatchTranslation, HasNoTranslatorsAfterARemovalBeforeTheyAreLookedUp)

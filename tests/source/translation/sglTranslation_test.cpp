@@ -161,6 +161,40 @@ TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
     EXPECT_FALSE(output_is_there());
 }
 
+TEST_F(Driver, GoesByTheOutcomeAndNotByACancelThatCameTooLate)
+{
+    {
+        kitRequest request;
+        kitProgressRecorder dialog;
+        fill(request);
+        // The worker has seen the request to stop and completes nevertheless.
+        request.at_work = [](s2sThreadComm & channel, int) {
+            while (!channel.termination_requested())
+                std::this_thread::yield();
+        };
+        dialog.at_first_tick = [&] { dialog.OnCancel(); };
+        request.progress(&dialog);
+        request.execute();
+        EXPECT_EQ(dialog.told, std::vector<std::string>{"ok"});
+        EXPECT_TRUE(output_is_there());
+    }
+    struct CancelledAtTheEnd : kitProgressRecorder {
+        int progress(int percent) override
+        {
+            if (percent == 100)
+                OnCancel();
+            return kitProgressRecorder::progress(percent);
+        }
+    } dialog;
+    kitRequest request;
+    fill(request);
+    request.progress(&dialog);
+    request.execute();
+    EXPECT_TRUE(dialog.cancelled());
+    EXPECT_EQ(dialog.told, std::vector<std::string>{"ok"});
+    EXPECT_TRUE(output_is_there());
+}
+
 TEST_F(Driver, ShowsFileAndDirectionWhileTheWorkerRuns)
 {
     kitRequest request;

@@ -267,6 +267,52 @@ TEST_F(FormatBox, KeepsItsChoiceWhenARowIsPointedAtAndNotClicked)
     EXPECT_EQ(shown(), "BREP");
 }
 
+TEST_F(FormatBox, OpensOnItsChoiceWhateverWasPointedAtBefore)
+{
+    m_box->fill({"BREP", "IGES", "STEP"});
+    m_box->SetStringSelection("BREP");
+    open();
+    point_at(2);
+    m_box->Dismiss();
+    wait_for_close();
+    wxUIActionSimulator().MouseMove(m_frame->ClientToScreen(wxPoint(500, 400)));
+    settle();
+    open();
+    EXPECT_EQ(list().hover_row(), -1);
+    EXPECT_EQ(list().GetFirstSelected(), 0);
+    key(WXK_RETURN);
+    wait_for_close();
+    EXPECT_EQ(selected(), "BREP");
+}
+
+TEST_F(FormatBox, OpensOnNothingWhileNothingIsChosen)
+{
+    m_box->fill({"BREP", "IGES", "STEP"});
+    m_box->SetStringSelection("IGES");
+    m_box->add_and_select_unknown();
+    open();
+    EXPECT_EQ(list().GetFirstSelected(), -1);
+    m_box->Dismiss();
+    wait_for_close();
+    EXPECT_EQ(selected(), unknown());
+}
+
+TEST_F(FormatBox, TakesTheRowOfAClickThatNoMoveCameBefore)
+{
+    m_box->fill({"BREP", "IGES", "STEP"});
+    m_box->SetStringSelection("BREP");
+    open();
+    point_at(2);
+    wxRect row;
+    list().GetItemRect(1, row);
+    wxMouseEvent press(wxEVT_LEFT_DOWN);
+    press.SetEventObject(&list());
+    press.SetPosition(wxPoint(row.x + 10, row.y + row.height / 2));
+    list().ProcessWindowEvent(press);
+    wait_for_close();
+    EXPECT_EQ(selected(), "IGES");
+}
+
 TEST_F(FormatBox, TellsNothingWhenItIsHiddenWithoutBeingOpen)
 {
     m_box->HidePopup(true);

@@ -1,6 +1,13 @@
 #include "kit/kitFormat.h"
 #include "pages/sglFileColumns.h"
+#include "sglNlsHelp.h"
+#include "sglOutputName.h"
+#include "sglTranslatedFilter.h"
 #include "windows/pages/kitSide.h"
+
+#include "ap/apStringCompareInsensitive.h"
+#include "ap/apStringEncodingChooser.h"
+#include "nls/nlsDomainManager.h"
 
 #include <gmock/gmock.h>
 #include <wx/dcclient.h>
@@ -204,6 +211,31 @@ TEST_F(Side, MovesToTheDefaultOutputFormatWhereTheBoxHasThatOfTheInput)
     ASSERT_TRUE(proposed);
     EXPECT_EQ(dialog.format(), proposed->format_name().ut_string());
     EXPECT_NE(dialog.format(), utString("STEP"));
+}
+
+TEST_F(Side, ShowsTheProposedFormatInTheBoxThatTheNameIsFor)
+{
+    utString name;
+    EXPECT_EQ(outfile_name("STEP", "/data/part.stp", m_box, unknown_format(), name), 1);
+    auto const * const proposed =
+        app().output_dlls().default_output_format(app().input_dlls().translator_for_format("STEP"));
+    ASSERT_TRUE(proposed);
+    EXPECT_EQ(m_box->selected_item(), utString(proposed->format_name().ut_string()));
+    EXPECT_EQ(shown(), proposed->format_name().ut_string().str());
+    EXPECT_THAT(name.str(), testing::StartsWith("/data/part."));
+    m_box->SetStringSelection("STL");
+    EXPECT_EQ(outfile_name("STEP", "/data/part.stp", m_box, "IGES", name), 1);
+    EXPECT_EQ(shown(), "STL") << "a format that was asked for is not proposed";
+}
+
+TEST_F(Side, NamesTheFiltersInTheLanguageOfTheUser)
+{
+    auto const * const encoding = apStringEncodingChooser::mb_encoding();
+    apStringCompareInsensitive const compare{utObserverPtr<apIStringEncoding const>(encoding)};
+    getNlsHelp()->set_nls_language("de");
+    sglTranslatedFilter const filter(app().input_dlls().filter_elements(), encoding, &compare);
+    getNlsHelp()->set_nls_language(nlsDomainManager::no_translation_language());
+    EXPECT_THAT(filter.translated_filter_string().str(), testing::HasSubstr("STEP-Dateien (*.stp"));
 }
 
 TEST_F(Side, ProposesNothingForAnInputWithoutFormat)

@@ -45,6 +45,8 @@ TEST_F(BatchBehindItsDialog, ListsACompletedEntryWithoutEntitiesAsSuccessfulAndD
     run_to_end(batch, dialog);
     std::string const summary = boxes.said().front();
     EXPECT_THAT(summary, testing::StartsWith("The following files were successfully"));
+    EXPECT_THAT(summary, testing::HasSubstr(" :\n"));
+    EXPECT_EQ(summary.find(" :\n"), summary.rfind(" :\n")) << "one list, and none of failures";
     EXPECT_THAT(summary, testing::HasSubstr(folder() / "0.step\n"));
     EXPECT_THAT(summary, testing::HasSubstr(folder() / "1.step\n"));
     EXPECT_EQ(last_record().type(), sdbTranslationBatch);
