@@ -19,8 +19,8 @@ private:
     sglBatchFiles * m_page;
 };
 
-/// The page that queues translations of one file into one file and runs them one after the other. What is
-/// set up in the controls is a copy: the queue changes with Add, Save and Remove only.
+/// The page that queues translations of one file into one file and runs them as one batch. What is set up in
+/// the controls is a copy: the queue changes with Add, Save and Remove only.
 class sglBatchFiles : public sglTranslateDialog {
 public:
     explicit sglBatchFiles(wxWindow * parent);

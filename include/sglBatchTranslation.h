@@ -2,9 +2,10 @@
 
 #include "sglTranslation.h"
 
-/// A list of independent translations: input `i` goes into output `i`. They run one after the other on one
-/// worker in front of one dialog, and those that fail lose their output. An entry whose translation has not
-/// begun when the user cancels keeps the file that was there.
+/// A list of independent translations: input `i` goes into output `i`. One worker runs them,
+/// several at the same time where the machine allows it; their turns come in the order of the list, in front
+/// of one dialog, and those that fail lose their output. An entry whose turn has not come when the user
+/// cancels keeps the file that was there.
 class sglBatchTranslation : public sglTranslation {
 public:
     sglBatchTranslation() = default;

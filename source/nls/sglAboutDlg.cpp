@@ -1,6 +1,7 @@
 #include "sglAboutDlg.h"
 
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "sglApp.h"
 #include "sglMessageBox.h"
 #include "sglNlsHelp.h"
@@ -65,13 +66,17 @@ wxEND_EVENT_TABLE()
 sglAboutDlg::sglAboutDlg(wxWindow * parent) : sglDialog("DLG_ABOUTBOX", "vmrgrlib", parent)
 {
     CentreOnParent(wxBOTH);
+    sgl_help_with_help_key(*this, "source/dialogs/about.htm");
 }
 
 void sglAboutDlg::OnInitDialog(wxInitDialogEvent & event)
 {
     event.Skip();
-    XRCCTRL(*this, "IDC_ABOUTBOX_COPYRIGHT_TEXT", wxTextCtrl)
-        ->AppendText(shown(sglApp::app().copyright_message()) + "\n\n");
+    auto & copyright = *XRCCTRL(*this, "IDC_ABOUTBOX_COPYRIGHT_TEXT", wxTextCtrl);
+    copyright.AppendText(shown(sglApp::app().copyright_message()) + "\n\n");
+    // Text that is appended scrolls the first lines away.
+    copyright.SetInsertionPoint(0);
+    copyright.ShowPosition(0);
     show_product();
     show_surroundings();
 }

@@ -189,7 +189,9 @@ bool sglHelpDisplayer::LoadFile(wxString const & file)
 {
     if (file == m_loaded)
         return true;
-    m_loaded = file;
     read_archives();
-    return AddBook(wxFileName(file));
+    if (!AddBook(wxFileName(file)))
+        return false;
+    m_loaded = file;
+    return true;
 }

@@ -1,6 +1,7 @@
 #include "services/sglUsageQuestion.h"
 
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "wxt/wxtApStringConverter.h"
 
 #include <wx/sizer.h>
@@ -15,6 +16,7 @@ sglUsageQuestion::sglUsageQuestion(wxWindow * parent, apString const & text)
     auto & question = *XRCCTRL(*this, "IDC_USAGE_QUESTION", wxStaticText);
     question.SetFont(question.GetFont().Bold());
     sgl_show_usage_text(*this, text);
+    sgl_help_with_help_key(*this, "source/dialogs/usage.htm");
 }
 
 void sgl_show_usage_text(wxDialog & dialog, apString const & text)

@@ -1,6 +1,7 @@
 #include "services/sglUsageRecordDialog.h"
 
 #include "controls/sglShownText.h"
+#include "nls/sglHelpKey.h"
 #include "services/sglUsageQuestion.h"
 #include "sglMessageBox.h"
 #include "sglResourceString.h"
@@ -53,6 +54,7 @@ sglUsageRecordDialog::sglUsageRecordDialog(wxWindow * parent, aniUsageRecord rec
     view.SetFont(wxFontInfo(view.GetFont().GetFractionalPointSize()).Family(wxFONTFAMILY_TELETYPE));
     show_records();
     sgl_show_usage_text(*this, text);
+    sgl_help_with_help_key(*this, "source/dialogs/usage.htm");
 }
 
 void sglUsageRecordDialog::show_records()

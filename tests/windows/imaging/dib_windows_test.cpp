@@ -5,11 +5,23 @@
 #include "windows/kit/kitWindowTest.h"
 
 #include <array>
+#include <dlfcn.h>
 #include <wx/dcmemory.h>
+#include <wx/settings.h>
 
 namespace {
 
-using DibOnADisplay = kitWindowTest;
+/// While this is set, each colour of the desktop is another one; those of a theme may look alike.
+bool every_colour_differs = false;
+
+class DibOnADisplay : public kitWindowTest {
+protected:
+    void TearDown() override
+    {
+        every_colour_differs = false;
+        kitWindowTest::TearDown();
+    }
+};
 
 sglCOLORREF opaque(int number)
 {
@@ -89,6 +101,16 @@ void expect_frame(std::function<void(sglDib &)> const & draw, Sides const & side
 
 } // namespace
 
+/// Comes in front of the toolkit's own operation, whose callers it serves as well.
+wxColour wxSystemSettingsNative::GetColour(wxSystemColour index)
+{
+    using Operation = wxColour(wxSystemColour);
+    static auto * const own = reinterpret_cast<Operation *>(
+        dlsym(RTLD_NEXT, "_ZN22wxSystemSettingsNative9GetColourE14wxSystemColour"));
+    auto const number = static_cast<unsigned char>(index);
+    return every_colour_differs ? wxColour(number, 2 * number, 3 * number) : own(index);
+}
+
 TEST_F(DibOnADisplay, TakesTheColoursOfTheDesktopWithAlpha0)
 {
     wxColour const face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
@@ -163,6 +185,25 @@ TEST_F(DibOnADisplay, CopiesAnEmptyBitmapIntoADeviceContextAndThatToItself)
             EXPECT_EQ(target.at(x, y).value(), x < 4 && y >= 1 ? 0xFF000000U : 0xFFFFFFFFU) << x << ", " << y;
 }
 
+TEST_F(DibOnADisplay, TakesThePlaceOfACopyForThatInTheEmptyBitmap)
+{
+    wxBitmap bitmap(8, 6);
+    {
+        wxMemoryDC dc(bitmap);
+        dc.SetBackground(*wxWHITE_BRUSH);
+        dc.Clear();
+        kitDib dib;
+        dib.copy_from_dc(&dc, 1, 2, 4, 5);
+        EXPECT_EQ(kit_pixels(dib), kitPixels(20, sglCOLORREF(0xFF000000)));
+    }
+    kitDib target;
+    target.set_bitmap(&bitmap);
+    // Behind its end there is nothing to copy.
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 8; ++x)
+            EXPECT_EQ(target.at(x, y).value(), x < 3 && y >= 3 ? 0xFF000000U : 0xFFFFFFFFU) << x << ", " << y;
+}
+
 TEST_F(DibOnADisplay, CopiesNothingFromADeviceContextWithoutASize)
 {
     wxBitmap bitmap(8, 6);
@@ -215,6 +256,8 @@ TEST_F(DibOnADisplay, TurnsTheKeyOfAFileIntoTheFaceOfAButton)
 
 TEST_F(DibOnADisplay, DrawsTheEdgesOfFlatButtons)
 {
+    every_colour_differs = true;
+    EXPECT_EQ(opaque(16), sglCOLORREF::from_channels(16, 32, 48, 255));
     auto const flat = [](int style) {
         return [style](sglDib & dib) { dib.draw_button_flat(static_cast<sglDibEdgeStyle>(style)); };
     };
@@ -239,6 +282,7 @@ TEST_F(DibOnADisplay, KnowsNoOtherStyleOfButtons)
 
 TEST_F(DibOnADisplay, DrawsTheEdgesOfButtons)
 {
+    every_colour_differs = true;
     auto const edge = [](int raised) { return [raised](sglDib & dib) { dib.draw_button_edge(raised); }; };
     for (int const raised : {1, 7, -1})
         expect_frame(edge(raised), {{20, 15}, {21, 16}, {20, 15}, {21, 16}}, -2);
@@ -247,6 +291,7 @@ TEST_F(DibOnADisplay, DrawsTheEdgesOfButtons)
 
 TEST_F(DibOnADisplay, WritesTheRightSideOfARowAheadOfTheNext)
 {
+    every_colour_differs = true;
     kitDib dib(8, 4);
     dib.draw_button_edge(1);
     auto const dark = opaque(21);
@@ -265,6 +310,7 @@ TEST_F(DibOnADisplay, WritesTheRightSideOfARowAheadOfTheNext)
 
 TEST_F(DibOnADisplay, StipplesWhatIsMagenta)
 {
+    every_colour_differs = true;
     kitNoise noise;
     sglCOLORREF const magenta(0x80FF00FF);
     for (auto const & [width, height] : {std::pair(9, 8), {5, 4}, {4, 9}, {9, 3}, {0, 0}}) {

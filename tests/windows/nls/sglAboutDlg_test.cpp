@@ -88,7 +88,10 @@ TEST_F(About, ShowsTheCopyrightMessageWithAnEmptyLineBehindIt)
     sglAboutDlg dialog(m_frame);
     show_modal(dialog, [&] {
         EXPECT_EQ(text(dialog, "IDC_ABOUTBOX_COPYRIGHT_TEXT"), app().copyright_message().str() + "\n\n");
-        EXPECT_FALSE(find<wxTextCtrl>(dialog, "IDC_ABOUTBOX_COPYRIGHT_TEXT")->IsEditable());
+        auto const & shown = *find<wxTextCtrl>(dialog, "IDC_ABOUTBOX_COPYRIGHT_TEXT");
+        EXPECT_FALSE(shown.IsEditable());
+        EXPECT_EQ(shown.GetInsertionPoint(), 0);
+        EXPECT_GE(shown.PositionToCoords(0).y, 0) << "the first line is scrolled away";
         press(dialog, "wxID_OK");
     });
 }

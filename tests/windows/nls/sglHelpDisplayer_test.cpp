@@ -1,5 +1,6 @@
 #include "sglHelpDisplayer.h"
 
+#include "sglAboutDlg.h"
 #include "sglExportToDialog.h"
 #include "sglNlsHelp.h"
 #include "sglReportDialog.h"
@@ -134,6 +135,27 @@ TEST_F(Help, OpensARealBookAtAPage)
         EXPECT_EQ(help.GetHelpData()->GetBookRecArray().size(), 1u);
     }
     settle();
+}
+
+TEST_F(Help, OpensABookThatIsThereAgainAfterItCouldNotBeOpened)
+{
+    wxLogNull const silent;
+    sglHelpDisplayer help(&app(), nullptr);
+    for (int time = 0; time < 2; ++time)
+        EXPECT_FALSE(help.LoadFile(wxString::FromUTF8(m_book))) << time;
+    write_book();
+    for (int time = 0; time < 2; ++time)
+        EXPECT_TRUE(help.LoadFile(wxString::FromUTF8(m_book))) << time;
+    EXPECT_EQ(help.GetHelpData()->GetBookRecArray().size(), 1u);
+}
+
+TEST_F(Help, DoesNotTakeADamagedBookForOneThatIsOpen)
+{
+    wxLogNull const silent;
+    sglHelpDisplayer help(&app(), nullptr);
+    std::ofstream(m_book) << "no archive";
+    for (int time = 0; time < 2; ++time)
+        EXPECT_FALSE(help.LoadFile(wxString::FromUTF8(m_book))) << time;
 }
 
 TEST_F(Help, PrefersTheBookInTheLanguageOfTheProgram)
@@ -283,4 +305,6 @@ TEST_F(HelpBook, OpensWithF1AtThePageOfADialog)
     sglExportToDialog exports(m_frame);
     ASSERT_TRUE(exports.initialise(utString::make_invalid()));
     EXPECT_EQ(page_of_dialog(exports, "IDC_EXPORTTO_CANCEL"), "substituted/source/resources/exportto.htm");
+    sglAboutDlg about(m_frame);
+    EXPECT_EQ(page_of_dialog(about, "wxID_OK"), "substituted/source/dialogs/about.htm");
 }

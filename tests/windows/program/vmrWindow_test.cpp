@@ -12,6 +12,8 @@ namespace {
 
 class ProgramWindow : public kitWindowTest {
 protected:
+    static constexpr char const * main_title = "Quorvane Crosswalk ";
+
     void SetUp() override
     {
         kitWindowTest::SetUp();
@@ -24,8 +26,9 @@ protected:
         std::filesystem::copy_file(samples / name, folder() / as);
         return folder() / as;
     }
-    /// Runs the program, and `script` once its window is there and has the focus.
-    kitProgramResult run(std::vector<std::string> const & words, std::function<void()> const & script)
+    /// Runs the program, and `script` once a window whose title begins so is there and has the focus.
+    kitProgramResult run(std::vector<std::string> const & words, std::function<void()> const & script,
+                         std::string const & title = main_title)
     {
         kitProgram program;
         program.arguments = {VMR_PROGRAM};
@@ -37,7 +40,7 @@ protected:
                                {"GSETTINGS_BACKEND", "memory"}};
         program.meanwhile = [&](pid_t process) {
             m_process = process;
-            wait_for_title("Quorvane Crosswalk ");
+            wait_for_title(title);
             script();
             // A window that is still there would keep the test waiting for ever.
             run_until([&] { return m_screen.windows(process) == 0; }, 30, "the end of the program");
@@ -63,9 +66,24 @@ protected:
         run_until([&] { return m_screen.windows(m_process) == 2; }, 20, "the message to go");
         settle();
         key(WXK_RETURN);
-        run_until([&] { return m_screen.windows(m_process) == 1; }, 20, "the dialog to go");
-        wait_for_title("Quorvane Crosswalk ");
+        wait_for_main_window();
     }
+    /// Waits until what stands in front of the main window has gone.
+    void wait_for_main_window()
+    {
+        run_until([&] { return m_screen.windows(m_process) == 1; }, 20, "the dialog to go");
+        wait_for_title(main_title);
+    }
+    /// Chooses a command of a menu by their underlined letters, and ends the dialog that it opens.
+    void look_at_dialog(char menu, char command, std::string const & title)
+    {
+        key(menu, wxMOD_ALT);
+        key(command);
+        wait_for_title(title);
+        key(WXK_ESCAPE);
+        wait_for_main_window();
+    }
+    std::string own(std::string const & name) const { return "home/.config/Quorvane/Crosswalk/" + name; }
     void quit() { key('Q', wxMOD_CONTROL); }
     static void expect_silent_good_end(kitProgramResult const & result)
     {
@@ -112,4 +130,38 @@ TEST_F(ProgramWindow, TakesAFileWhoseNameIsNoText)
 {
     sample("step/screw.step", "caf\xe9.step");
     expect_silent_good_end(run({"caf\xe9.step"}, [&] { quit(); }));
+}
+
+TEST_F(ProgramWindow, AsksAboutUsageDataAtALaterStartOnlyWhenSomethingWasTranslated)
+{
+    auto const will_ask = [&] {
+        return folder().read(own("resources/startup.hrk")).find("ask_about_usage_data") != std::string::npos;
+    };
+    expect_silent_good_end(run({}, [&] { quit(); }));
+    EXPECT_FALSE(will_ask());
+    sample("step/screw.step", "screw.step");
+    expect_silent_good_end(run({"screw.step"}, [&] {
+        translate_by_keyboard("screw.igs");
+        quit();
+    }));
+    EXPECT_TRUE(will_ask());
+    EXPECT_FALSE(folder().exists(own("usage"))) << "before anybody was asked";
+    expect_silent_good_end(run(
+        {},
+        [&] {
+            key(WXK_ESCAPE);
+            wait_for_main_window();
+            quit();
+        },
+        "Usage Data"));
+    EXPECT_EQ(folder().read(own("usage/choice")), "no\n");
+}
+
+TEST_F(ProgramWindow, ShowsTheUsageDataAndTheAboutBoxFromItsMenu)
+{
+    expect_silent_good_end(run({}, [&] {
+        look_at_dialog('H', 'U', "Usage Data");
+        look_at_dialog('H', 'A', "About Crosswalk");
+        quit();
+    }));
 }

@@ -1,7 +1,7 @@
 #include "sglUsageDialogs.h"
 
 #include "kit/kitOrdinaryUser.h"
-#include "windows/kit/kitWindowTest.h"
+#include "windows/kit/kitHelpWindow.h"
 
 #include <gmock/gmock.h>
 
@@ -10,7 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 
 /// The two dialogs over a reporter of the test's own.
-class UsageDialogs : public kitWindowTest {
+class UsageDialogs : public kitHelpOverDialog<kitWindowTest> {
 protected:
     void SetUp() override
     {
@@ -230,6 +230,19 @@ TEST_F(UsageDialogs, SayWhenTheRecordsCannotBeDeleted)
     m_reporter.show_menu_dialog(m_frame);
     ASSERT_EQ(boxes.said().size(), 1u);
     EXPECT_THAT(boxes.said()[0], HasSubstr("usage/usage.txt could not be deleted: Is a directory"));
+}
+
+TEST_F(UsageDialogs, OpenTheirPageOfTheHelpWithF1)
+{
+    std::string pages;
+    auto const script = [&](wxDialog & dialog) {
+        pages += help_page_over_dialog([] { key(WXK_F1); }) + "\n";
+        EXPECT_TRUE(dialog.IsModal());
+        end_with(dialog, WXK_ESCAPE);
+    };
+    at_start(script);
+    from_menu(script);
+    EXPECT_EQ(pages, "substituted/source/dialogs/usage.htm\nsubstituted/source/dialogs/usage.htm\n");
 }
 
 TEST_F(UsageDialogs, DoNothingBeforeTheReporterIsInitialised)
