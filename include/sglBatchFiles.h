@@ -52,6 +52,7 @@ protected:
 
 private:
     void sort_and_allow(bool add, bool save); ///< turns buttons off only
+    void forget_input();
     sglBatchItem details() const;
     bool has_details() const;
     void show_file(wxListCtrl & list, sglRow const & row);

@@ -67,7 +67,8 @@ public:
     /// Makes the row follow the format that was chosen in the box: the file gets its extension.
     void set_row_details(sglRow & row);
 
-    /// Opens the resources dialog for the format in the box; its code, or wxID_CANCEL when there is none.
+    /// Opens the resources dialog for the format in the box; its code, or wxID_CANCEL when that has none, of
+    /// which the user is told.
     int edit_resources(vmrTableInstance & table);
     int nothing_selected() const; ///< whether the side has no file that can be translated
 

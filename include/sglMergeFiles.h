@@ -27,8 +27,8 @@ protected:
 private:
     void EnableAddButton();
     void enableTranslateButton();
-    void add_multiple_files(utStringcoPageArr const & files);
-    int selected_line() const; ///< or -1
+    void add_multiple_files(utStringcoPageArr files); ///< its own: what is handled meanwhile may change them
+    int selected_line() const;                        ///< or -1
     bool add_staged_file();
     bool is_in_list(wxString const & name) const; ///< by its whole text, byte for byte
 

@@ -6,6 +6,7 @@ class sglBatchFiles;
 class sglMergeFiles;
 class sglSingleFile;
 class wxArrayString;
+class wxBookCtrlEvent;
 class wxNotebook;
 
 /// The main window of a program: the pages for one file, for several files merged into one and for a batch,
@@ -36,6 +37,7 @@ private:
     void press_on_page(int on_single, int on_merge, int on_batch);
 
     void OnFirstShow(wxShowEvent & event);
+    void OnPageChanged(wxBookCtrlEvent & event);
     void OnOpen(wxCommandEvent & event);
     void OnSaveAs(wxCommandEvent & event);
 

@@ -23,6 +23,8 @@ public:
     /// Non-zero: the name of the output is the user's own and no longer follows that of the input.
     void UserEdited(int edited) { m_user_edited = edited; }
 
+    void make_default(); ///< Enter in the window translates what is on this page
+
     virtual void handle_dropped_files(wxArrayString const & files) = 0;
 
 protected:

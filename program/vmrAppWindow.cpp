@@ -26,7 +26,8 @@ void vmrApp::open_main_window()
 {
     m_window = new sglTabDlg(&m_displayer, nullptr);
     m_window->SetIcons(icons());
-    complete_menu(*m_window->GetMenuBar());
+    if (auto * const bar = m_window->GetMenuBar())
+        complete_menu(*bar);
     SetTopWindow(m_window);
     m_window->Show();
 }

@@ -72,6 +72,13 @@ void sglBatchFiles::sort_and_allow(bool add, bool save)
         m_save_button->Disable();
 }
 
+// The file that the page shows is then no longer the one of the row.
+void sglBatchFiles::forget_input()
+{
+    m_current_input_row.reset();
+    sort_button_status();
+}
+
 bool sglBatchFiles::has_details() const
 {
     return m_current_input_row && !m_current_input_row->invalid() && m_current_output_row &&
@@ -81,8 +88,12 @@ bool sglBatchFiles::has_details() const
 void sglBatchFiles::OnInputBrowse(wxCommandEvent & event)
 {
     auto output = std::make_shared<sglRow>();
-    if (sglTranslateDialog::OnInputBrowse(event, *output) != wxID_OK || m_input_details.nothing_selected())
+    if (sglTranslateDialog::OnInputBrowse(event, *output) != wxID_OK)
         return;
+    if (m_input_details.nothing_selected()) {
+        forget_input();
+        return;
+    }
     m_current_output_row = std::move(output);
     m_current_input_row = std::make_shared<sglRow>();
     m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
@@ -100,15 +111,16 @@ void sglBatchFiles::OnOutputBrowse(wxCommandEvent & event)
 
 void sglBatchFiles::OnInputResource(wxCommandEvent & event)
 {
-    if (m_current_input_row)
-        sglTranslateDialog::OnInputResource(event, *m_current_input_row, 0);
+    // Held here too: the page may get another row while the dialog is open.
+    if (sglRowcoPrf const row = m_current_input_row)
+        sglTranslateDialog::OnInputResource(event, *row, 0);
     sort_button_status();
 }
 
 void sglBatchFiles::OnOutputResource(wxCommandEvent & event)
 {
-    if (m_current_output_row)
-        sglTranslateDialog::OnOutputResource(event, *m_current_output_row);
+    if (sglRowcoPrf const row = m_current_output_row)
+        sglTranslateDialog::OnOutputResource(event, *row);
     sort_button_status();
 }
 
@@ -119,11 +131,12 @@ void sglBatchFiles::OnSelChangeInputFormat(wxCommandEvent &)
     m_input_details.set_resource_file();
     if (!m_current_input_row)
         m_current_input_row = std::make_shared<sglRow>();
-    if (m_current_input_row->update_is_ok(m_input_combo->selected_item(), 1)) {
-        m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    sglRowcoPrf const row = m_current_input_row;
+    if (row->update_is_ok(m_input_combo->selected_item(), 1)) {
+        row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
     } else {
         int failed = 0;
-        m_input_details.set_details(m_current_input_row->filename(), failed);
+        m_input_details.set_details(row->filename(), failed);
     }
     sort_button_status();
 }
@@ -134,7 +147,8 @@ void sglBatchFiles::OnSelChangeOutputFormat(wxCommandEvent &)
     m_output_combo->load_selected();
     if (!m_current_output_row)
         m_current_output_row = std::make_shared<sglRow>();
-    m_output_details.set_row_details(*m_current_output_row);
+    sglRowcoPrf const row = m_current_output_row;
+    m_output_details.set_row_details(*row);
     sort_button_status();
 }
 
@@ -142,12 +156,17 @@ int sglBatchFiles::create_details(utString const & input_file)
 {
     int failed = 0;
     m_input_details.set_details(input_file, failed);
-    if (m_input_details.nothing_selected())
+    if (m_input_details.nothing_selected()) {
+        forget_input();
         return 0;
-    m_current_output_row = std::make_shared<sglRow>();
-    fill_output_fields(input_file, *m_current_output_row);
-    m_current_input_row = std::make_shared<sglRow>();
-    m_current_input_row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    }
+    // Events are handled while a format is loaded, which may change the rows of the page.
+    auto output = std::make_shared<sglRow>();
+    fill_output_fields(input_file, *output);
+    auto input = std::make_shared<sglRow>();
+    input->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
+    m_current_output_row = std::move(output);
+    m_current_input_row = std::move(input);
     return has_details() ? 1 : 0;
 }
 
@@ -156,8 +175,8 @@ void sglBatchFiles::handle_dropped_files(wxArrayString const & files)
     if (files.empty() || files[0].empty())
         return;
     utString const file = wxtStringConverter::path_to_ut(files[0]);
-    if (create_details(file))
-        sort_and_allow(true, false);
+    create_details(file);
+    sort_and_allow(true, false);
     tell_of_folder(file);
 }
 

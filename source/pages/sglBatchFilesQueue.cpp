@@ -8,6 +8,7 @@
 #include "sglMessageBox.h"
 
 #include "ann/annDocument.h"
+#include "pages/sglOccupiedPage.h"
 #include "sdu/sduFileFunctions.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -37,7 +38,7 @@ sglBatchItem sglBatchFiles::details() const
 
 int sglBatchFiles::current_details_valid(int exclude)
 {
-    utString const & name = m_current_output_row->filename();
+    utString const name = m_current_output_row->filename(); // a box may be open for long
     auto const refuse = [&](unsigned int message) {
         sglMessageBox("vmrgrlib", message, wxOK | wxICON_ERROR, name);
         return 0;
@@ -100,6 +101,7 @@ void sglBatchFiles::remove_translation(int index)
 
 void sglBatchFiles::files_dropped_into_list(wxArrayString const & files)
 {
+    sglOccupiedPage const occupied(*this);
     int added = 0;
     utString failures;
     for (auto const & file : files) {
@@ -113,6 +115,8 @@ void sglBatchFiles::files_dropped_into_list(wxArrayString const & files)
     if (added) {
         m_batch_list->SetSelection(m_items.count() - 1);
         sort_and_allow(false, false);
+    } else {
+        sort_and_allow(true, false);
     }
     if (!failures.empty())
         sglMessageBox("vmrgrlib", 1269, wxOK | wxICON_ERROR, failures);
@@ -141,6 +145,8 @@ void sglBatchFiles::OnBatchTranslate(wxCommandEvent &)
 
 bool sglBatchDropFiles::OnDropFiles(wxCoord, wxCoord, wxArrayString const & files)
 {
+    if (!sgl_page_takes_files(*m_page))
+        return false;
     sgl_raise_top_window(m_page);
     m_page->files_dropped_into_list(files);
     return true;

@@ -213,8 +213,10 @@ void sglFileDialog::set_row_details(sglRow & row)
 int sglFileDialog::edit_resources(vmrTableInstance & table)
 {
     auto const * const translator = translator_for_format(format());
-    if (!translator)
+    if (!translator) {
+        sglMessageBox("vmrgrlib", m_type & input ? 1165 : 1166, wxICON_ERROR);
         return wxID_CANCEL;
+    }
     sglResources dialog(table, m_parent, translator, m_info, "DLG_RESOURCES");
     dialog.dialog_type(m_type);
     return dialog.ShowModal();

@@ -6,6 +6,7 @@
 #include "sglResourceString.h"
 
 #include "pages/sglListCell.h"
+#include "pages/sglOccupiedPage.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
@@ -134,8 +135,9 @@ void sglMergeFiles::OnAddFile(wxCommandEvent &)
     enableTranslateButton();
 }
 
-void sglMergeFiles::add_multiple_files(utStringcoPageArr const & files)
+void sglMergeFiles::add_multiple_files(utStringcoPageArr files)
 {
+    sglOccupiedPage const occupied(*this);
     utString failures;
     for (auto const & file : files) {
         int failed = 0;
@@ -145,6 +147,7 @@ void sglMergeFiles::add_multiple_files(utStringcoPageArr const & files)
         m_user_edited = 1;
         if (m_input_details.nothing_selected()) {
             failures = failures + file + "\n";
+            EnableAddButton();
         } else {
             wxCommandEvent event;
             OnAddFile(event);

@@ -125,7 +125,8 @@ void sglPropertySheet::check_menus()
     if (!m_has_menu)
         return;
     wxMenuBar & bar = *GetMenuBar();
-    bar.Enable(XRCID("IDM_EDIT_PASTE"), wxClipboard::Get()->IsSupported(wxDF_TEXT));
+    // The toolkit asks for plain text as well then.
+    bar.Enable(XRCID("IDM_EDIT_PASTE"), wxClipboard::Get()->IsSupported(wxDF_UNICODETEXT));
     bool selection = false;
     wxWindow const * const window = wxWindow::FindFocus();
     if (window && window->IsKindOf(wxCLASSINFO(wxTextCtrl))) {

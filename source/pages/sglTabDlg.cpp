@@ -88,6 +88,15 @@ void sglTabDlg::add_pages()
     m_single = add_page<sglSingleFile>();
     m_merge = add_page<sglMergeFiles>();
     m_batch = add_page<sglBatchFiles>();
+    m_single->make_default();
+    m_notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, &sglTabDlg::OnPageChanged, this);
+}
+
+void sglTabDlg::OnPageChanged(wxBookCtrlEvent & event)
+{
+    event.Skip();
+    if (auto * const page = dynamic_cast<sglTranslateDialog *>(m_notebook->GetCurrentPage()))
+        page->make_default();
 }
 
 void sglTabDlg::open_files(wxArrayString const & files)
@@ -97,7 +106,10 @@ void sglTabDlg::open_files(wxArrayString const & files)
     sglTranslateDialog * page = m_single;
     if (files.size() > 1)
         page = m_merge;
-    m_notebook->SetSelection(m_notebook->FindPage(page));
+    int const index = m_notebook->FindPage(page);
+    if (index == wxNOT_FOUND)
+        return;
+    m_notebook->SetSelection(static_cast<std::size_t>(index));
     page->handle_dropped_files(files);
 }
 
@@ -122,6 +134,9 @@ void sglTabDlg::check_menus()
 void sglTabDlg::press_on_page(int on_single, int on_merge, int on_batch)
 {
     wxWindow * const page = m_notebook->GetCurrentPage();
+    // A page that is at work takes no command either.
+    if (!page || !page->IsEnabled())
+        return;
     int id = 0;
     if (page == m_single)
         id = on_single;

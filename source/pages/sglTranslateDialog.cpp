@@ -64,9 +64,14 @@ int sglTranslateDialog::OnInitDialog()
 // Each page of the window has a button that Enter presses; the focus tells which of them it is.
 void sglTranslateDialog::OnChildFocus(wxChildFocusEvent & event)
 {
+    make_default();
+    event.Skip();
+}
+
+void sglTranslateDialog::make_default()
+{
     if (m_translate_button)
         m_translate_button->SetDefault();
-    event.Skip();
 }
 
 void sglTranslateDialog::addFormatTypes()
@@ -117,7 +122,7 @@ void sglTranslateDialog::OnOutputResource(wxCommandEvent &, sglRow & row)
 
 void sglTranslateDialog::set_resource_file(sglRow const & row, wxListCtrl * list, int index)
 {
-    wxFileName const path(wxtStringConverter::to_wx(row.resource_table().resource_file()));
+    wxFileName const path(wxtStringConverter::path_to_wx(row.resource_table().resource_file()));
     if (index < 0)
         return;
     long const at =

@@ -121,6 +121,34 @@ class CheckLanguages(unittest.TestCase):
         self.assertEqual(status, 1)
         self.assertIn("en: MB_X: the mnemonic o stands in &Open, Pr&obe", said)
 
+    def test_compares_the_pages_of_the_main_window_with_its_menu_bar(self):
+        def window(kind, name, *children):
+            return f'<object class="{kind}" name="{name}">{"".join(children)}</object>'
+
+        def menu(name, label, item):
+            return window("wxMenu", name, f"<label>{label}</label>",
+                          window("wxMenuItem", "I", f"<label>{item}</label>"))
+
+        def write(page):
+            self.write("data/xrc/vmrgrlib/all.xrc",
+                       '<resource xmlns="http://www.wxwidgets.org/wxxrc">' +
+                       window("wxMenuBar", "MB_PROPERTYSHEET_MENU", menu("M_E", "m__x::_Edit", "m__x::_Paste")) +
+                       window("wxPanel", page, window("wxButton", "B", "<label>d.x::_Print</label>")) + "</resource>")
+
+        self.translate("vmrgrlib", ("m_x", "&Edit", "&Bearbeiten"), ("m_x", "&Paste", "&Einfügen"),
+                       ("d.x", "&Print", "&Drucken"))
+        write("DLG_SINGLE")
+        self.assertEqual(self.check()[0], 0)
+        self.translate("vmrgrlib", ("m_x", "&Edit", "E&dition"), ("m_x", "&Paste", "&Einfügen"),
+                       ("d.x", "&Print", "&Drucken"))
+        for page in ["DLG_SINGLE", "DLG_MERGE", "DLG_BATCH_DIALOG"]:
+            write(page)
+            status, said = self.check()
+            self.assertEqual(status, 1)
+            self.assertIn(f"de: {page}: the mnemonic d stands in &Drucken, E&dition", said)
+        write("DLG_OTHER")
+        self.assertEqual(self.check()[0], 0)
+
     def test_refuses_a_translation_that_lost_a_variable(self):
         self.write("source/a.cpp", 'say("m::About [[PROGRAM-NAME]]");')
         self.translate("vmrgrlib", ("m", "About [[PROGRAM-NAME]]", "Info zu [[PROGRAM-NAME]]"))

@@ -1,5 +1,6 @@
 #include "windows/pages/kitBatchPage.h"
 
+#include <glib.h>
 #include <gmock/gmock.h>
 
 namespace {
@@ -317,4 +318,153 @@ TEST_F(BatchPage, SharesTheRowsOfCopiedItems)
     EXPECT_FALSE(copy.invalid());
     EXPECT_TRUE(sglBatchItem(nullptr, item.output_row()).invalid());
     EXPECT_TRUE(sglBatchItem(item.input_row(), nullptr).invalid());
+}
+
+TEST_F(BatchPage, TakesNoFilesForItsQueueWhileADialogIsOpenInFrontOfIt)
+{
+    auto * const target = dynamic_cast<sglBatchDropFiles *>(queue().GetDropTarget());
+    ASSERT_TRUE(target);
+    wxArrayString files;
+    files.Add(wxtStringConverter::path_to_wx(utString(step_file("a.stp"))));
+    wxDialog dialog(m_frame, wxID_ANY, "a dialog");
+    bool taken = true;
+    show_modal(dialog, [&] {
+        taken = target->OnDropFiles(1, 1, files);
+        dialog.EndModal(wxID_OK);
+    });
+    EXPECT_FALSE(taken);
+    EXPECT_EQ(queued(), 0);
+    EXPECT_TRUE(target->OnDropFiles(1, 1, files));
+    EXPECT_EQ(queued(), 1);
+}
+
+TEST_F(BatchPage, TakesNoInputWhileItQueuesSeveralFiles)
+{
+    kitModal const no_boxes;
+    focus(queue());
+    struct Seen {
+        wxListBox & queue;
+        int times = 0;
+        bool enabled = true;
+    } seen{queue()};
+    g_idle_add(
+        [](void * data) -> gboolean {
+            auto & what = *static_cast<Seen *>(data);
+            ++what.times;
+            what.enabled = what.queue.IsEnabled();
+            return G_SOURCE_REMOVE;
+        },
+        &seen);
+    drop_on_queue({step_file("a.stp"), step_file("b.stp")});
+    EXPECT_EQ(seen.times, 1);
+    EXPECT_FALSE(seen.enabled);
+    EXPECT_TRUE(queue().IsEnabled());
+    EXPECT_EQ(queued(), 2);
+    run_until([&] { return queue().HasFocus(); }, 20, "the focus to come back");
+}
+
+TEST_F(BatchPage, QueuesNoFileThatItNoLongerShows)
+{
+    auto const text = folder().write("notes.txt", "text");
+    browse_input(step_file("a.stp"));
+    EXPECT_TRUE(can_add());
+    browse_input(text);
+    EXPECT_EQ(input_file(), text);
+    EXPECT_FALSE(can_add());
+    EXPECT_FALSE(enabled(ids.input_resources));
+    drop({folder() / "a.stp"});
+    EXPECT_TRUE(can_add());
+    drop({text});
+    EXPECT_EQ(input_file(), text);
+    EXPECT_FALSE(can_add());
+    EXPECT_FALSE(enabled(ids.input_resources));
+    drop({folder() / "a.stp"});
+    EXPECT_TRUE(can_add());
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    drop_on_queue({text});
+    EXPECT_FALSE(can_add());
+}
+
+TEST_F(BatchPage, AsksAboutAnOutputThatDiffersFromAnInputInCaseOnly)
+{
+    drop({step_file("part.stp")});
+    add();
+    drop({folder().write("b.stl", "solid b\nendsolid b\n")});
+    browse_output(step_file("PART.stp"));
+    kitModal boxes;
+    boxes.expect_message(wxID_YES);
+    add();
+    EXPECT_EQ(boxes.said()[0],
+              "The file " + (folder() / "PART.stp") + " already exists. Do you want to overwrite it?");
+    EXPECT_EQ(queued(), 2);
+}
+
+TEST_F(BatchPage, LeavesAddOffAfterARemovalWhereTheDetailsAreIncomplete)
+{
+    kitModal boxes;
+    drop({step_file("a.stp")});
+    add();
+    boxes.expect_file(folder() / "mine.igs");
+    press(*m_page, ids.output_browse);
+    boxes.expect_file(step_file("b.stp"));
+    press(*m_page, ids.input_browse);
+    EXPECT_FALSE(can_add());
+    press(*m_page, "IDC_BATCH_REMOVE_BUTTON");
+    EXPECT_EQ(queued(), 0);
+    EXPECT_FALSE(can_add());
+}
+
+TEST_F(BatchPage, SelectsNothingAfterARemovalFromSeveral)
+{
+    kitModal const no_boxes;
+    drop_on_queue({step_file("a.stp"), step_file("b.stp"), step_file("c.stp")});
+    click_line(1);
+    press(*m_page, "IDC_BATCH_REMOVE_BUTTON");
+    ASSERT_EQ(queued(), 2);
+    EXPECT_EQ(queue().GetString(0).utf8_string(), folder() / "a.stp");
+    EXPECT_EQ(queue().GetString(1).utf8_string(), folder() / "c.stp");
+    EXPECT_EQ(queue().GetSelection(), wxNOT_FOUND);
+    EXPECT_FALSE(can_remove());
+}
+
+TEST_F(BatchPage, RefusesToSaveAnItemOverItsOwnInput)
+{
+    drop({step_file("a.stp")});
+    add();
+    browse_output(folder() / "a.stp");
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    save();
+    EXPECT_THAT(boxes.said()[0], testing::HasSubstr(" clashes with an input file in the batch."));
+    EXPECT_EQ(queued_output(0), folder() / "a.igs");
+    EXPECT_TRUE(can_save());
+}
+
+TEST_F(BatchPage, TakesAnOutputWithAnExtensionOfNoFormat)
+{
+    drop({step_file("a.stp")});
+    browse_output(folder() / "a.xyz");
+    EXPECT_EQ(output_file(), folder() / "a.xyz");
+    EXPECT_EQ(output_format(), "IGES");
+    kitModal const no_boxes;
+    add();
+    ASSERT_EQ(queued(), 1);
+    EXPECT_EQ(queued_output(0), folder() / "a.xyz");
+    EXPECT_EQ(m_batch->output_row(0).file_type(), utString("IGES"));
+}
+
+TEST_F(BatchPage, RunsItsQueueAgainWithoutAQuestion)
+{
+    if (!have_samples())
+        GTEST_SKIP() << "no sample files are installed";
+    kitModal boxes;
+    drop_on_queue({sample("step/screw.step", "one.step")});
+    for (int run = 0; run < 2; ++run) {
+        boxes.expect_message(wxID_OK); // of the end of the run
+        translate();
+        EXPECT_EQ(last_record().status(0), sdbProgressCompleted);
+    }
+    EXPECT_THAT(boxes.said(), testing::Each(testing::Not(testing::HasSubstr("overwrite"))));
+    EXPECT_EQ(queued(), 1);
 }

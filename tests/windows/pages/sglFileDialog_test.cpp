@@ -320,7 +320,18 @@ TEST_F(Side, OpensTheOptionsOfTheFormatInItsBox)
 {
     auto dialog = side(2);
     vmrTableInstance table;
-    EXPECT_EQ(dialog.edit_resources(table), static_cast<int>(wxID_CANCEL));
+    {
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        EXPECT_EQ(dialog.edit_resources(table), static_cast<int>(wxID_CANCEL));
+        dialog.set_type(1);
+        boxes.expect_message(wxID_OK);
+        EXPECT_EQ(dialog.edit_resources(table), static_cast<int>(wxID_CANCEL));
+        EXPECT_THAT(boxes.said(), testing::ElementsAre("An invalid output format was detected",
+                                                       "An invalid input format was detected"));
+        EXPECT_TRUE(boxes.styles().front() & wxICON_ERROR);
+        dialog.set_type(2);
+    }
     int failed = 0;
     dialog.set_details("/data/part.stl", failed);
     table.initialise(app().installation_resource_file(*dialog.dlls()->translator_for_format("STL")));

@@ -3,13 +3,30 @@
 #include "windows/kit/kitFileChooser.h"
 #include "windows/pages/kitOpenPage.h"
 
+#include <glib.h>
 #include <gmock/gmock.h>
 #include <wx/filedlg.h>
+#include <wx/modalhook.h>
 
 namespace {
 
 constexpr auto & ids = kit_merge_page;
 constexpr char const * files_id = "IDC_MULTIPLE_INPUT_FILE_LIST";
+
+/// Counts the dialogs that are opened, and answers them all at once.
+class DialogCount : private wxModalDialogHook {
+public:
+    DialogCount() { Register(); }
+    int count() const { return m_count; }
+
+private:
+    int Enter(wxDialog *) override
+    {
+        ++m_count;
+        return wxID_CANCEL;
+    }
+    int m_count = 0;
+};
 
 class MergePage : public kitOpenPageTest {
 protected:
@@ -218,7 +235,9 @@ TEST_F(MergePage, OpensNoOptionsWithoutASelectedLine)
 {
     drop({step_file("a.stp")});
     find<wxButton>(*m_page, ids.input_resources)->Enable();
+    DialogCount dialogs;
     press(*m_page, ids.input_resources);
+    EXPECT_EQ(dialogs.count(), 0);
     EXPECT_EQ(input_resource(), "step.rsc");
     EXPECT_EQ(list(ids.input_list).GetItemCount(), 1);
 }
@@ -314,4 +333,97 @@ TEST_F(MergePage, WritesNothingWhenOneOfTheFilesHasVanished)
     EXPECT_THAT(boxes.said()[0], testing::HasSubstr(folder() / "a.stp"));
     EXPECT_FALSE(folder().exists("a.igs"));
     EXPECT_TRUE(folder().exists("b.stp"));
+}
+
+TEST_F(MergePage, OpensTheOptionsOfALineWithTheFormatInTheBox)
+{
+    drop({step_file("a.stp"), folder().write("c.stl", "solid c\nendsolid c\n")});
+    ASSERT_EQ(input_format(), "STL");
+    select(0);
+    std::string before, after;
+    in_next_dialog([&](wxDialog & dialog) {
+        before = dialog.GetTitle().utf8_string();
+        choose_menu(dialog, "IDM_OPTIONS_LOAD_DEFAULT");
+        after = dialog.GetTitle().utf8_string();
+        dialog.EndModal(wxID_CANCEL);
+    });
+    press(*m_page, ids.input_resources);
+    EXPECT_THAT(before, testing::EndsWith("- step.rsc"));
+    EXPECT_THAT(after, testing::EndsWith("/stl.rsc"));
+}
+
+TEST_F(MergePage, ComparesWholeNamesWhenItLooksForDuplicates)
+{
+    kitModal const no_boxes;
+    drop({step_file("a.stp.stp"), step_file("a.stp")});
+    EXPECT_EQ(rows(), 2);
+    EXPECT_EQ(lines(), 2);
+}
+
+TEST_F(MergePage, LoadsTheFormatOfTheInputWhenThatOfTheOutputChanges)
+{
+    drop({step_file("a.stp")});
+    struct Seen {
+        sglComboBox & box;
+        std::string text;
+    } seen{box(ids.input_format), ""};
+    auto & output = box(ids.output_format);
+    output.SetStringSelection("STL");
+    settle();
+    g_idle_add(
+        [](void * data) -> gboolean {
+            auto & what = *static_cast<Seen *>(data);
+            what.text = what.box.GetValue().utf8_string();
+            return G_SOURCE_REMOVE;
+        },
+        &seen);
+    wxCommandEvent event(wxEVT_COMBOBOX_CLOSEUP, output.GetId());
+    event.SetEventObject(&output);
+    m_page->ProcessWindowEvent(event);
+    EXPECT_EQ(seen.text, "Loading DLL...");
+    EXPECT_EQ(input_format(), "STEP");
+    EXPECT_EQ(output_file(), folder() / "a.stl");
+}
+
+TEST_F(MergePage, ProposesNoOutputAfterAFirstFileOfUnknownFormat)
+{
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    drop({folder().write("notes.txt", "text")});
+    drop({step_file("a.stp")});
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(output_file(), "");
+    EXPECT_FALSE(can_translate());
+}
+
+TEST_F(MergePage, AddsNoFileThatItNoLongerShows)
+{
+    stage(step_file("a.stp"));
+    EXPECT_TRUE(can_add());
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    drop({folder().write("notes.txt", "text")});
+    EXPECT_EQ(input_file(), folder() / "notes.txt");
+    EXPECT_FALSE(can_add());
+    EXPECT_EQ(rows(), 0);
+}
+
+TEST_F(MergePage, TakesNoInputWhileItAddsSeveralFiles)
+{
+    kitModal const no_boxes;
+    struct Seen {
+        wxListCtrl & list;
+        bool enabled = true;
+    } seen{list(files_id)};
+    g_idle_add(
+        [](void * data) -> gboolean {
+            auto & what = *static_cast<Seen *>(data);
+            what.enabled = what.list.IsEnabled();
+            return G_SOURCE_REMOVE;
+        },
+        &seen);
+    drop({step_file("a.stp"), step_file("b.stp")});
+    EXPECT_FALSE(seen.enabled);
+    EXPECT_TRUE(list(files_id).IsEnabled());
+    EXPECT_EQ(rows(), 2);
 }

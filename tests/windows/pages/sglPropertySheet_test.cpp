@@ -1,6 +1,7 @@
 #include "sglPropertySheet.h"
 
 #include "windows/kit/kitBrowser.h"
+#include "windows/kit/kitHelpWindow.h"
 #include "windows/pages/kitSettings.h"
 
 #include "sglEdit.h"
@@ -8,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <wx/clipbrd.h>
+#include <wx/html/helpfrm.h>
 #include <wx/weakref.h>
 
 namespace {
@@ -213,6 +215,20 @@ TEST_F(PropertySheet, OffersToPasteWhileThereIsTextOnTheClipboard)
     EXPECT_FALSE(enabled(sheet, "IDM_EDIT_PASTE"));
 }
 
+TEST_F(PropertySheet, OffersToPasteTextThatIsOfferedInOneEncodingOnly)
+{
+    Sheet & sheet = *show_sheet();
+    {
+        wxClipboardLocker const lock;
+        auto * const data = new wxCustomDataObject(wxDataFormat("UTF8_STRING"));
+        data->SetData(4, "text");
+        wxTheClipboard->SetData(data);
+    }
+    settle();
+    EXPECT_TRUE(enabled(sheet, "IDM_EDIT_PASTE"));
+    empty_clipboard();
+}
+
 TEST_F(PropertySheet, HandsTheEditCommandsToTheTextThatHasTheFocus)
 {
     Sheet & sheet = *show_sheet();
@@ -324,4 +340,19 @@ TEST_F(PropertySheet, LeadsToTheHomePageAndTheSupport)
     choose_menu(sheet, "IDM_HELP_CONTACT");
     run_until([&] { return browser.opened().size() > first.size(); });
     EXPECT_THAT(browser.opened().substr(first.size()), MatchesRegex("open <mailto:[a-z]+@[a-z.]+>\n"));
+}
+
+TEST_F(PropertySheet, OpensTheHelpAtTheNews)
+{
+    kitModal const no_boxes;
+    Sheet & sheet = *show_sheet();
+    choose_menu(sheet, "IDM_WHAT_NEW_IN_CROSSWALK");
+    run_until([] { return kit_help_window<wxHtmlHelpFrame>() != nullptr; }, 20, "the help");
+    auto * const help = kit_help_window<wxHtmlHelpFrame>();
+    ASSERT_TRUE(help);
+    auto * const page = help->GetController()->GetHelpWindow()->GetHtmlWindow();
+    run_until([&] { return page->GetOpenedPage().EndsWith("source/new/new.htm"); }, 20,
+              "the page of the news");
+    help->Close();
+    run_until([] { return kit_help_window<wxHtmlHelpFrame>() == nullptr; }, 20, "the end of the help");
 }

@@ -248,3 +248,29 @@ TEST_F(SinglePage, ShowsTheNameOfTheResourceFileThatIsTakenInTheDialog)
     EXPECT_EQ(cell(ids.output_list, 1), "mine.rsc");
     EXPECT_EQ(list(ids.output_list).GetItemCount(), 1);
 }
+
+TEST_F(SinglePage, TranslatesIntoAChosenOutputOnceTheFormatOfTheInputIsKnown)
+{
+    browse_output(folder() / "mine.igs");
+    drop({folder().write("notes.txt", "text")});
+    EXPECT_EQ(output_file(), folder() / "mine.igs");
+    EXPECT_FALSE(can_translate());
+    choose(ids.input_format, "STEP");
+    EXPECT_TRUE(can_translate());
+}
+
+TEST_F(SinglePage, AnswersEachCloseOfAFormatBoxOnce)
+{
+    drop({step_file("part.stp")});
+    int closed = 0;
+    m_page->Bind(wxEVT_COMBOBOX_CLOSEUP, [&](wxCommandEvent & event) {
+        ++closed;
+        event.Skip();
+    });
+    choose(ids.input_format, "STL");
+    EXPECT_EQ(closed, 1);
+    choose(ids.input_format, "");
+    EXPECT_EQ(closed, 2);
+    choose(ids.output_format, "BREP");
+    EXPECT_EQ(closed, 3);
+}

@@ -182,3 +182,31 @@ TEST_F(TabDlg, StandsInTheMiddleOfTheScreen)
     EXPECT_NEAR(place.x + place.width / 2, screen.x + screen.width / 2, 4);
     EXPECT_NEAR(place.y + place.height / 2, screen.y + screen.height / 2, 40);
 }
+
+TEST_F(TabDlg, HasTheTranslateButtonOfThePageThatIsShownForEnter)
+{
+    sglTabDlg & window = *show_window();
+    wxNotebook & pages = notebook(window);
+    ASSERT_TRUE(window.GetDefaultItem());
+    EXPECT_EQ(window.GetDefaultItem()->GetId(), XRCID("IDC_SINGLE_TRANSLATE"));
+    char const * const buttons[] = {"IDC_SINGLE_TRANSLATE", "IDC_MULTIPLE_TRANSLATE",
+                                    "IDC_BATCH_TRANSLATE_BUTTON"};
+    for (std::size_t const page : {1u, 2u, 0u}) {
+        pages.SetSelection(page);
+        EXPECT_EQ(window.GetDefaultItem()->GetId(), XRCID(buttons[page])) << page;
+    }
+}
+
+TEST_F(TabDlg, GivesNoCommandToAPageThatIsAtWork)
+{
+    sglTabDlg & window = *show_window();
+    wxWindow & page = *notebook(window).GetCurrentPage();
+    int pressed = 0;
+    page.Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++pressed; });
+    page.Disable();
+    choose_menu(window, "IDM_FILE_OPEN");
+    EXPECT_EQ(pressed, 0);
+    page.Enable();
+    choose_menu(window, "IDM_FILE_OPEN");
+    EXPECT_EQ(pressed, 1);
+}

@@ -88,6 +88,55 @@ TEST_F(TranslatePage, TakesFilesDroppedOntoItsInputList)
     EXPECT_EQ(m_page->dropped, files);
 }
 
+TEST_F(TranslatePage, TakesNoFilesWhileADialogIsOpenInFrontOfIt)
+{
+    create();
+    auto * const target = dynamic_cast<sglDropFiles *>(m_page->m_input_list->GetDropTarget());
+    ASSERT_TRUE(target);
+    auto * const text = new wxTextCtrl(m_frame, wxID_ANY);
+    sglDropFiles text_target(text);
+    wxArrayString files;
+    files.Add("a");
+    wxDialog dialog(m_frame, wxID_ANY, "a dialog");
+    bool taken = true;
+    show_modal(dialog, [&] {
+        taken = target->OnDropFiles(1, 1, files);
+        EXPECT_TRUE(sgl_dialog_is_open());
+        EXPECT_TRUE(text_target.OnDropFiles(1, 1, files));
+        dialog.EndModal(wxID_OK);
+    });
+    EXPECT_FALSE(taken);
+    EXPECT_TRUE(m_page->dropped.empty());
+    EXPECT_EQ(text->GetValue(), "a");
+    EXPECT_FALSE(sgl_dialog_is_open());
+    EXPECT_TRUE(target->OnDropFiles(1, 1, files));
+    EXPECT_EQ(m_page->dropped, files);
+}
+
+TEST_F(TranslatePage, TakesNoFilesWhileItIsAtWork)
+{
+    create();
+    auto * const target = dynamic_cast<sglDropFiles *>(m_page->m_input_list->GetDropTarget());
+    ASSERT_TRUE(target);
+    wxArrayString files;
+    files.Add("a");
+    m_page->Disable();
+    EXPECT_FALSE(target->OnDropFiles(1, 1, files));
+    m_page->Enable();
+    EXPECT_TRUE(target->OnDropFiles(1, 1, files));
+}
+
+TEST_F(TranslatePage, TakesFilesAfterADialogThatWasAnsweredWithoutBeingShown)
+{
+    create();
+    {
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        wxMessageDialog(m_frame, "a message").ShowModal();
+    }
+    EXPECT_FALSE(sgl_dialog_is_open());
+}
+
 TEST_F(TranslatePage, PutsTheFirstDroppedFileIntoATextControl)
 {
     auto * const text = new wxTextCtrl(m_frame, wxID_ANY, "before");
