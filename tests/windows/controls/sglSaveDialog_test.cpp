@@ -55,9 +55,8 @@ protected:
     /// Runs `script` with the keys of the user going to the dialog; gives how the dialog ended.
     int show_with_keys(sglSaveDialog & dialog, std::function<void()> const & script)
     {
-        kitScreen const screen;
         dialog.CallAfter([&] {
-            run_until([&] { return screen.active_title(getpid()) == "Save"; }, 20, "the dialog");
+            run_until([&] { return m_screen.active_title(getpid()) == "Save"; }, 20, "the dialog");
             settle();
             script();
             run_until([&] { return !dialog.IsModal(); }, 20, "the end of the dialog");
@@ -76,6 +75,7 @@ protected:
 
     wxFrame * m_frame = nullptr;
     kitModal m_boxes;
+    kitScreen m_screen;
 };
 
 } // namespace
