@@ -40,4 +40,7 @@ protected:
     std::string queued_output(int index) { return m_batch->output_row(index).filename().str(); }
 
     sglBatchFiles * m_batch = nullptr;
+
+private:
+    kitModal m_no_boxes; // a box that a test does not expect fails it, where it would wait for an answer
 };
