@@ -68,6 +68,16 @@ protected:
         simulator.MouseMove(middle_of(row));
         run_until([this, row] { return list().hover_row() == row; }, 20, "the row under the mouse");
     }
+    void open_and_point_and_open_again()
+    {
+        open();
+        point_at(2);
+        m_box->Dismiss();
+        wait_for_close();
+        wxUIActionSimulator().MouseMove(m_frame->ClientToScreen(wxPoint(500, 400)));
+        settle();
+        open();
+    }
     void click_on(int row)
     {
         point_at(row);
@@ -271,13 +281,7 @@ TEST_F(FormatBox, OpensOnItsChoiceWhateverWasPointedAtBefore)
 {
     m_box->fill({"BREP", "IGES", "STEP"});
     m_box->SetStringSelection("BREP");
-    open();
-    point_at(2);
-    m_box->Dismiss();
-    wait_for_close();
-    wxUIActionSimulator().MouseMove(m_frame->ClientToScreen(wxPoint(500, 400)));
-    settle();
-    open();
+    open_and_point_and_open_again();
     EXPECT_EQ(list().hover_row(), -1);
     EXPECT_EQ(list().GetFirstSelected(), 0);
     key(WXK_RETURN);
@@ -288,9 +292,8 @@ TEST_F(FormatBox, OpensOnItsChoiceWhateverWasPointedAtBefore)
 TEST_F(FormatBox, OpensOnNothingWhileNothingIsChosen)
 {
     m_box->fill({"BREP", "IGES", "STEP"});
-    m_box->SetStringSelection("IGES");
     m_box->add_and_select_unknown();
-    open();
+    open_and_point_and_open_again();
     EXPECT_EQ(list().GetFirstSelected(), -1);
     m_box->Dismiss();
     wait_for_close();
