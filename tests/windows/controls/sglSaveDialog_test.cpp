@@ -2,11 +2,9 @@
 
 #include "windows/kit/kitFileChooser.h"
 #include "windows/kit/kitWindowTest.h"
-#include "windows/program/kitScreen.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 namespace {
 
@@ -52,30 +50,8 @@ protected:
         return dialog.chosen_path().str();
     }
 
-    /// Runs `script` with the keys of the user going to the dialog; gives how the dialog ended.
-    int show_with_keys(sglSaveDialog & dialog, std::function<void()> const & script)
-    {
-        dialog.CallAfter([&] {
-            run_until([&] { return m_screen.active_title(getpid()) == "Save"; }, 20, "the dialog");
-            settle();
-            script();
-            run_until([&] { return !dialog.IsModal(); }, 20, "the end of the dialog");
-            if (dialog.IsModal())
-                dialog.EndModal(wxID_ABORT);
-        });
-        return dialog.ShowModal();
-    }
-    /// Types a name with keys, over the one that is there.
-    void type_name(sglSaveDialog & dialog, char const * name)
-    {
-        kitFileChooser const below(dialog);
-        type(name);
-        run_until([&] { return below.path() == folder() / name; }, 20, "the name");
-    }
-
     wxFrame * m_frame = nullptr;
     kitModal m_boxes;
-    kitScreen m_screen;
 };
 
 } // namespace
@@ -136,49 +112,4 @@ TEST_F(SaveDialog, MakesNoNameOutOfAPathThatTheToolkitDoesNotGive)
     EXPECT_EQ(dialog.ShowModal(), static_cast<int>(wxID_OK));
     std::string const path = dialog.chosen_path().str();
     EXPECT_TRUE(path == place + "/mine.rsc" || path.empty()) << path;
-}
-
-TEST_F(SaveDialog, EndsWithANameThatIsTypedAndEnter)
-{
-    sglSaveDialog dialog(m_frame, "Save", folder().path().string(), "", "Tables|*.rsc", "rsc",
-                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    EXPECT_EQ(show_with_keys(dialog,
-                             [&] {
-                                 type_name(dialog, "mine");
-                                 key(WXK_RETURN);
-                             }),
-              static_cast<int>(wxID_OK));
-    EXPECT_EQ(dialog.chosen_path().str(), folder() / "mine.rsc");
-}
-
-TEST_F(SaveDialog, EndsWithTheKeyOfItsButton)
-{
-    sglSaveDialog dialog(m_frame, "Save", folder().path().string(), "", "Tables|*.rsc", "rsc", wxFD_SAVE);
-    EXPECT_EQ(show_with_keys(dialog,
-                             [&] {
-                                 type_name(dialog, "mine");
-                                 key('S', wxMOD_ALT);
-                             }),
-              static_cast<int>(wxID_OK));
-    EXPECT_EQ(dialog.chosen_path().str(), folder() / "mine.rsc");
-}
-
-TEST_F(SaveDialog, StaysForANoAfterEnterUntilItIsCancelled)
-{
-    folder().write("mine.rsc", "old");
-    m_boxes.expect_message(wxID_NO);
-    sglSaveDialog dialog(m_frame, "Save", folder().path().string(), "", "Tables|*.rsc", "rsc",
-                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    EXPECT_EQ(show_with_keys(dialog,
-                             [&] {
-                                 type_name(dialog, "mine");
-                                 key(WXK_RETURN);
-                                 run_until([&] { return !m_boxes.said().empty(); }, 20, "the question");
-                                 settle();
-                                 EXPECT_TRUE(dialog.IsModal());
-                                 key(WXK_ESCAPE);
-                             }),
-              static_cast<int>(wxID_CANCEL));
-    EXPECT_THAT(m_boxes.said(), ElementsAre("The file " + folder() / "mine.rsc" +
-                                            " already exists. Do you want to overwrite it?"));
 }
