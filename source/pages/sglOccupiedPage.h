@@ -1,7 +1,9 @@
 #pragma once
 
-#include <wx/weakref.h>
+// Ahead of the other, which does not stand by itself.
 #include <wx/window.h>
+
+#include <wx/weakref.h>
 
 /// Takes no input for a page, as long as this lives: while it works several files off, what the user does is
 /// handled in between. The focus comes back afterwards.

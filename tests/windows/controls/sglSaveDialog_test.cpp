@@ -10,6 +10,47 @@ namespace {
 
 using ::testing::ElementsAre;
 
+/// Presses the platform's own Save as soon as the dialog has the name, so many times. Does so out of the
+/// event loop of the dialog: within another one the platform's part does not answer.
+class PressesSave {
+public:
+    PressesSave(wxDialog & dialog, std::string const & name, std::string path, int presses)
+        : m_dialog(dialog), m_chooser(dialog), m_path(std::move(path)), m_presses(presses),
+          m_timer(g_timeout_add(20, &PressesSave::look, this))
+    {
+        m_chooser.type_name(name);
+    }
+    ~PressesSave()
+    {
+        if (m_timer)
+            g_source_remove(m_timer);
+    }
+    PressesSave(PressesSave const &) = delete;
+    PressesSave & operator=(PressesSave const &) = delete;
+
+    int left() const { return m_presses; }
+
+private:
+    static int look(void * data)
+    {
+        auto & self = *static_cast<PressesSave *>(data);
+        if (self.m_dialog.IsModal() && --self.m_looks == 0)
+            self.m_dialog.EndModal(wxID_ABORT);
+        else if (self.m_dialog.IsModal() && self.m_presses > 0 && self.m_chooser.path() == self.m_path) {
+            --self.m_presses;
+            self.m_chooser.accept();
+        }
+        return 1;
+    }
+
+    wxDialog & m_dialog;
+    kitFileChooser m_chooser;
+    std::string m_path;
+    int m_presses;
+    int m_looks = 1000;
+    unsigned int m_timer;
+};
+
 class SaveDialog : public kitWindowTest {
 protected:
     void SetUp() override
@@ -112,4 +153,26 @@ TEST_F(SaveDialog, MakesNoNameOutOfAPathThatTheToolkitDoesNotGive)
     EXPECT_EQ(dialog.ShowModal(), static_cast<int>(wxID_OK));
     std::string const path = dialog.chosen_path().str();
     EXPECT_TRUE(path == place + "/mine.rsc" || path.empty()) << path;
+}
+
+TEST_F(SaveDialog, EndsWithThePlatformsOwnSave)
+{
+    sglSaveDialog dialog(m_frame, "Save", folder().path().string(), "", "Tables|*.rsc", "rsc",
+                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    PressesSave const user(dialog, "mine", folder() / "mine", 1);
+    EXPECT_EQ(dialog.ShowModal(), static_cast<int>(wxID_OK));
+    EXPECT_EQ(dialog.chosen_path().str(), folder() / "mine.rsc");
+}
+
+TEST_F(SaveDialog, StaysOpenForANoAfterThePlatformsOwnSave)
+{
+    folder().write("mine.rsc", "old");
+    m_boxes.expect_message(wxID_NO);
+    m_boxes.expect_message(wxID_YES);
+    sglSaveDialog dialog(m_frame, "Save", folder().path().string(), "", "Tables|*.rsc", "rsc",
+                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    PressesSave const user(dialog, "mine", folder() / "mine", 2);
+    EXPECT_EQ(dialog.ShowModal(), static_cast<int>(wxID_OK));
+    EXPECT_EQ(user.left(), 0);
+    EXPECT_EQ(m_boxes.said().size(), 2u);
 }
