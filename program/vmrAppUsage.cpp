@@ -8,6 +8,7 @@
 
 #include "wxt/wxtStringConverter.h"
 
+#include <utility>
 #include <wx/menu.h>
 #include <wx/xrc/xmlres.h>
 
@@ -52,8 +53,14 @@ void vmrApp::add_usage_menu(wxMenuBar & bar)
 
 void vmrApp::ask_about_usage_data_when_idle()
 {
-    if (startup_info().find_field(ask_field) == "yes")
-        vmr_add_idle_work([this] { analytics_reporter()->show_startup_dialog(m_window); });
+    if (startup_info().find_field(ask_field) != "yes")
+        return;
+    // A question that comes before the desktop has taken its window in would lie behind that.
+    m_window->Bind(wxEVT_ACTIVATE, [this, asked = false](wxActivateEvent & event) mutable {
+        event.Skip();
+        if (event.GetActive() && !std::exchange(asked, true))
+            vmr_add_idle_work([this] { analytics_reporter()->show_startup_dialog(m_window); });
+    });
 }
 
 void vmrApp::remember_to_ask_about_usage_data()

@@ -26,8 +26,9 @@ protected:
         std::filesystem::copy_file(samples / name, folder() / as);
         return folder() / as;
     }
-    /// Runs the program, and `script` once its window is there and has the focus.
-    kitProgramResult run(std::vector<std::string> const & words, std::function<void()> const & script)
+    /// Runs the program, and `script` once a window whose title begins so is there and has the focus.
+    kitProgramResult run(std::vector<std::string> const & words, std::function<void()> const & script,
+                         std::string const & title = main_title)
     {
         kitProgram program;
         program.arguments = {VMR_PROGRAM};
@@ -39,7 +40,7 @@ protected:
                                {"GSETTINGS_BACKEND", "memory"}};
         program.meanwhile = [&](pid_t process) {
             m_process = process;
-            wait_for_title(main_title);
+            wait_for_title(title);
             script();
             // A window that is still there would keep the test waiting for ever.
             run_until([&] { return m_screen.windows(process) == 0; }, 30, "the end of the program");
@@ -65,7 +66,7 @@ protected:
         run_until([&] { return m_screen.windows(m_process) == 2; }, 20, "the message to go");
         settle();
         key(WXK_RETURN);
-        wait_for_main_window();
+        wait_for_title(main_title);
     }
     /// Waits until what stands in front of the main window has gone.
     void wait_for_main_window()
@@ -80,7 +81,7 @@ protected:
         key(command);
         wait_for_title(title);
         key(WXK_ESCAPE);
-        wait_for_main_window();
+        wait_for_title(main_title);
     }
     std::string own(std::string const & name) const { return "home/.config/Quorvane/Crosswalk/" + name; }
     void quit() { key('Q', wxMOD_CONTROL); }
@@ -145,6 +146,15 @@ TEST_F(ProgramWindow, AsksAboutUsageDataAtALaterStartOnlyWhenSomethingWasTransla
     }));
     EXPECT_TRUE(will_ask());
     EXPECT_FALSE(folder().exists(own("usage"))) << "before anybody was asked";
+    expect_silent_good_end(run(
+        {},
+        [&] {
+            key(WXK_ESCAPE);
+            wait_for_title(main_title);
+            quit();
+        },
+        "Usage Data"));
+    EXPECT_EQ(folder().read(own("usage/choice")), "no\n");
 }
 
 TEST_F(ProgramWindow, ShowsTheUsageDataAndTheAboutBoxFromItsMenu)
