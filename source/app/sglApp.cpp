@@ -12,6 +12,7 @@
 #include "wxt/wxtStringConverter.h"
 #include "xml/xxmDocumentFactory.h"
 
+#include <sys/utsname.h>
 #include <wx/apptrait.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
@@ -87,12 +88,21 @@ void sglApp::pre_splash_screen_init()
     delete wxConfigBase::Set(m_config);
 }
 
+/// The text of wxGetOsDescription, which starts a shell and another program for it.
+static utString operating_system_description()
+{
+    utsname system{};
+    if (uname(&system) != 0)
+        return wxtStringConverter::to_ut(wxGetOsDescription());
+    return utString(system.sysname) + " " + system.release + " " + system.machine;
+}
+
 void sglApp::get_product_info(utString const & build_date, utString const & version,
                               utString const & build_number, utString & program, utString & operating_system,
                               utString & user)
 {
     static_cast<void>(build_date);
-    operating_system = wxtStringConverter::to_ut(wxGetOsDescription());
+    operating_system = operating_system_description();
     program = m_name_no_version;
     m_name = m_name_no_version + " " + version + build_number;
     m_full_name = m_name;

@@ -2,7 +2,10 @@
 
 #include "sglNlsHelp.h"
 
+#include "wxt/wxtStringConverter.h"
+
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 #include <wx/xrc/xmlres.h>
 
 namespace {
@@ -97,6 +100,12 @@ TEST_F(Application, TellsWhoItIsInTheCopyrightMessage)
                                                   "Status: Beta Release \n"
                                                   "\n"
                                                   "\xC2\xA9 All rights tested"));
+}
+
+TEST_F(Application, KnowsTheOperatingSystemAsTheToolkitDescribesIt)
+{
+    app().pre_splash_screen_init();
+    EXPECT_EQ(app().application_information()->os(), wxtStringConverter::to_ut(wxGetOsDescription()));
 }
 
 TEST_F(Application, DoesNotStartWithoutItsMainXrcFile)
