@@ -13,26 +13,26 @@
 
 namespace {
 
-constexpr std::int64_t most_pixels = std::int64_t(32) << 20;
+constexpr std::uint64_t most_pixels = std::uint64_t(32) << 20;
 
-std::int64_t little_endian(std::string_view bytes)
+std::uint64_t little_endian(std::string_view bytes)
 {
-    std::int64_t value = 0;
+    std::uint64_t value = 0;
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte)
         value = value << 8 | static_cast<unsigned char>(*byte);
     return value;
 }
 
-std::int64_t big_endian(std::string_view bytes)
+std::uint64_t big_endian(std::string_view bytes)
 {
-    std::int64_t value = 0;
+    std::uint64_t value = 0;
     for (char const byte : bytes)
         value = value << 8 | static_cast<unsigned char>(byte);
     return value;
 }
 
 /// The count of pixels that the head of a PNG or BMP file claims; nothing for another kind of file.
-std::optional<std::int64_t> claimed_pixels(std::string_view file)
+std::optional<std::uint64_t> claimed_pixels(std::string_view file)
 {
     if (file.size() >= 26 && file.starts_with("\x89PNG\r\n\x1a\n"))
         return big_endian(file.substr(16, 4)) * big_endian(file.substr(20, 4));
@@ -42,7 +42,8 @@ std::optional<std::int64_t> claimed_pixels(std::string_view file)
             return little_endian(file.substr(18, 2)) * little_endian(file.substr(20, 2));
         auto const height = static_cast<std::int32_t>(little_endian(file.substr(22, 4)));
         // A negative height says that the rows begin at the top.
-        return little_endian(file.substr(18, 4)) * (height < 0 ? -std::int64_t(height) : height);
+        return little_endian(file.substr(18, 4)) *
+               static_cast<std::uint64_t>(height < 0 ? -std::int64_t(height) : height);
     }
     return {};
 }
