@@ -1,5 +1,8 @@
 #pragma once
 
+// Ahead of the other, which does not stand by itself.
+#include <wx/object.h>
+
 #include <wx/html/htmlproc.h>
 
 /// Fits the pages of a help book to the desktop: they are written in the colours of a light one, which a dark
