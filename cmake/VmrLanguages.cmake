@@ -16,8 +16,10 @@ function(vmr_catalogue po mo)
 endfunction()
 
 # vmr_language(language DOMAINS a b): compiles and installs <language>/a.po and <language>/b.po. The target
-# vmr_languages compiles those of all languages.
+# vmr_languages compiles those of all languages, which the global property VMR_LANGUAGES lists. <language>/vmrdesktop.po
+# is no domain: its texts go into the files of data/desktop when they are built.
 function(vmr_language language)
+  set_property(GLOBAL APPEND PROPERTY VMR_LANGUAGES ${language})
   cmake_parse_arguments(ARG "" "" "DOMAINS" ${ARGN})
   set(folder ${VMR_DATA_DIR}/locale/${language}/LC_MESSAGES)
   set(catalogues)
