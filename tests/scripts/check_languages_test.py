@@ -60,6 +60,33 @@ class CheckLanguages(unittest.TestCase):
         self.lacks("vmrgrlib", 'msgid "Full Release"')
         self.lacks("vmrgrlib", 'msgctxt "d.res.page"\nmsgid "Geometry"')
 
+    def test_finds_the_texts_that_a_desktop_shows(self):
+        self.write("data/desktop/vmr.desktop.in", "[Desktop Entry]\nName=@VMR_PRODUCT_NAME@\nGenericName=Translator\n"
+                                                  "Comment=Translate with @VMR_PRODUCT_NAME@\nExec=vmr %F\n")
+        self.write("data/desktop/vmr.metainfo.xml.in",
+                   "<component><id>com.example</id><name>@VMR_PRODUCT_NAME@</name><summary>Translate\n  all</summary>"
+                   "<description><p>In a window</p><ul><li>STL</li></ul></description></component>")
+        self.write("data/desktop/vmr.mime.xml",
+                   '<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info"><mime-type type="model/stl">'
+                   "<comment>STL mesh</comment><acronym>Short</acronym></mime-type></mime-info>")
+        wanted = ["Translator", "Translate with @VMR_PRODUCT_NAME@", "Translate all", "In a window", "STL", "STL mesh"]
+        for text in wanted:
+            self.lacks("vmrdesktop", f'msgid "{text}"\nmsgstr ""')
+        self.assertIn(f"{len(wanted)} texts, {len(wanted)} faults\n", self.check()[1])
+
+        def translate(shown):
+            texts = [f'msgid "{text}"\nmsgstr "{german}"\n' for text, german in zip(wanted, shown)]
+            self.write("data/locale/de/vmrdesktop.po", HEADER + "\n".join(texts))
+
+        german = ["Konverter", "Mit @VMR_PRODUCT_NAME@ übersetzen", "Alles übersetzen", "Im Fenster", "STL", "STL-Netz"]
+        translate(german)
+        self.assertEqual(self.check(), (0, "6 texts, 0 faults\n"))
+        german[1] = "Übersetzen"
+        translate(german)
+        status, said = self.check()
+        self.assertEqual(status, 1)
+        self.assertIn('de: "Übersetzen" has not the variables of "Translate with @VMR_PRODUCT_NAME@"', said)
+
     def test_reads_xrc_files_as_the_toolkit_does(self):
         self.write("data/xrc/vmrgrlib/menu.xrc", MENU)
         self.lacks("vmrgrlib", 'msgctxt "m_x"\nmsgid "&Open"')
