@@ -42,8 +42,9 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${VMR_PACKAGE_NAME})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION non-free/graphics)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS hicolor-icon-theme)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS shared-mime-info)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "bash-completion, ${VMR_PACKAGE_NAME}-dev")
+# The toolkit's own texts, as those of file dialogs, come from the system.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shared-mime-info, wx3.2-i18n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "bash-completion, fonts-noto-cjk, ${VMR_PACKAGE_NAME}-dev")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION [[translator of geometry between CAD formats
 Moves geometry between STEP, IGES, Open CASCADE BREP and STL: one file,
 several files merged into one, or a whole batch, in a window or from a
