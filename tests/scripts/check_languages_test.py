@@ -67,7 +67,8 @@ class CheckLanguages(unittest.TestCase):
                    "<component><id>com.example</id><name>@VMR_PRODUCT_NAME@</name><summary>Translate\n  all</summary>"
                    "<description><p>In a window</p><ul><li>STL</li></ul></description></component>")
         self.write("data/desktop/vmr.mime.xml",
-                   '<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info"><mime-type type="model/stl">'
+                   '<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info">'
+                   '<mime-type type="model/stl">'
                    "<comment>STL mesh</comment><acronym>Short</acronym></mime-type></mime-info>")
         wanted = ["Translator", "Translate with @VMR_PRODUCT_NAME@", "Translate all", "In a window", "STL", "STL mesh"]
         for text in wanted:

@@ -58,7 +58,8 @@ class DesktopFiles(unittest.TestCase):
     def test_the_names_are_filled_in(self):
         for name in ["vmr.desktop", "vmr.metainfo.xml", "vmr.mime.xml"]:
             self.assertNotRegex((BUILT / name).read_text(), "@[A-Z_]+@")
-        self.assertRegex((BUILT / "vmr.metainfo.xml").read_text(), r'<release version="[\d.]+" date="\d{4}-\d\d-\d\d"/>')
+        page = (BUILT / "vmr.metainfo.xml").read_text()
+        self.assertRegex(page, r'<release version="[\d.]+" date="\d{4}-\d\d-\d\d"/>')
 
 
 if __name__ == "__main__":
