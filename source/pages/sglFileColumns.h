@@ -9,4 +9,5 @@ constexpr int sgl_file_column_width(int alphabet)
     return letter < wide_letter ? 304 : 441;
 }
 
+/// The column for options files, at least.
 inline constexpr int sgl_resource_column_width = 103;

@@ -16,6 +16,7 @@
 #include "vmr/coResourceIterator.h"
 #include "wxt/wxtStringConverter.h"
 
+#include <algorithm>
 #include <wx/button.h>
 #include <wx/dcclient.h>
 #include <wx/filefn.h>
@@ -38,7 +39,10 @@ void sglFileDialog::add_list_control_headers()
         return wxtStringConverter::to_wx(sglResourceString("vmrgrlib", id));
     };
     m_list->InsertColumn(0, header(1203), wxLIST_FORMAT_LEFT, sgl_file_column_width(alphabet));
-    m_list->InsertColumn(1, header(1204), wxLIST_FORMAT_LEFT, sgl_resource_column_width);
+    m_list->InsertColumn(1, header(1204), wxLIST_FORMAT_LEFT);
+    // Wider only where the user's letters and language need it.
+    m_list->SetColumnWidth(1, wxLIST_AUTOSIZE_USEHEADER);
+    m_list->SetColumnWidth(1, std::max(m_list->GetColumnWidth(1), sgl_resource_column_width));
 }
 
 int sglFileDialog::invalid() const

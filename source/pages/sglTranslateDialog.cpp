@@ -7,6 +7,7 @@
 #include "sglMessageBox.h"
 #include "sglNlsHelp.h"
 
+#include "controls/sglButtonPictures.h"
 #include "pages/sglLabelKeys.h"
 #include "pages/sglListCell.h"
 #include "sdu/sduFileFunctions.h"
@@ -46,6 +47,7 @@ int sglTranslateDialog::create()
     m_input_resource_button->Disable();
     m_output_resource_button->Disable();
     m_translate_button->Disable();
+    sgl_add_button_pictures(*this);
     return OnInitDialog();
 }
 

@@ -1,5 +1,7 @@
 #include "sglResourceRow.h"
 
+#include "controls/sglWrapLabel.h"
+
 #include <wx/stattext.h>
 
 int sgl_row_label_y(wxRect const & row, wxWindow const & control)
@@ -15,5 +17,5 @@ void sgl_fit_row(wxRect & row, wxStaticText & label, wxWindow & control)
     int const label_y = sgl_row_label_y(row, control);
     control.Move(control.GetPosition().x, static_cast<int>((row.GetBottom() - label_y) / 3.0 + label_y));
     row.height *= 2;
-    label.Wrap(room);
+    sgl_wrap_label(label, room);
 }

@@ -1,6 +1,7 @@
 #include "services/sglUsageQuestion.h"
 
 #include "controls/sglShownText.h"
+#include "controls/sglWrapLabel.h"
 #include "nls/sglHelpKey.h"
 #include "wxt/wxtApStringConverter.h"
 
@@ -23,7 +24,7 @@ void sgl_show_usage_text(wxDialog & dialog, apString const & text)
 {
     auto & label = *XRCCTRL(dialog, "IDC_USAGE_TEXT", wxStaticText);
     label.SetLabelText(sgl_shown_text(wxtApStringConverter::to_wx(text)));
-    label.Wrap(dialog.ConvertDialogToPixels(wxSize(290, 0)).x);
+    sgl_wrap_label(label, dialog.ConvertDialogToPixels(wxSize(290, 0)).x);
     dialog.GetSizer()->SetSizeHints(&dialog);
     dialog.CentreOnParent(wxBOTH);
 }

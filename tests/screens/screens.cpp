@@ -1,5 +1,8 @@
 #include "screens/screens.h"
 
+#include "screens/fit.h"
+
+#include <gmock/gmock.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,11 +12,14 @@ namespace fs = std::filesystem;
 
 void Screens::picture(wxWindow & window, std::string const & name)
 {
+    settle();
+    EXPECT_THAT(what_is_cut_off(window), testing::IsEmpty()) << name;
+    char const * const folder = std::getenv("VMR_SCREENS");
+    if (!folder)
+        return;
     // What the theme fades in or out has come to its end by then.
     wxStopWatch watch;
     run_until([&] { return watch.Time() > 400; });
-    char const * const folder = std::getenv("VMR_SCREENS");
-    ASSERT_TRUE(folder) << "VMR_SCREENS names no folder";
     auto const file = fs::path(folder) / (name + ".png");
     double const scale = wxGetTopLevelParent(&window)->GetContentScaleFactor();
     // The window manager draws its frame around what the toolkit calls the window.

@@ -2,6 +2,7 @@
 #include "sglBatchFiles.h"
 #include "sglMergeFiles.h"
 #include "sglSingleFile.h"
+#include "sglTabDlg.h"
 
 #include <wx/dnd.h>
 #include <wx/listbox.h>
@@ -14,25 +15,34 @@ protected:
     void SetUp() override
     {
         Screens::SetUp();
-        frame()->SetClientSize(frame()->ConvertDialogToPixels(wxSize(450, 340)));
-        m_notebook = new wxNotebook(frame(), wxID_ANY, wxPoint(), frame()->GetClientSize());
+        m_window = new sglTabDlg(nullptr, nullptr);
+        m_window->Show();
+        run_until([&] { return m_window->IsShownOnScreen() && m_window->IsActive(); }, 20, "the window");
     }
+    void TearDown() override
+    {
+        app().at_end_of_main_window(nullptr);
+        Screens::TearDown();
+    }
+    /// Brings a page of the main window to the front.
     template <class Page>
     Page * page()
     {
-        auto * const page = new Page(m_notebook);
-        EXPECT_TRUE(page->create());
-        m_notebook->AddPage(page, wxString::FromUTF8(page->caption().str()), true);
-        frame()->SendSizeEvent();
-        settle();
-        return page;
+        for (wxWindow * const child : m_window->GetChildren())
+            if (auto * const notebook = dynamic_cast<wxNotebook *>(child))
+                for (size_t number = 0; number < notebook->GetPageCount(); ++number)
+                    if (auto * const page = dynamic_cast<Page *>(notebook->GetPage(number))) {
+                        notebook->ChangeSelection(number);
+                        settle();
+                        return page;
+                    }
+        throw std::runtime_error("no such page");
     }
     /// The picture of a page as it is at first.
     template <class Page>
     void empty_page(char const * name)
     {
-        page<Page>();
-        picture(*frame(), name);
+        picture(*page<Page>(), name);
     }
     /// The picture of a page on whose control those files have been dropped.
     template <class Page>
@@ -46,12 +56,12 @@ protected:
             dynamic_cast<wxFileDropTarget *>(find<wxWindow>(*page, control)->GetDropTarget());
         target->OnDropFiles(1, 1, names);
         settle();
-        picture(*frame(), name);
+        picture(*page, name);
         return page;
     }
     std::string step(std::string const & name) { return folder().write(name, "ISO-10303-21;\nHEADER;\n"); }
 
-    wxNotebook * m_notebook = nullptr;
+    sglTabDlg * m_window = nullptr;
 };
 
 } // namespace
@@ -96,5 +106,5 @@ TEST_F(Pages, BatchWithASelectedLine)
     event.SetEventObject(list);
     list->ProcessWindowEvent(event);
     settle();
-    picture(*frame(), "page-batch-selected");
+    picture(*batch, "page-batch-selected");
 }
