@@ -1,7 +1,9 @@
 #include "s2s/s2sHostJob.h"
 
+#include <map>
 #include <nlohmann/json.hpp>
 
+#include "vmr/vmrResourceRegistry.h"
 #include "vmr/vmrTableInstance.h"
 
 namespace fs = std::filesystem;
@@ -9,6 +11,20 @@ namespace fs = std::filesystem;
 namespace {
 
 using nlohmann::json;
+
+/// The values that the table has for the format. A file of all formats' options holds those of others too; as
+/// long as they are at their defaults, nobody has set them, and the host need not say that it does not know
+/// them.
+std::map<std::string, std::string> values_for_host(vmrTableInstance const & table)
+{
+    auto values = table.effective_values();
+    if (fs::path(table.resource_file().str()).filename() == vmr_default_resources_name)
+        std::erase_if(values, [](auto const & value) {
+            auto const * const declaration = vmr_look_up_resource(value.first);
+            return declaration && value.second == declaration->default_value;
+        });
+    return values;
+}
 
 std::string absolute(utString const & file)
 {
@@ -20,7 +36,7 @@ json side(s2sTranslatorElements const & elements)
 {
     auto options = json::object();
     if (elements.table())
-        options = elements.table()->effective_values();
+        options = values_for_host(*elements.table());
     return {{"module", absolute(elements.translator())},
             {"format", elements.format().str()},
             {"options", std::move(options)}};

@@ -24,6 +24,9 @@ std::optional<std::string> vmr_canonical_value(std::string_view name, std::strin
 /// A copy of the table of every registered resource at its built-in default. Any thread.
 coResourceTable vmr_default_resource_table();
 
+/// The name of the files that hold every registered resource at its built-in default, whatever the format.
+inline constexpr char vmr_default_resources_name[] = "Default";
+
 /// The table of every registered resource, at its built-in default, or at the value that a vmrApplyResource
 /// of the calling thread gives it. The caller changes nothing in it. It is valid while a vmrResourceTableMark
 /// lives, or a vmrApplyResource where one gives the values, and otherwise until more resources are

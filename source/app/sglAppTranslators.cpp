@@ -13,6 +13,7 @@
 #include "sdb/sdbTranslatorInfoFactory.h"
 #include "sdb/sdbTranslatorSearchPath.h"
 #include "sdu/sduFileFunctions.h"
+#include "vmr/vmrResourceRegistry.h"
 
 void sglApp::build_translator_dlls(utString const & cache_file, sdbSearchPath const & search_path,
                                    utString const & preferred_output_format)
@@ -76,7 +77,7 @@ utString sglApp::rsc_dir(apFileName const & name) const
             return found;
     // What create_default_resources writes has a capital letter, which counts on this platform: a file that
     // was made once is found again and not made anew over what the user has changed in it.
-    if (utString const made = directory.user_dir() + "/Default"; sdu_check_file_exists(made) == sduFileExists)
+    if (utString const made = directory.user_dir() + "/" + vmr_default_resources_name; sdu_check_file_exists(made) == sduFileExists)
         return made;
     return directory.user_dir() + "/default";
 }

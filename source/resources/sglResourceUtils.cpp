@@ -100,7 +100,7 @@ int create_default_resources(utString & file)
     directory.resize(separator == std::string::npos ? 0 : separator + (directory[separator] == '\\' ? 1 : 0));
     if (sdu_check_directory_exists(directory) != sduFileDirectoryExists)
         result = make_levels(directory);
-    file = directory + "/Default";
+    file = directory + "/" + vmr_default_resources_name;
     vmr_resource_save(file, table);
     return result;
 }

@@ -3,6 +3,7 @@
 
 #include "kit/kitTempFolder.h"
 #include "s2s/s2sHostJob.h"
+#include "vmr/vmrResourceRegistry.h"
 #include "vmr/vmrTableInstance.h"
 
 namespace {
@@ -43,6 +44,26 @@ TEST(HostJob, MakesPathsAbsolute)
     auto const job = json::parse(s2s_host_job(elements, {"/b.cad", "/.vmr-1", "/.vmr-1/b.cad"}, 0));
     EXPECT_EQ(job["inputs"][0]["file"], (std::filesystem::current_path() / "a.cad").native());
     EXPECT_EQ(job["output"]["module"], (std::filesystem::current_path() / "b.so").native());
+}
+
+TEST(HostJob, LeavesOutTheDefaultsOfOtherFormatsInAFileOfAll)
+{
+    vmrResourceDeclaration other;
+    other.name = "testHostJobOther";
+    other.default_value = "as it is";
+    vmr_register_resources({other});
+    kitTempFolder const folder;
+    auto const sent = [&](char const * file, char const * value) {
+        vmrTableInstance options;
+        options.initialise(folder.write(file, std::string("testHostJobOther = ") + value + "\n").c_str());
+        options.set_resource_file(utString(folder / file));
+        s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
+                                              {"/b", nullptr, "/b.so", nullptr, 0, "B"});
+        return json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0))["inputs"][0]["options"];
+    };
+    EXPECT_EQ(sent("Default", "as it is"), json::object());
+    EXPECT_EQ(sent("Default", "changed"), (json{{"testHostJobOther", "changed"}}));
+    EXPECT_EQ(sent("a.rsc", "as it is"), (json{{"testHostJobOther", "as it is"}}));
 }
 
 TEST(HostJob, SendsTheOverrideInPlaceOfTheValueOfTheFile)
