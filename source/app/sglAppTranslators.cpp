@@ -77,7 +77,8 @@ utString sglApp::rsc_dir(apFileName const & name) const
             return found;
     // What create_default_resources writes has a capital letter, which counts on this platform: a file that
     // was made once is found again and not made anew over what the user has changed in it.
-    if (utString const made = directory.user_dir() + "/" + vmr_default_resources_name; sdu_check_file_exists(made) == sduFileExists)
+    if (utString const made = directory.user_dir() + "/" + vmr_default_resources_name;
+        sdu_check_file_exists(made) == sduFileExists)
         return made;
     return directory.user_dir() + "/default";
 }

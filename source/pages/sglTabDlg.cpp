@@ -8,6 +8,7 @@
 
 #include "wxt/wxtStringConverter.h"
 
+#include <memory>
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/menu.h>
@@ -77,10 +78,13 @@ void sglTabDlg::OnFirstShow(wxShowEvent & event)
 template <class Page>
 Page * sglTabDlg::add_page()
 {
-    auto * const page = new Page(m_notebook);
+    auto page = std::make_unique<Page>(m_notebook);
     page->create();
-    m_notebook->AddPage(page, wxtStringConverter::to_wx(page->caption()), false, -1);
-    return page;
+    // There is no window where the installation does not describe it.
+    if (!page->GetHandle())
+        return nullptr;
+    m_notebook->AddPage(page.get(), wxtStringConverter::to_wx(page->caption()), false, -1);
+    return page.release();
 }
 
 void sglTabDlg::add_pages()
@@ -88,7 +92,8 @@ void sglTabDlg::add_pages()
     m_single = add_page<sglSingleFile>();
     m_merge = add_page<sglMergeFiles>();
     m_batch = add_page<sglBatchFiles>();
-    m_single->make_default();
+    if (m_single)
+        m_single->make_default();
     m_notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, &sglTabDlg::OnPageChanged, this);
 }
 
@@ -106,10 +111,9 @@ void sglTabDlg::open_files(wxArrayString const & files)
     sglTranslateDialog * page = m_single;
     if (files.size() > 1)
         page = m_merge;
-    int const index = m_notebook->FindPage(page);
-    if (index == wxNOT_FOUND)
+    if (!page)
         return;
-    m_notebook->SetSelection(static_cast<std::size_t>(index));
+    m_notebook->SetSelection(static_cast<std::size_t>(m_notebook->FindPage(page)));
     page->handle_dropped_files(files);
 }
 

@@ -56,6 +56,31 @@ TEST_F(TabDlg, HasItsPagesInTheOrderInWhichTheyAreUsed)
     EXPECT_TRUE(window.is_expert());
 }
 
+TEST_F(TabDlg, OpensWithoutPagesAndMenuWhenTheInstallationDoesNotDescribeThem)
+{
+    wxXmlResource * const installed = wxXmlResource::Set(new wxXmlResource);
+    {
+        wxLogNull const no_messages;
+        sglTabDlg & window = *show_window();
+        EXPECT_EQ(window.GetMenuBar(), nullptr);
+        EXPECT_EQ(notebook(window).GetPageCount(), 0u);
+        for (auto const * const command : {"IDM_EDIT_COPY", "IDM_EDIT_UNDO", "IDM_VIEW_EXPERT"})
+            choose_menu(window, command);
+        wxArrayString files;
+        for (auto const * const name : {"a.step", "b.step"}) {
+            files.Add(wxString::FromUTF8(folder().write(name, "ISO-10303-21;\nHEADER;\n")));
+            window.open_files(files);
+        }
+        settle();
+        bool ended = false;
+        app().at_end_of_main_window([&] { ended = true; });
+        window.Close();
+        settle();
+        EXPECT_TRUE(ended);
+    }
+    delete wxXmlResource::Set(installed);
+}
+
 TEST_F(TabDlg, CanNeitherBeResizedNorMaximised)
 {
     sglTabDlg & window = *show_window();
