@@ -3,30 +3,21 @@
 //
 //   batch_drop [files]
 //
-// Needs a display. A timer of one millisecond stands for the user's events.
+// Needs a display.
 
-#include "kit/kitApp.h"
+#include "kit/benchApp.h"
+#include "kit/benchTicker.h"
 #include "sglBatchFiles.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <fstream>
 #include <wx/dnd.h>
-#include <wx/evtloop.h>
-#include <wx/init.h>
 #include <wx/listbox.h>
 #include <wx/notebook.h>
 #include <wx/wx.h>
 #include <wx/xrc/xmlres.h>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-double milliseconds(Clock::duration duration)
-{
-    return std::chrono::duration<double, std::milli>(duration).count();
-}
 
 /// The memory of this process in MB.
 double memory()
@@ -37,28 +28,6 @@ double memory()
             return std::atof(line.c_str() + 6) / 1024;
     return 0;
 }
-
-class Ticker : public wxTimer {
-public:
-    void begin()
-    {
-        m_last = Clock::now();
-        m_longest = {};
-        Start(1);
-    }
-    /// Between two ticks, since begin().
-    Clock::duration longest() const { return m_longest; }
-
-private:
-    void Notify() override
-    {
-        auto const now = Clock::now();
-        m_longest = std::max(m_longest, now - m_last);
-        m_last = now;
-    }
-    Clock::time_point m_last;
-    Clock::duration m_longest{};
-};
 
 void process_events(int rounds)
 {
@@ -95,11 +64,11 @@ int run(int count)
     process_events(20);
 
     double const before = memory();
-    Ticker ticker;
+    benchTicker ticker;
     ticker.begin();
-    auto const begin = Clock::now();
+    auto const begin = benchClock::now();
     target->OnDropFiles(1, 1, files);
-    auto const queued = Clock::now();
+    auto const queued = benchClock::now();
     process_events(5);
     ticker.Stop();
     if (static_cast<int>(list->GetCount()) != count + 1) {
@@ -109,7 +78,7 @@ int run(int count)
     std::printf(
         "%d files dropped on the batch list: in the list after %.0f ms, latest event %.0f ms late, %+.1f MB "
         "of memory\n",
-        count, milliseconds(queued - begin), milliseconds(ticker.longest()), memory() - before);
+        count, bench_milliseconds(queued - begin), bench_milliseconds(ticker.longest()), memory() - before);
     return 0;
 }
 
@@ -118,17 +87,6 @@ int run(int count)
 int main(int argc, char ** argv)
 {
     int const count = argc > 1 ? std::atoi(argv[1]) : 1000;
-    kitTempFolder const folder;
-    auto * const app = new kitApp(VMR_BUILD_TREE, folder / "user");
-    app->use_display(true);
-    wxApp::SetInstance(app);
-    int no_arguments = 1;
-    if (!wxEntryStart(no_arguments, argv))
-        return 1;
-    app->pre_splash_screen_init();
-    if (!app->run_on_init())
-        return 1;
-    wxEventLoop loop;
-    wxEventLoopActivator const active(&loop);
+    benchApp const app(argv);
     return run(count);
 }

@@ -1,10 +1,9 @@
 // The operations of the pixel buffer on 1024 by 1024 pixels, as a share of the speed at which the same bytes
 // are copied.
 
+#include "kit/benchTimes.h"
 #include "sglDib.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <functional>
@@ -15,19 +14,6 @@ namespace {
 
 constexpr int size = 1024;
 constexpr int rounds = 40;
-
-double milliseconds(std::function<void()> const & work)
-{
-    auto const begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 void fill_with_noise(sglDib & dib, std::uint32_t seed)
 {
@@ -84,12 +70,12 @@ int main()
         std::vector<double> copies;
         for (int round = 0; round < rounds; ++round) {
             // In turn, so that both meet the same machine.
-            copies.push_back(
-                milliseconds([&] { std::memcpy(static_cast<void *>(to.pixels()), from.pixels(), bytes); }));
-            ours.push_back(milliseconds(operation.work));
+            copies.push_back(bench_milliseconds(
+                [&] { std::memcpy(static_cast<void *>(to.pixels()), from.pixels(), bytes); }));
+            ours.push_back(bench_milliseconds(operation.work));
         }
-        std::printf("%-22s %7.3f ms   a copy %.3f ms   %.2f of its speed\n", operation.name, median(ours),
-                    median(copies), median(copies) / median(ours));
+        std::printf("%-22s %7.3f ms   a copy %.3f ms   %.2f of its speed\n", operation.name,
+                    bench_median(ours), bench_median(copies), bench_median(copies) / bench_median(ours));
     }
     return 0;
 }

@@ -5,7 +5,8 @@
 //
 // Needs a display. Prints medians of five in milliseconds; the first number of a line is ours.
 
-#include "kit/kitApp.h"
+#include "kit/benchApp.h"
+#include "kit/benchTimes.h"
 #include "sdu/ubStreams.h"
 #include "sglOptionsDialog.h"
 #include "sglResourceDialogBuilder.h"
@@ -15,11 +16,7 @@
 #include "vmr/vmrTableInstance.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <functional>
-#include <wx/evtloop.h>
-#include <wx/init.h>
 #include <wx/statbox.h>
 #include <wx/treectrl.h>
 #include <wx/wx.h>
@@ -30,19 +27,6 @@ namespace {
 constexpr int rounds = 5;
 constexpr int rows_of_a_group = 10;
 char const * const units[] = {"um", "mm", "cm", "m", "km", "uin", "mil", "in", "ft", "mi"};
-
-double milliseconds(std::function<void()> const & work)
-{
-    auto const begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 /// The three kinds of rows take turns.
 enum class Kind { check, edit, list };
@@ -189,7 +173,7 @@ public:
     {
         for (int round = 0; round < rounds; ++round) {
             wxPanel * bare = nullptr;
-            m_bare.push_back(milliseconds([&] {
+            m_bare.push_back(bench_milliseconds([&] {
                 bare = new wxPanel(m_frame);
                 make_bare(bare, m_pages, m_rows);
             }));
@@ -198,13 +182,14 @@ public:
         }
         std::printf("%d pages, %d resources\n", m_pages, m_pages * m_rows);
         std::printf("read and build        %8.1f   as many controls alone %.1f   ratio %.2f\n",
-                    median(m_build), median(m_bare), median(m_build) / median(m_bare));
-        std::printf("show the values       %8.1f\n", median(m_initialise));
-        std::printf("apply, 1 edit a page  %8.1f\n", median(m_apply_some));
-        std::printf("apply, all edited     %8.1f\n", median(m_apply_all));
-        std::printf("apply, nothing edited %8.1f\n", median(m_apply_none));
-        std::printf("ok                    %8.1f\n", median(m_ok));
-        std::printf("switch of pages       %8.1f   the slowest %.1f\n", median(m_switch),
+                    bench_median(m_build), bench_median(m_bare),
+                    bench_median(m_build) / bench_median(m_bare));
+        std::printf("show the values       %8.1f\n", bench_median(m_initialise));
+        std::printf("apply, 1 edit a page  %8.1f\n", bench_median(m_apply_some));
+        std::printf("apply, all edited     %8.1f\n", bench_median(m_apply_all));
+        std::printf("apply, nothing edited %8.1f\n", bench_median(m_apply_none));
+        std::printf("ok                    %8.1f\n", bench_median(m_ok));
+        std::printf("switch of pages       %8.1f   the slowest %.1f\n", bench_median(m_switch),
                     *std::max_element(m_switch.begin(), m_switch.end()));
     }
 
@@ -216,12 +201,12 @@ private:
         auto * const host = new wxPanel(m_frame);
         auto * const panel = new sglOptionsDialog(host);
         Builder builder(nullptr, panel, &caller);
-        m_build.push_back(milliseconds([&] {
+        m_build.push_back(bench_milliseconds([&] {
             ubIFStream stream{utString(m_layout)};
             if (!builder.read_layout(stream, sglResourceDialogBuilder::input))
                 std::puts("the layout was not read");
         }));
-        m_initialise.push_back(milliseconds([&] {
+        m_initialise.push_back(bench_milliseconds([&] {
             builder.initialise(&working);
             send_init(*panel);
         }));
@@ -235,18 +220,18 @@ private:
         int switched = 0;
         for (auto item = tree->GetFirstChild(root, cookie); item.IsOk() && switched < 10; ++switched) {
             item = tree->GetNextChild(root, cookie);
-            m_switch.push_back(milliseconds([&] {
+            m_switch.push_back(bench_milliseconds([&] {
                 tree->SelectItem(item);
                 process_events();
             }));
         }
 
         edit(*panel, 1, "0.25", "False", "in");
-        m_apply_some.push_back(milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
+        m_apply_some.push_back(bench_milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
         edit(*panel, m_rows, "0.75", "False", "ft");
-        m_apply_all.push_back(milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
-        m_apply_none.push_back(milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
-        m_ok.push_back(milliseconds([&] { press(*panel, "IDC_OPTIONS_OK"); }));
+        m_apply_all.push_back(bench_milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
+        m_apply_none.push_back(bench_milliseconds([&] { press(*panel, "IDC_OPTIONS_APPLY"); }));
+        m_ok.push_back(bench_milliseconds([&] { press(*panel, "IDC_OPTIONS_OK"); }));
         if (caller.effective_value(utString(name_of(m_pages - 1, m_rows - 1))).empty())
             std::puts("the caller has no values");
         delete host;
@@ -285,18 +270,7 @@ int main(int argc, char ** argv)
 {
     int const pages = argc > 1 ? std::atoi(argv[1]) : 200;
     int const rows = argc > 2 ? std::atoi(argv[2]) : 50;
-    kitTempFolder const folder;
-    auto * const app = new kitApp(VMR_BUILD_TREE, folder / "user");
-    app->use_display(true);
-    wxApp::SetInstance(app);
-    int no_arguments = 1;
-    if (!wxEntryStart(no_arguments, argv))
-        return 1;
-    app->pre_splash_screen_init();
-    if (!app->run_on_init())
-        return 1;
-    wxEventLoop loop;
-    wxEventLoopActivator const active(&loop);
+    benchApp const app(argv);
     Bench(pages, rows).run();
     return 0;
 }

@@ -1,20 +1,15 @@
 find_package(benchmark QUIET)
 if(benchmark_FOUND AND TARGET s2s_fake_host)
-  add_executable(bench_s2s EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/s2s_messages.cpp)
-  target_link_libraries(bench_s2s PRIVATE vmr_options base_s2s benchmark::benchmark)
-  target_include_directories(bench_s2s PRIVATE ${CMAKE_CURRENT_LIST_DIR}/../tests)
-  target_compile_definitions(bench_s2s PRIVATE FAKE_HOST="$<TARGET_FILE:s2s_fake_host>")
-  set_target_properties(bench_s2s PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench CXX_EXTENSIONS OFF)
-  add_dependencies(bench_s2s s2s_fake_host)
-
+  vmr_bench(bench_s2s ON_DEMAND
+    SOURCES s2s_messages.cpp
+    LIBRARIES base_s2s benchmark::benchmark
+    DEFINITIONS FAKE_HOST="$<TARGET_FILE:s2s_fake_host>"
+    RUNS s2s_fake_host)
   foreach(name cancel batch)
-    add_executable(bench_s2s_${name} EXCLUDE_FROM_ALL ${CMAKE_CURRENT_LIST_DIR}/s2s_${name}.cpp)
-    target_link_libraries(bench_s2s_${name} PRIVATE vmr_options base_s2s benchmark::benchmark)
-    target_include_directories(bench_s2s_${name} PRIVATE ${CMAKE_CURRENT_LIST_DIR}/../tests)
-    target_compile_definitions(bench_s2s_${name} PRIVATE REAL_HOST="$<TARGET_FILE:vmr-host>"
-                                                         REAL_MODULES="$<TARGET_FILE_DIR:translator_step>")
-    set_target_properties(bench_s2s_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench
-                                                       CXX_EXTENSIONS OFF)
-    add_dependencies(bench_s2s_${name} vmr-host translator_step translator_iges)
+    vmr_bench(bench_s2s_${name} ON_DEMAND
+      SOURCES s2s_${name}.cpp
+      LIBRARIES base_s2s benchmark::benchmark
+      DEFINITIONS REAL_HOST="$<TARGET_FILE:vmr-host>" REAL_MODULES="$<TARGET_FILE_DIR:translator_step>"
+      RUNS vmr-host translator_step translator_iges)
   endforeach()
 endif()

@@ -1,14 +1,11 @@
 // What the picture at the start costs a start: to load it, write on it, show it and wait until it is painted.
 // What any first window costs is paid before.
 
-#include "kit/kitApp.h"
+#include "kit/benchApp.h"
+#include "kit/benchTimes.h"
 #include "sglSplashScreen.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <wx/evtloop.h>
-#include <wx/init.h>
 #include <wx/utils.h>
 
 namespace {
@@ -17,20 +14,19 @@ constexpr int rounds = 11;
 
 double shown_in_milliseconds()
 {
-    auto const begin = std::chrono::steady_clock::now();
-    sglSplashScreen::ShowSplashScreen(nullptr);
-    bool painted = false;
-    sglSplashScreen::splash_screen()->GetSplashWindow()->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
-        painted = true;
-        event.Skip();
+    return bench_milliseconds([] {
+        sglSplashScreen::ShowSplashScreen(nullptr);
+        bool painted = false;
+        sglSplashScreen::splash_screen()->GetSplashWindow()->Bind(wxEVT_PAINT, [&](wxPaintEvent & event) {
+            painted = true;
+            event.Skip();
+        });
+        while (!painted) {
+            wxMilliSleep(1);
+            wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_UI);
+        }
+        sglSplashScreen::splash_screen()->Update();
     });
-    while (!painted) {
-        wxMilliSleep(1);
-        wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_UI);
-    }
-    sglSplashScreen::splash_screen()->Update();
-    auto const end = std::chrono::steady_clock::now();
-    return std::chrono::duration<double, std::milli>(end - begin).count();
 }
 
 void take_away()
@@ -42,22 +38,13 @@ void take_away()
 
 } // namespace
 
-int main(int argc, char ** argv)
+int main(int, char ** argv)
 {
-    kitTempFolder const folder;
-    auto * const app = new kitApp(VMR_BUILD_TREE, folder / "user");
-    app->use_display(true);
-    app->SetExitOnFrameDelete(false);
-    wxApp::SetInstance(app);
-    if (!wxEntryStart(argc, argv))
-        return 1;
-    app->pre_splash_screen_init();
-    wxEventLoop loop;
-    wxEventLoopActivator const active(&loop);
+    benchApp const app(argv, benchApp::Stage::before_splash_screen);
     auto * const any_window = new wxFrame(nullptr, wxID_ANY, "bench");
     any_window->GetTextExtent("bench");
     any_window->Show();
-    loop.YieldFor(wxEVT_CATEGORY_UI);
+    wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_UI);
     sglSplashScreen::EnableSplashScreen("Beta Release", 1, "splash.png");
     double const first = shown_in_milliseconds();
     take_away();
@@ -66,8 +53,7 @@ int main(int argc, char ** argv)
         later.push_back(shown_in_milliseconds());
         take_away();
     }
-    std::sort(later.begin(), later.end());
     any_window->Destroy();
-    std::printf("the picture at the start %.1f ms; when shown again %.1f ms\n", first, later[rounds / 2]);
+    std::printf("the picture at the start %.1f ms; when shown again %.1f ms\n", first, bench_median(later));
     return 0;
 }

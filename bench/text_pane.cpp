@@ -5,27 +5,18 @@
 // Prints how long until all text is in the pane, and the longest gap between two ticks of a timer of one
 // millisecond, which stands for the user's events.
 
+#include "kit/benchTicker.h"
 #include "sglCEditDisplayer.h"
 #include "sglEdit.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <thread>
 #include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/timer.h>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-double milliseconds(Clock::duration duration)
-{
-    return std::chrono::duration<double, std::milli>(duration).count();
-}
 
 class Bench : public wxApp {
     bool OnInit() override
@@ -37,25 +28,21 @@ class Bench : public wxApp {
                              wxTE_MULTILINE | wxTE_READONLY);
         frame->Show();
         CallAfter([this] {
-            m_tick.Bind(wxEVT_TIMER, &Bench::OnTick, this);
-            m_begin = m_last = Clock::now();
-            m_tick.Start(1);
+            m_begin = benchClock::now();
+            m_tick.begin();
             m_worker = std::thread([this] {
                 sglCEditDisplayer displayer(*m_edit);
                 std::string const text(static_cast<std::size_t>(m_length), 'x');
                 for (long message = 0; message < m_messages; ++message)
                     displayer.display((text + "\n").c_str());
-                m_written = Clock::now();
+                m_written = benchClock::now();
             });
         });
         return true;
     }
 
-    void OnTick(wxTimerEvent &)
+    void look_whether_all_is_shown(benchClock::time_point now)
     {
-        auto const now = Clock::now();
-        m_longest = std::max(m_longest, now - m_last);
-        m_last = now;
         if (m_edit->GetLastPosition() < m_messages * (m_length + 1))
             return;
         m_tick.Stop();
@@ -63,18 +50,17 @@ class Bench : public wxApp {
         std::printf(
             "%ld messages of %ld characters: written after %.0f ms, shown after %.0f ms, latest event "
             "%.0f ms late\n",
-            m_messages, m_length, milliseconds(m_written - m_begin), milliseconds(now - m_begin),
-            milliseconds(m_longest));
+            m_messages, m_length, bench_milliseconds(m_written - m_begin), bench_milliseconds(now - m_begin),
+            bench_milliseconds(m_tick.longest()));
         ExitMainLoop();
     }
 
     long m_messages = 0;
     long m_length = 0;
     sglEdit * m_edit = nullptr;
-    wxTimer m_tick;
+    benchTicker m_tick{[this](benchClock::time_point now) { look_whether_all_is_shown(now); }};
     std::thread m_worker;
-    Clock::time_point m_begin, m_last, m_written;
-    Clock::duration m_longest{};
+    benchClock::time_point m_begin, m_written;
 };
 
 } // namespace

@@ -2,9 +2,12 @@
 
 #include "kit/kitTempFolder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 struct RunStyle : testing::Test {
     kitTempFolder folder;
@@ -13,6 +16,13 @@ struct RunStyle : testing::Test {
 
     RunStyle() { info.load((folder / "startup.hrk").c_str()); }
     sglRunStyle of(char const * line) { return style.determine_run_style(line, info); }
+    std::vector<std::string> files() const
+    {
+        std::vector<std::string> result;
+        for (int i = 0; i < style.num_file_arguments(); ++i)
+            result.push_back(style.file_argument(i).str());
+        return result;
+    }
 };
 
 } // namespace
@@ -47,43 +57,37 @@ TEST_F(RunStyle, TakesNoAndAnEmptyValueForExpert)
 TEST_F(RunStyle, GraphicsInCapitalsKeepsEveryFurtherWord)
 {
     EXPECT_EQ(of("-GRAPHICS part.stp -log"), sglRunStyleGraphics);
-    ASSERT_EQ(style.num_file_arguments(), 2);
-    EXPECT_EQ(style.file_argument(0), utString("part.stp"));
-    EXPECT_EQ(style.file_argument(1), utString("-log"));
+    EXPECT_THAT(files(), ElementsAre("part.stp", "-log"));
 }
 
 TEST_F(RunStyle, OfTwoFileNamesIsGraphicsWithBoth)
 {
     EXPECT_EQ(of("a.stp b.stp"), sglRunStyleGraphics);
-    ASSERT_EQ(style.num_file_arguments(), 2);
-    EXPECT_EQ(style.file_argument(1), utString("b.stp"));
+    EXPECT_THAT(files(), ElementsAre("a.stp", "b.stp"));
 }
 
 TEST_F(RunStyle, OfAFileNameAndAHyphenatedWordIsTheCommandLineWithNoFiles)
 {
     EXPECT_EQ(of("a.stp b.stp -t IGES"), sglRunStyleCommandLine);
-    EXPECT_EQ(style.num_file_arguments(), 0);
+    EXPECT_THAT(files(), IsEmpty());
 }
 
 TEST_F(RunStyle, AFileNameInDoubleQuotesMayHoldBlanks)
 {
     EXPECT_EQ(of("\"my part.stp\" next.stp"), sglRunStyleGraphics);
-    ASSERT_EQ(style.num_file_arguments(), 2);
-    EXPECT_EQ(style.file_argument(0), utString("my part.stp"));
-    EXPECT_EQ(style.file_argument(1), utString("next.stp"));
+    EXPECT_THAT(files(), ElementsAre("my part.stp", "next.stp"));
 }
 
 TEST_F(RunStyle, AnUnterminatedQuoteReachesToTheEndOfTheLine)
 {
     EXPECT_EQ(of("\"my part.stp"), sglRunStyleGraphics);
-    ASSERT_EQ(style.num_file_arguments(), 1);
-    EXPECT_EQ(style.file_argument(0), utString("my part.stp"));
+    EXPECT_THAT(files(), ElementsAre("my part.stp"));
 }
 
 TEST_F(RunStyle, ExpertIgnoresWhatFollows)
 {
     EXPECT_EQ(of("-Expert part.stp"), sglRunStyleExpert);
-    EXPECT_EQ(style.num_file_arguments(), 0);
+    EXPECT_THAT(files(), IsEmpty());
 }
 
 TEST_F(RunStyle, OfTheTwoWordsOfAnAutomationClientIsAutomation)
@@ -95,7 +99,7 @@ TEST_F(RunStyle, OfTheTwoWordsOfAnAutomationClientIsAutomation)
 TEST_F(RunStyle, AHyphenInsideTheQuotesOfTheFirstWordCounts)
 {
     EXPECT_EQ(of("\"-odd name.stp\""), sglRunStyleCommandLine);
-    EXPECT_EQ(style.num_file_arguments(), 0);
+    EXPECT_THAT(files(), IsEmpty());
 }
 
 TEST_F(RunStyle, OfAnyOtherHyphenatedWordIsTheCommandLine)
@@ -107,5 +111,5 @@ TEST_F(RunStyle, ASecondQuestionDoesNotClearTheList)
 {
     of("a.stp");
     of("b.stp");
-    EXPECT_EQ(style.num_file_arguments(), 2);
+    EXPECT_THAT(files(), ElementsAre("a.stp", "b.stp"));
 }

@@ -4,18 +4,9 @@
 #include "brep/brepWriter.h"
 #include "translators/kit/kitFormatTest.h"
 
-class brepFormatTest : public kitFormatTest {
+class brepFormatTest : public kitFormatTestOf<brepReader, brepWriter> {
 protected:
-    brepFormatTest() : kitFormatTest(BREP_MANIFEST, "BREP") {}
-
-    std::unique_ptr<sdkReader> make_reader(sdkContext & context) override
-    {
-        return std::make_unique<brepReader>(context);
-    }
-    std::unique_ptr<sdkWriter> make_writer(sdkContext & context) override
-    {
-        return std::make_unique<brepWriter>(context);
-    }
+    brepFormatTest() : kitFormatTestOf(BREP_MANIFEST, "BREP") {}
 
     // The text of the failure to read a file of that content; empty when it could be read.
     std::string failure_of(std::string const & content)

@@ -1,6 +1,7 @@
 #include "brepFormatTest.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitIndicator.h"
 
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakePolygon.hxx>
@@ -8,7 +9,6 @@
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
-#include <Message_ProgressIndicator.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
@@ -45,18 +45,6 @@ protected:
         return status == 0;
     }
 };
-
-namespace {
-
-class Cancelled : public Message_ProgressIndicator {
-public:
-    Standard_Boolean UserBreak() override { return Standard_True; }
-
-protected:
-    void Show(Message_ProgressScope const &, Standard_Boolean const) override {}
-};
-
-} // namespace
 
 TEST_F(BrepReader, NamesThePartAfterTheFile)
 {
@@ -235,7 +223,8 @@ TEST_F(BrepReader, StopsWhenTheUserCancels)
     for (auto const * form : {"text", "binary"}) {
         written(kit_cube(10), {{"brepWriteForm", form}});
         kitSide side(BREP_MANIFEST, "BREP", {}, path("written.brep"));
-        Handle(Cancelled) const progress = new Cancelled;
+        Handle(kitIndicator) const progress = new kitIndicator;
+        progress->cancelled = true;
         EXPECT_EQ(make_reader(side.context())->parse(path("written.brep"), progress->Start()).status(),
                   sdkStatus::cancelled);
     }

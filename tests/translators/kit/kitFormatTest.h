@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 // The base of the tests of one format: writes and reads in a folder of its own, and expects all messages to
@@ -43,6 +44,22 @@ private:
     std::string m_format;
     kitTempFolder m_folder;
     kitReporter m_said;
+};
+
+// The same for a format whose parts are these.
+template <class Reader, class Writer>
+class kitFormatTestOf : public kitFormatTest {
+protected:
+    using kitFormatTest::kitFormatTest;
+
+    std::unique_ptr<sdkReader> make_reader(sdkContext & context) override
+    {
+        return std::make_unique<Reader>(context);
+    }
+    std::unique_ptr<sdkWriter> make_writer(sdkContext & context) override
+    {
+        return std::make_unique<Writer>(context);
+    }
 };
 
 // The names of the parts, sorted.

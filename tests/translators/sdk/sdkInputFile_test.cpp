@@ -1,7 +1,7 @@
 #include "sdk/sdkInputFile.h"
 
 #include "kit/kitTempFolder.h"
-#include "kitIndicator.h"
+#include "translators/kit/kitIndicator.h"
 
 #include <gtest/gtest.h>
 
@@ -20,57 +20,58 @@ std::string failure_of(std::string const & path)
 
 std::string const large(3'000'000, 'x');
 
+struct InputFile : testing::Test {
+    void SetUp() override
+    {
+        sdkText failure;
+        ASSERT_TRUE(file.open(folder.write("large", large), failure));
+    }
+    void take_rest(std::istream & stream) { stream.ignore(static_cast<std::streamsize>(large.size())); }
+
+    kitTempFolder const folder;
+    Handle(kitIndicator) const indicator = new kitIndicator;
+    sdkInputFile file;
+};
+
 } // namespace
 
-TEST(InputFile, GivesItsTextAndStreamsIt)
+TEST_F(InputFile, GivesItsTextAndStreamsIt)
 {
-    kitTempFolder const folder;
-    sdkInputFile file;
-    sdkText failure;
-    ASSERT_TRUE(file.open(folder.write("large", large), failure));
     EXPECT_EQ(file.text(), large);
     std::istream stream(&file);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), large);
 }
 
-TEST(InputFile, AdvancesTheProgressToItsEnd)
+TEST_F(InputFile, AdvancesTheProgressToItsEnd)
 {
-    kitTempFolder const folder;
-    Handle(kitIndicator) const indicator = new kitIndicator;
     {
-        sdkInputFile file;
+        sdkInputFile gone;
         sdkText failure;
-        ASSERT_TRUE(file.open(folder.write("large", large), failure));
-        file.advance(indicator->Start());
-        std::istream stream(&file);
+        ASSERT_TRUE(gone.open(folder / "large", failure));
+        gone.advance(indicator->Start());
+        std::istream stream(&gone);
         stream.get();
         EXPECT_GT(indicator->GetPosition(), 0.0);
         EXPECT_LT(indicator->GetPosition(), 0.5);
-        stream.ignore(static_cast<std::streamsize>(large.size()));
+        take_rest(stream);
     }
     EXPECT_NEAR(indicator->GetPosition(), 1.0, 1e-9);
 }
 
-TEST(InputFile, EndsEarlyWhenItIsCancelled)
+TEST_F(InputFile, EndsEarlyWhenItIsCancelled)
 {
-    kitTempFolder const folder;
-    Handle(kitIndicator) const indicator = new kitIndicator;
-    sdkInputFile file;
-    sdkText failure;
-    ASSERT_TRUE(file.open(folder.write("large", large), failure));
     file.advance(indicator->Start());
     std::istream stream(&file);
     stream.get();
     EXPECT_FALSE(file.cancelled());
     indicator->cancelled = true;
-    stream.ignore(static_cast<std::streamsize>(large.size()));
+    take_rest(stream);
     EXPECT_TRUE(stream.eof());
     EXPECT_TRUE(file.cancelled());
 }
 
-TEST(InputFile, NamesWhatItCannotOpenAndWhy)
+TEST_F(InputFile, NamesWhatItCannotOpenAndWhy)
 {
-    kitTempFolder const folder;
     EXPECT_NE(failure_of(folder / "absent").find("No such file or directory"), std::string::npos);
     EXPECT_NE(failure_of(folder.write("empty", "")).find("is empty"), std::string::npos);
     EXPECT_NE(failure_of(folder.path().string()).find("is not a file"), std::string::npos);

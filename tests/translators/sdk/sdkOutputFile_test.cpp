@@ -1,7 +1,7 @@
 #include "sdk/sdkOutputFile.h"
 
 #include "kit/kitTempFolder.h"
-#include "kitIndicator.h"
+#include "translators/kit/kitIndicator.h"
 
 #include <gtest/gtest.h>
 

@@ -4,16 +4,7 @@
 #include "step/stepWriter.h"
 #include "translators/kit/kitFormatTest.h"
 
-class stepFormatTest : public kitFormatTest {
+class stepFormatTest : public kitFormatTestOf<stepReader, stepWriter> {
 protected:
-    stepFormatTest() : kitFormatTest(STEP_MANIFEST, "STEP") {}
-
-    std::unique_ptr<sdkReader> make_reader(sdkContext & context) override
-    {
-        return std::make_unique<stepReader>(context);
-    }
-    std::unique_ptr<sdkWriter> make_writer(sdkContext & context) override
-    {
-        return std::make_unique<stepWriter>(context);
-    }
+    stepFormatTest() : kitFormatTestOf(STEP_MANIFEST, "STEP") {}
 };

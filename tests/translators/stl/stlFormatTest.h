@@ -8,18 +8,9 @@
 #include <string>
 #include <vector>
 
-class stlFormatTest : public kitFormatTest {
+class stlFormatTest : public kitFormatTestOf<stlReader, stlWriter> {
 protected:
-    stlFormatTest() : kitFormatTest(STL_MANIFEST, "STL") {}
-
-    std::unique_ptr<sdkReader> make_reader(sdkContext & context) override
-    {
-        return std::make_unique<stlReader>(context);
-    }
-    std::unique_ptr<sdkWriter> make_writer(sdkContext & context) override
-    {
-        return std::make_unique<stlWriter>(context);
-    }
+    stlFormatTest() : kitFormatTestOf(STL_MANIFEST, "STL") {}
 
     // Reads a file of that content.
     sdkResult read_content(std::string const & content, sdkDocument & document, Values const & values = {})

@@ -2,25 +2,12 @@
 
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkMeasures.h"
-
-#include <Message_ProgressIndicator.hxx>
+#include "translators/kit/kitIndicator.h"
 
 #include <limits>
 #include <random>
 
 class StlReader : public stlFormatTest {};
-
-namespace {
-
-class Cancelled : public Message_ProgressIndicator {
-public:
-    Standard_Boolean UserBreak() override { return Standard_True; }
-
-protected:
-    void Show(Message_ProgressScope const &, Standard_Boolean const) override {}
-};
-
-} // namespace
 
 TEST_F(StlReader, MakesAPartWithOneFaceOfTrianglesOfEachSolid)
 {
@@ -180,7 +167,8 @@ TEST_F(StlReader, StopsWhenTheUserCancels)
     for (auto const & content : {stl_binary("", many), text + "endsolid\n"}) {
         auto const file = folder().write("many.stl", content);
         kitSide side(STL_MANIFEST, "STL", {}, file);
-        Handle(Cancelled) const progress = new Cancelled;
+        Handle(kitIndicator) const progress = new kitIndicator;
+        progress->cancelled = true;
         EXPECT_EQ(make_reader(side.context())->parse(file, progress->Start()).status(), sdkStatus::cancelled);
     }
 }

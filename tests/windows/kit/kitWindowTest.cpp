@@ -2,8 +2,10 @@
 
 #include "windows/kit/kitDisplay.h"
 
+#include <algorithm>
 #include <chrono>
 #include <glib.h>
+#include <string_view>
 #include <wx/evtloop.h>
 #include <wx/init.h>
 
@@ -19,9 +21,22 @@ void fail_on_assertion(wxString const & file, int line, wxString const & functio
                   << message.utf8_string();
 }
 
+/// Where the window manager is late, a window is laid out once more at the two pixels that it has before its
+/// size is known, with its menu bar by then, and the platform complains of so little room.
+bool is_complaint_of_a_window_without_its_size(std::string_view message)
+{
+    if (message != "gtk_distribute_natural_allocation: assertion 'extra_space >= 0' failed")
+        return false;
+    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(), [](wxWindow const * window) {
+        auto const * const frame = dynamic_cast<wxFrame const *>(window);
+        return frame && frame->GetMenuBar() && frame->GetClientSize().x <= 2;
+    });
+}
+
 void fail_on_critical(char const * domain, GLogLevelFlags level, char const * message, void *)
 {
-    if (level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR))
+    if (level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR) &&
+        !is_complaint_of_a_window_without_its_size(message))
         ADD_FAILURE() << (domain ? domain : "") << ": " << message;
 }
 

@@ -128,6 +128,16 @@ TEST_F(PropertySheet, HasEveryCommandInItsMenu)
         EXPECT_TRUE(sheet.GetMenuBar()->FindItem(XRCID(id))) << id;
 }
 
+TEST_F(PropertySheet, ShowsItsMenuBarHoweverOftenItIsHidden)
+{
+    Sheet & sheet = *show_sheet();
+    run_until([&] { return sheet.GetMenuBar()->IsShownOnScreen(); }, 20, "the menu bar");
+    sheet.Hide();
+    settle();
+    sheet.Show();
+    run_until([&] { return sheet.GetMenuBar()->IsShownOnScreen(); }, 20, "the menu bar again");
+}
+
 TEST_F(PropertySheet, WithoutAMenuIgnoresAllThatConcernsOne)
 {
     Sheet & sheet = *show_sheet(0);

@@ -1,13 +1,25 @@
 #include "windows/program/kitScreen.h"
 
+#include "windows/kit/kitDisplay.h"
+
 #include <stdexcept>
 #include <vector>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
+namespace {
+
+Display * own_connection()
+{
+    kit_have_display();
+    return XOpenDisplay(nullptr);
+}
+
+} // namespace
+
 struct kitScreen::Connection {
-    Display * display = XOpenDisplay(nullptr);
+    Display * display = own_connection();
 
     Atom atom(char const * name) const { return XInternAtom(display, name, False); }
     Window root() const { return DefaultRootWindow(display); }

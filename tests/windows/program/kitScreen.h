@@ -4,7 +4,8 @@
 #include <string>
 #include <sys/types.h>
 
-/// The windows on the display as the window manager tells of them: those of all programs.
+/// The windows on the display of the tests as the window manager tells of them: those of all programs. The
+/// display is made where there is none yet. Throws std::runtime_error when it takes no connection.
 class kitScreen {
 public:
     kitScreen();

@@ -11,21 +11,67 @@
 
 namespace {
 
-using ResourceFiles = kitResourcesTest;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
-/// Presses a button of the export dialog once it is there.
-void answer_export_dialog(char const * button)
-{
-    wxTheApp->CallAfter([button] {
-        for (wxWindow * const window : wxTopLevelWindows)
-            if (auto * const pressed = window->FindWindow(wxXmlResource::GetXRCID(button))) {
-                wxCommandEvent event(wxEVT_BUTTON, pressed->GetId());
-                pressed->ProcessWindowEvent(event);
-                return;
-            }
-        ADD_FAILURE() << "no export dialog";
-    });
-}
+class ResourceFiles : public kitResourcesTest {
+protected:
+    /// Shows the options of the caller's table and runs the script in the dialog; no box may come that the
+    /// script does not expect.
+    void in_dialog(std::function<void(kitResources &)> const & script)
+    {
+        kitModal const no_boxes;
+        kitResources dialog(m_table, m_frame, m_step);
+        show(dialog, [&] { script(dialog); });
+    }
+    static void apply(kitResources & dialog, char const * label)
+    {
+        toggle(dialog, label);
+        press(dialog, "IDC_OPTIONS_APPLY");
+    }
+    /// Chooses a command and gives what the user is asked and told, with these answers.
+    static std::vector<std::string> choose(kitResources & dialog, char const * command,
+                                           std::vector<int> const & answers = {})
+    {
+        kitModal boxes;
+        for (int const answer : answers)
+            boxes.expect_message(answer);
+        choose_menu(dialog, command);
+        return boxes.said();
+    }
+    /// The same with a command that asks for a file first.
+    static std::vector<std::string> choose_file(kitResources & dialog, char const * command,
+                                                std::string const & path,
+                                                std::vector<int> const & answers = {})
+    {
+        kitModal boxes;
+        boxes.expect_file(path);
+        for (int const answer : answers)
+            boxes.expect_message(answer);
+        choose_menu(dialog, command);
+        return boxes.said();
+    }
+    /// Chooses to export and presses a button of the dialog for that once it is there.
+    static void export_to(kitResources & dialog, char const * button)
+    {
+        dialog.CallAfter([button] {
+            for (wxWindow * const window : wxTopLevelWindows)
+                if (auto * const pressed = window->FindWindow(wxXmlResource::GetXRCID(button))) {
+                    wxCommandEvent event(wxEVT_BUTTON, pressed->GetId());
+                    pressed->ProcessWindowEvent(event);
+                    return;
+                }
+            ADD_FAILURE() << "no export dialog";
+        });
+        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+    }
+    static void write_users(std::string const & name, std::string const & content)
+    {
+        std::filesystem::create_directories(user_resources());
+        std::ofstream(user_resources() + "/" + name) << content;
+    }
+};
 
 /// No file can grow beyond so many bytes while one lives, as on a disk that is full.
 class FullDisk {
@@ -55,12 +101,8 @@ TEST_F(ResourceFiles, SavedOverTheInstallationFileBecomeTheUsersCopy)
     auto const before = read(installed());
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        kitModal boxes;
-        boxes.expect_message(wxID_YES);
-        choose_menu(dialog, "IDM_OPTIONS_SAVE");
-        EXPECT_EQ(boxes.said(), std::vector<std::string>{question});
+        apply(dialog, "Names");
+        EXPECT_THAT(choose(dialog, "IDM_OPTIONS_SAVE", {wxID_YES}), ElementsAre(question));
     });
     EXPECT_EQ(read(installed()), before);
     EXPECT_EQ(value_in(utString(user_copy()), "stepWriteNames"), "false");
@@ -73,10 +115,8 @@ TEST_F(ResourceFiles, AreNotSavedWhenTheUsersDirectoryCannotBeMade)
 {
     std::filesystem::create_directories(user_folder());
     std::ofstream(user_resources()) << "a file in its place";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         kitModal boxes;
         boxes.expect_message(wxID_OK);
         choose_menu(dialog, "IDM_OPTIONS_SAVE");
@@ -93,13 +133,9 @@ TEST_F(ResourceFiles, AreSavedAsANewFileWithoutAQuestionAndTheDialogStaysOnTheOl
     auto const target = folder() / "mine.rsc";
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+        apply(dialog, "Names");
         toggle(dialog, "Colours"); // not applied, not saved
-        kitModal boxes;
-        boxes.expect_file(target);
-        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
-        EXPECT_EQ(boxes.said(), std::vector<std::string>{});
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_SAVE_AS", target), IsEmpty());
         EXPECT_EQ(dialog.GetTitle(), "Output Resources - step.rsc");
         EXPECT_EQ(dialog.working_table().resource_file(), installed());
         EXPECT_TRUE(save_is_enabled(dialog));
@@ -111,24 +147,14 @@ TEST_F(ResourceFiles, AreSavedAsANewFileWithoutAQuestionAndTheDialogStaysOnTheOl
 
 TEST_F(ResourceFiles, AreSavedOverAFormatsDefaultFileAfterAQuestionOnly)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_copy()) << "stepWriteNames = true\n";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        {
-            kitModal boxes;
-            boxes.expect_file(user_copy());
-            boxes.expect_message(wxID_NO);
-            choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
-            EXPECT_EQ(boxes.said(), std::vector<std::string>{question});
-        }
+    write_users("step.rsc", "stepWriteNames = true\n");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_SAVE_AS", user_copy(), {wxID_NO}),
+                    ElementsAre(question));
         EXPECT_EQ(read(utString(user_copy())), "stepWriteNames = true\n");
-        kitModal boxes;
-        boxes.expect_file(user_copy());
-        boxes.expect_message(wxID_YES);
-        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_SAVE_AS", user_copy(), {wxID_YES}),
+                    ElementsAre(question));
     });
     EXPECT_EQ(value_in(utString(user_copy()), "stepWriteNames"), "false");
 }
@@ -157,13 +183,9 @@ TEST_F(ResourceFiles, AreDefaultFilesWhateverLinkLeadsToThem)
 TEST_F(ResourceFiles, AreLoadedWithoutAQuestionWhenNothingWasApplied)
 {
     auto const custom = folder().write("custom.rsc", "stepWriteColours = false\n");
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         toggle(dialog, "Names");
-        kitModal boxes;
-        boxes.expect_file(custom);
-        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
-        EXPECT_EQ(boxes.said(), std::vector<std::string>{});
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_LOAD_CUSTOM", custom), IsEmpty());
         EXPECT_TRUE(check_box(dialog, "Names")->GetValue()) << "the edit is gone";
         EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
         EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(custom));
@@ -176,24 +198,12 @@ TEST_F(ResourceFiles, AreLoadedWithoutAQuestionWhenNothingWasApplied)
 TEST_F(ResourceFiles, AreLoadedOverAppliedChangesAfterAQuestionOnly)
 {
     auto const custom = folder().write("custom.rsc", "stepWriteColours = false\n");
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        {
-            kitModal boxes;
-            boxes.expect_file(custom);
-            boxes.expect_message(wxID_NO);
-            choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
-            EXPECT_EQ(boxes.said(),
-                      std::vector<std::string>{
-                          "Some resource values have been altered. Is it ok to lose these changes?"});
-            EXPECT_EQ(dialog.working_table().resource_file(), installed());
-        }
-        kitModal boxes;
-        boxes.expect_file(custom);
-        boxes.expect_message(wxID_YES);
-        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
+        char const lose[] = "Some resource values have been altered. Is it ok to lose these changes?";
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_LOAD_CUSTOM", custom, {wxID_NO}), ElementsAre(lose));
+        EXPECT_EQ(dialog.working_table().resource_file(), installed());
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_LOAD_CUSTOM", custom, {wxID_YES}), ElementsAre(lose));
         EXPECT_EQ(dialog.working_table().resource_file(), utString(custom));
         EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "true");
     });
@@ -201,8 +211,7 @@ TEST_F(ResourceFiles, AreLoadedOverAppliedChangesAfterAQuestionOnly)
 
 TEST_F(ResourceFiles, StayAsTheyAreWhenTheFileDialogIsCancelled)
 {
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         kitModal boxes;
         boxes.expect_file_cancelled();
         choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
@@ -214,10 +223,8 @@ TEST_F(ResourceFiles, StayAsTheyAreWhenTheFileDialogIsCancelled)
 
 TEST_F(ResourceFiles, OfTheFormatAreLoadedFromTheUsersCopyBeforeTheInstallation)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_copy()) << "stepWriteNames = false\n";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    write_users("step.rsc", "stepWriteNames = false\n");
+    in_dialog([&](kitResources & dialog) {
         choose_menu(dialog, "IDM_OPTIONS_LOAD_DEFAULT");
         EXPECT_EQ(dialog.working_table().resource_file(), utString(user_copy()));
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
@@ -228,10 +235,8 @@ TEST_F(ResourceFiles, OfTheFormatAreLoadedFromTheUsersCopyBeforeTheInstallation)
 
 TEST_F(ResourceFiles, AreGoneBackToWhenChangesAreScrapped)
 {
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         toggle(dialog, "Colours");
         choose_menu(dialog, "IDM_OPTIONS_SCRAP_CHANGES");
         EXPECT_TRUE(check_box(dialog, "Names")->GetValue());
@@ -244,23 +249,19 @@ TEST_F(ResourceFiles, AreGoneBackToWhenChangesAreScrapped)
 
 TEST_F(ResourceFiles, OfTheUserAreRemovedByAFactoryResetAndTheCallerHasIt)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_copy()) << "stepWriteNames = false\n";
+    write_users("step.rsc", "stepWriteNames = false\n");
     m_table.initialise(utString(user_copy()));
     kitResources dialog(m_table, m_frame, m_step);
-    EXPECT_EQ(show(dialog,
-                   [&] {
-                       kitModal boxes;
-                       boxes.expect_message(wxID_NO);
-                       choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
-                       EXPECT_TRUE(std::filesystem::exists(user_copy()));
-                       boxes.expect_message(wxID_YES);
-                       choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
-                       EXPECT_EQ(boxes.said(), (std::vector<std::string>{question, question}));
-                       EXPECT_TRUE(check_box(dialog, "Names")->GetValue());
-                       EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(installed().c_str()));
-                   }),
-              wxID_CANCEL);
+    EXPECT_EQ(
+        show(dialog,
+             [&] {
+                 EXPECT_THAT(choose(dialog, "IDM_OPTIONS_FACTORY_RESET", {wxID_NO}), ElementsAre(question));
+                 EXPECT_TRUE(std::filesystem::exists(user_copy()));
+                 EXPECT_THAT(choose(dialog, "IDM_OPTIONS_FACTORY_RESET", {wxID_YES}), ElementsAre(question));
+                 EXPECT_TRUE(check_box(dialog, "Names")->GetValue());
+                 EXPECT_EQ(dialog.GetTitle(), "Output Resources - " + wxString(installed().c_str()));
+             }),
+        wxID_CANCEL);
     EXPECT_FALSE(std::filesystem::exists(user_copy()));
     EXPECT_EQ(m_table.resource_file(), installed());
     EXPECT_EQ(value(m_table, "stepWriteNames"), "true");
@@ -278,36 +279,29 @@ TEST_F(ResourceFiles, ElsewhereStayAfterAFactoryReset)
 
 TEST_F(ResourceFiles, CanBeSavedOnceSomethingWasAppliedAndNotAgainAfterwards)
 {
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         EXPECT_FALSE(save_is_enabled(dialog));
         toggle(dialog, "Names");
         EXPECT_FALSE(save_is_enabled(dialog));
         press(dialog, "IDC_OPTIONS_APPLY");
         EXPECT_TRUE(save_is_enabled(dialog));
-        kitModal boxes;
-        boxes.expect_message(wxID_YES);
-        choose_menu(dialog, "IDM_OPTIONS_SAVE");
+        EXPECT_THAT(choose(dialog, "IDM_OPTIONS_SAVE", {wxID_YES}), ElementsAre(question));
         EXPECT_FALSE(save_is_enabled(dialog));
     });
 }
 
 TEST_F(ResourceFiles, AreOverlaidByAnExportSystem)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_resources() + "/export_overrides.txt")
-        << "Milling\nstepWriteColours False\nstlWriteForm text\nnoSuchResource 1\n#\n";
+    write_users("export_overrides.txt",
+                "Milling\nstepWriteColours False\nstlWriteForm text\nnoSuchResource 1\n#\n");
     // A translator of another format has been used in this run, and its options are known.
     sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
     app().output_dlls().translator_for_format("STL")->load(status);
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         toggle(dialog, "Layers");
         EXPECT_TRUE(save_is_enabled(dialog));
-        answer_export_dialog("IDC_EXPORTTO_OK");
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        export_to(dialog, "IDC_EXPORTTO_OK");
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue()) << "an override of before stays";
         EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
         EXPECT_TRUE(check_box(dialog, "Layers")->GetValue()) << "an edit that was not applied is lost";
@@ -322,15 +316,11 @@ TEST_F(ResourceFiles, AreOverlaidByAnExportSystem)
 
 TEST_F(ResourceFiles, CanBeSavedAfterAnExportSystemWithoutOverridesToo)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_resources() + "/export_overrides.txt") << "As it is\n#\n";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        answer_export_dialog("IDC_EXPORTTO_CANCEL");
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+    write_users("export_overrides.txt", "As it is\n#\n");
+    in_dialog([&](kitResources & dialog) {
+        export_to(dialog, "IDC_EXPORTTO_CANCEL");
         EXPECT_FALSE(save_is_enabled(dialog));
-        answer_export_dialog("IDC_EXPORTTO_OK");
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        export_to(dialog, "IDC_EXPORTTO_OK");
         EXPECT_TRUE(save_is_enabled(dialog));
         EXPECT_FALSE(dialog.working_table().modified());
     });
@@ -338,14 +328,10 @@ TEST_F(ResourceFiles, CanBeSavedAfterAnExportSystemWithoutOverridesToo)
 
 TEST_F(ResourceFiles, StayWhenThereIsNoExportSystemToBeHad)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_resources() + "/export_overrides.txt") << "# no name\n";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        kitModal boxes;
-        boxes.expect_message(wxID_OK);
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
-        EXPECT_EQ(boxes.said(), std::vector<std::string>{"Error : Unable to read export options file."});
+    write_users("export_overrides.txt", "# no name\n");
+    in_dialog([&](kitResources & dialog) {
+        EXPECT_THAT(choose(dialog, "IDM_OPTIONS_EXPORT_TO", {wxID_OK}),
+                    ElementsAre("Error : Unable to read export options file."));
     });
 }
 
@@ -354,17 +340,15 @@ TEST_F(ResourceFiles, ThatAreCutOffOrHoldNonsenseAreUsedAsFarAsTheyGo)
     auto const custom =
         folder().write("custom.rsc", "stepWriteNames = false\nnoSuchResource = 7\n"
                                      "stepWritePrecision = much\n\x01\xFFrubbish\nstepWriteCol");
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         kitModal boxes;
         boxes.expect_file(custom);
         boxes.expect_message(wxID_OK);
         choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
         auto const said = boxes.said().at(0);
         for (char const * line : {"3", "4", "5"}) // the value that is none, the rubbish and the cut
-            EXPECT_THAT(said, testing::HasSubstr(custom + ", line " + line + ": "));
-        EXPECT_THAT(said, testing::Not(testing::HasSubstr(custom + ", line 2:")))
-            << "another translator's perhaps";
+            EXPECT_THAT(said, HasSubstr(custom + ", line " + line + ": "));
+        EXPECT_THAT(said, testing::Not(HasSubstr(custom + ", line 2:"))) << "another translator's perhaps";
         EXPECT_TRUE(boxes.styles()[0] & wxICON_HAND);
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
         EXPECT_EQ(value(dialog.working_table(), "stepWritePrecision"), "0.0001");
@@ -387,17 +371,13 @@ TEST_F(ResourceFiles, ThatCannotBeWrittenStayAndTheChangesToo)
 {
     auto const custom = folder().write("custom.rsc", "stepWriteNames = true\n");
     m_table.initialise(utString(custom));
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         // A directory has taken the place of the file while the dialog was open.
         std::filesystem::remove(custom);
         std::filesystem::create_directory(custom);
-        kitModal boxes;
-        boxes.expect_message(wxID_OK);
-        choose_menu(dialog, "IDM_OPTIONS_SAVE");
-        EXPECT_EQ(boxes.said(), std::vector<std::string>{"The file " + custom + " could not be written."});
+        EXPECT_THAT(choose(dialog, "IDM_OPTIONS_SAVE", {wxID_OK}),
+                    ElementsAre("The file " + custom + " could not be written."));
         EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "false");
     });
     EXPECT_TRUE(std::filesystem::is_directory(custom));
@@ -407,10 +387,8 @@ TEST_F(ResourceFiles, ReplacedWhileTheDialogIsOpenAreSavedWithWhatTheDialogShows
 {
     auto const custom = folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = true\n");
     m_table.initialise(utString(custom));
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         folder().write("custom.rsc", "stepWriteColours = false\n");
         choose_menu(dialog, "IDM_OPTIONS_SAVE");
         EXPECT_TRUE(check_box(dialog, "Colours")->GetValue());
@@ -423,22 +401,18 @@ TEST_F(ResourceFiles, ThatNameAFewResourcesOnlyHideNoPageWhenTheDialogIsOpenedAg
 {
     auto const custom = folder().write("custom.rsc", "stepWriteNames = false\n");
     auto const pages = [&](std::function<void(kitResources &)> const & script) {
-        kitResources dialog(m_table, m_frame, m_step);
         unsigned count = 0;
-        show(dialog, [&] {
+        in_dialog([&](kitResources & dialog) {
             count = find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE")->GetCount();
             script(dialog);
         });
         return count;
     };
     auto const before = pages([&](kitResources & dialog) {
-        kitModal boxes;
-        boxes.expect_file(custom);
-        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
+        choose_file(dialog, "IDM_OPTIONS_LOAD_CUSTOM", custom);
         press(dialog, "IDC_OPTIONS_OK");
     });
     EXPECT_EQ(m_table.default_table()->count(), 1);
-    kitModal const no_boxes;
     EXPECT_EQ(pages([&](kitResources & dialog) {
                   EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
                   EXPECT_TRUE(check_box(dialog, "Colours")->GetValue());
@@ -451,13 +425,12 @@ TEST_F(ResourceFiles, ThatNameAFewResourcesOnlyHideNoPageWhenTheDialogIsOpenedAg
 
 TEST_F(ResourceFiles, AreAskedForUnderACaptionAndByTheirExtension)
 {
-    kitResources dialog(m_table, m_frame, m_step);
     std::vector<long> styles;
     auto const look = [&](wxDialog * box) {
         auto & files = dynamic_cast<wxFileDialog &>(*box);
         kitFileChooser const below(files);
         EXPECT_EQ(files.GetMessage(), "Resource File");
-        EXPECT_THAT(below.labels(), testing::ElementsAre("Resource Files (*.rsc)"));
+        EXPECT_THAT(below.labels(), ElementsAre("Resource Files (*.rsc)"));
         EXPECT_TRUE(below.shows(0, "mine.rsc"));
         EXPECT_TRUE(below.shows(0, "MINE.RSC"));
         EXPECT_FALSE(below.shows(0, "mine.txt"));
@@ -468,25 +441,21 @@ TEST_F(ResourceFiles, AreAskedForUnderACaptionAndByTheirExtension)
         return static_cast<int>(wxID_CANCEL);
     };
     std::filesystem::create_directories(user_resources());
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         kitModal boxes;
         boxes.expect(look);
         boxes.expect(look);
         choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
         choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
     });
-    EXPECT_THAT(styles, testing::ElementsAre(17, 6));
+    EXPECT_THAT(styles, ElementsAre(17, 6));
 }
 
 TEST_F(ResourceFiles, HaveTheirExtensionEvenIfNobodyTypesIt)
 {
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        kitModal boxes;
-        boxes.expect_file(folder() / "mine");
-        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
+        choose_file(dialog, "IDM_OPTIONS_SAVE_AS", folder() / "mine");
     });
     EXPECT_FALSE(std::filesystem::exists(folder() / "mine"));
     EXPECT_EQ(value_in(utString(folder() / "mine.rsc"), "stepWriteNames"), "false");
@@ -495,15 +464,13 @@ TEST_F(ResourceFiles, HaveTheirExtensionEvenIfNobodyTypesIt)
 TEST_F(ResourceFiles, OfAnyBytesAreLoadedAndShownInTheTitle)
 {
     utString const custom(folder().write("part \xff.rsc", "stepWriteNames = false\n"));
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
+    in_dialog([&](kitResources & dialog) {
         dialog.Load(custom);
         EXPECT_TRUE(dialog.GetTitle().EndsWith(wxString(L"/part \xFFFD.rsc"))) << dialog.GetTitle();
         press(dialog, "IDC_OPTIONS_OK");
     });
     EXPECT_EQ(m_table.resource_file(), custom);
-    kitResources again(m_table, m_frame, m_step);
-    show(again, [&] {
+    in_dialog([&](kitResources & again) {
         EXPECT_EQ(again.GetTitle(), wxString(L"Output Resources - part \xFFFD.rsc"));
         EXPECT_FALSE(check_box(again, "Names")->GetValue());
     });
@@ -525,9 +492,9 @@ TEST_F(ResourceFiles, OfNoInstallationAreNotResetTo)
         boxes.expect_message(wxID_YES);
         boxes.expect_message(wxID_OK);
         choose_menu(dialog, "IDM_OPTIONS_FACTORY_RESET");
-        EXPECT_THAT(boxes.said(),
-                    testing::ElementsAre(
-                        question, "The file custom.rsc does not appear to be a default resource file\n"));
+        EXPECT_THAT(
+            boxes.said(),
+            ElementsAre(question, "The file custom.rsc does not appear to be a default resource file\n"));
         EXPECT_TRUE(boxes.styles()[1] & wxICON_ERROR);
     });
     EXPECT_EQ(m_table.resource_file(), custom);
@@ -536,17 +503,13 @@ TEST_F(ResourceFiles, OfNoInstallationAreNotResetTo)
 
 TEST_F(ResourceFiles, AreReadAgainWithAnExportSystemWithoutOverrides)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_resources() + "/export_overrides.txt") << "As it is\n#\n";
+    write_users("export_overrides.txt", "As it is\n#\n");
     auto const custom = folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = true\n");
     m_table.initialise(utString(custom));
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         folder().write("custom.rsc", "stepWriteNames = true\nstepWriteColours = false\n");
-        answer_export_dialog("IDC_EXPORTTO_OK");
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        export_to(dialog, "IDC_EXPORTTO_OK");
         EXPECT_FALSE(check_box(dialog, "Colours")->GetValue()) << "as the file says now";
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue()) << "an override of before stays";
     });
@@ -554,18 +517,12 @@ TEST_F(ResourceFiles, AreReadAgainWithAnExportSystemWithoutOverrides)
 
 TEST_F(ResourceFiles, SavedElsewhereLeaveTheirValuesToWhatComesAfter)
 {
-    std::filesystem::create_directories(user_resources());
-    std::ofstream(user_resources() + "/export_overrides.txt") << "Milling\nstepWriteColours False\n#\n";
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        kitModal boxes;
-        boxes.expect_file(folder() / "mine.rsc");
-        choose_menu(dialog, "IDM_OPTIONS_SAVE_AS");
+    write_users("export_overrides.txt", "Milling\nstepWriteColours False\n#\n");
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
+        choose_file(dialog, "IDM_OPTIONS_SAVE_AS", folder() / "mine.rsc");
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
-        answer_export_dialog("IDC_EXPORTTO_OK");
-        choose_menu(dialog, "IDM_OPTIONS_EXPORT_TO");
+        export_to(dialog, "IDC_EXPORTTO_OK");
         EXPECT_FALSE(check_box(dialog, "Names")->GetValue());
         EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
         choose_menu(dialog, "IDM_OPTIONS_SCRAP_CHANGES");
@@ -578,17 +535,13 @@ TEST_F(ResourceFiles, StayAsTheyWereWhenTheDiskIsFullHalfWay)
     std::string const before = "stepWriteNames = true\n";
     auto const custom = folder().write("custom.rsc", before);
     m_table.initialise(utString(custom));
-    kitResources dialog(m_table, m_frame, m_step);
-    show(dialog, [&] {
-        toggle(dialog, "Names");
-        press(dialog, "IDC_OPTIONS_APPLY");
-        kitModal boxes;
-        boxes.expect_message(wxID_OK);
+    in_dialog([&](kitResources & dialog) {
+        apply(dialog, "Names");
         {
             FullDisk const full(8);
-            choose_menu(dialog, "IDM_OPTIONS_SAVE");
+            EXPECT_THAT(choose(dialog, "IDM_OPTIONS_SAVE", {wxID_OK}),
+                        ElementsAre("The file " + custom + " could not be written."));
         }
-        EXPECT_THAT(boxes.said(), testing::ElementsAre("The file " + custom + " could not be written."));
         EXPECT_EQ(value(dialog.working_table(), "stepWriteNames"), "false");
     });
     EXPECT_EQ(read(utString(custom)), before);
@@ -597,14 +550,11 @@ TEST_F(ResourceFiles, StayAsTheyWereWhenTheDiskIsFullHalfWay)
 
 TEST_F(ResourceFiles, ThatAreGoneWhenTheyAreLoadedAreToldByName)
 {
-    kitResources dialog(m_table, m_frame, m_step);
-    std::filesystem::create_directory(folder() / "gone.rsc");
-    show(dialog, [&] {
-        kitModal boxes;
-        boxes.expect_file(folder() / "gone.rsc");
-        boxes.expect_message(wxID_OK);
-        choose_menu(dialog, "IDM_OPTIONS_LOAD_CUSTOM");
-        EXPECT_THAT(boxes.said().at(0), testing::HasSubstr(folder() / "gone.rsc" + " could not be read."));
+    auto const gone = folder() / "gone.rsc";
+    std::filesystem::create_directory(gone);
+    in_dialog([&](kitResources & dialog) {
+        EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_LOAD_CUSTOM", gone, {wxID_OK}),
+                    ElementsAre(HasSubstr(gone + " could not be read.")));
         EXPECT_EQ(dialog.working_table().resource_file(), installed());
     });
 }

@@ -1,21 +1,13 @@
 #include "sdk/geometry/sdkPartEdit.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitIndicator.h"
 #include "translators/kit/kitParts.h"
 
-#include <Message_ProgressIndicator.hxx>
 #include <TopExp_Explorer.hxx>
 #include <gtest/gtest.h>
 
 namespace {
-
-class Cancelled : public Message_ProgressIndicator {
-public:
-    Standard_Boolean UserBreak() override { return Standard_True; }
-
-protected:
-    void Show(Message_ProgressScope const &, Standard_Boolean const) override {}
-};
 
 std::optional<TopoDS_Shape> larger_cube(TDF_Label const &, TopoDS_Shape const & shape, sdkShapeHistory &)
 {
@@ -48,7 +40,8 @@ TEST(PartEdit, StopsAfterThePartDuringWhichTheUserCancels)
 {
     sdkDocument document;
     kit_add_assembly(document);
-    Handle(Cancelled) const progress = new Cancelled;
+    Handle(kitIndicator) const progress = new kitIndicator;
+    progress->cancelled = true;
     auto const counts = sdk_edit_parts(document, document.parts(), larger_cube, progress->Start());
     EXPECT_TRUE(counts.cancelled);
     EXPECT_EQ(counts.changed, 1);
