@@ -80,6 +80,9 @@ protected:
 private:
     int read_page_content(ubIFStream & stream, unsigned int mask, sglResourceOptionsPage * page, int spacing,
                           int y);
+    /// A group or a resource with the gap below it.
+    int read_element(ubIFStream & stream, utString const & first_line, sglResourceOptionsPage * page,
+                     int spacing, int & y) const;
     int make_row(utStringutStringcoTable const & attributes, sglResourceOptionsPage * page, int & y) const;
     bool is_shown(utStringutStringcoTable const & attributes, unsigned int mask) const;
     wxRect pixels(int left, int top, int right, int bottom) const;

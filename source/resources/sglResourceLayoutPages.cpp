@@ -105,14 +105,22 @@ int sglResourceDialogBuilder::read_page_content(ubIFStream & stream, unsigned in
                 return 0;
             continue;
         }
-        bool const is_group = line == "start_group";
-        if (!is_group && line != "start_resource")
+        if (!read_element(stream, line, page, spacing, y))
             return 0;
-        if (!(is_group ? read_group(stream, page, spacing, y) : read_resource(stream, page, y)))
-            return 0;
-        y = place(y, spacing);
     }
     return 0;
+}
+
+int sglResourceDialogBuilder::read_element(ubIFStream & stream, utString const & first_line,
+                                           sglResourceOptionsPage * page, int spacing, int & y) const
+{
+    bool const is_group = first_line == "start_group";
+    if (!is_group && first_line != "start_resource")
+        return 0;
+    if (!(is_group ? read_group(stream, page, spacing, y) : read_resource(stream, page, y)))
+        return 0;
+    y = place(y, spacing);
+    return 1;
 }
 
 int sglResourceDialogBuilder::read_group(ubIFStream & stream, sglResourceOptionsPage * page, int spacing,
@@ -128,14 +136,9 @@ int sglResourceDialogBuilder::read_group(ubIFStream & stream, sglResourceOptions
     y = place(top, m_group_top_inset);
     utString line;
     int read = get_line(stream, line);
-    for (; read && line != "end_group"; read = get_line(stream, line)) {
-        bool const is_group = line == "start_group";
-        if (!is_group && line != "start_resource")
+    for (; read && line != "end_group"; read = get_line(stream, line))
+        if (!read_element(stream, line, page, spacing, y))
             return 0;
-        if (!(is_group ? read_group(stream, page, spacing, y) : read_resource(stream, page, y)))
-            return 0;
-        y = place(y, spacing);
-    }
     if (!read)
         return 0;
     utString bottom;

@@ -1,7 +1,6 @@
 #include "brep/brepFlatten.h"
 
-#include <BRep_Builder.hxx>
-#include <TopoDS_Compound.hxx>
+#include "sdk/geometry/sdkJoin.h"
 
 #include <vector>
 
@@ -31,14 +30,5 @@ TopoDS_Shape brep_flattened(sdkDocument const & document)
     for (auto const & label : document.free_shapes()) {
         collect(label, TopLoc_Location(), shapes);
     }
-    if (shapes.size() < 2) {
-        return shapes.empty() ? TopoDS_Shape() : shapes.front();
-    }
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
+    return shapes.empty() ? TopoDS_Shape() : sdk_join(shapes);
 }

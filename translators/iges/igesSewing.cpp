@@ -1,12 +1,11 @@
 #include "iges/igesSewing.h"
 
 #include "iges/igesSolids.h"
+#include "sdk/geometry/sdkJoin.h"
 #include "sdk/sdkAttributes.h"
 
 #include <BRepBuilderAPI_Sewing.hxx>
-#include <BRep_Builder.hxx>
 #include <TopExp_Explorer.hxx>
-#include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 
 namespace {
@@ -22,20 +21,6 @@ void append(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, TopAbs_ShapeEnum 
     for (TopExp_Explorer explorer(shape, kind, avoided); explorer.More(); explorer.Next()) {
         found.push_back(explorer.Current());
     }
-}
-
-TopoDS_Shape together(std::vector<TopoDS_Shape> const & shapes)
-{
-    if (shapes.size() == 1) {
-        return shapes.front();
-    }
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
 }
 
 } // namespace
@@ -79,7 +64,7 @@ TDF_LabelSequence igesSewing::gather_single_faces(TDF_LabelSequence const & labe
     if (single.Length() < 2) {
         return labels;
     }
-    auto const part = m_document.add_shape(together(faces), name);
+    auto const part = m_document.add_shape(sdk_join(faces), name);
     for (auto const & label : single) {
         TDF_Label detail;
         if (m_document.shapes()->AddSubShape(part, XCAFDoc_ShapeTool::GetShape(label), detail)) {
@@ -114,7 +99,7 @@ TopoDS_Shape igesSewing::sewn(TopoDS_Shape const & shape, sdkShapeHistory & hist
         return shape;
     }
     sew_faces(faces, results, history);
-    return together(results);
+    return sdk_join(results);
 }
 
 void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<TopoDS_Shape> & results,

@@ -24,6 +24,13 @@ protected:
         return translator.translate(domain, key).str();
     }
 
+    /// The text in another language, which is in force from then on.
+    std::string text_in(char const * language, char const * key) const
+    {
+        nlsDomainManager::language(language);
+        return text(key);
+    }
+
     Surroundings surroundings;
     vmrnlsTranslatorWithDatabases translator{TEST_AUSTRIAN_FOLDER ":" TEST_LOCALE_FOLDER};
 };
@@ -79,22 +86,16 @@ TEST_F(Translator, PassesOverATranslationWithOtherConversions)
 
 TEST_F(Translator, FollowsTheLanguageInForce)
 {
-    nlsDomainManager::language("English");
-    EXPECT_EQ(text("menu::Open"), "Open");
-    nlsDomainManager::language("fr");
-    EXPECT_EQ(text("menu::Open"), "Open");
-    nlsDomainManager::language("de");
-    EXPECT_EQ(text("menu::Open"), "Öffnen");
+    EXPECT_EQ(text_in("English", "menu::Open"), "Open");
+    EXPECT_EQ(text_in("fr", "menu::Open"), "Open");
+    EXPECT_EQ(text_in("de", "menu::Open"), "Öffnen");
 }
 
 TEST_F(Translator, UsesALanguageForItsCountries)
 {
-    nlsDomainManager::language("de_CH");
-    EXPECT_EQ(text("menu::Open"), "Öffnen");
-    nlsDomainManager::language("de_AT");
-    EXPECT_EQ(text("menu::January"), "Jänner");
-    nlsDomainManager::language("de");
-    EXPECT_EQ(text("menu::January"), "January");
+    EXPECT_EQ(text_in("de_CH", "menu::Open"), "Öffnen");
+    EXPECT_EQ(text_in("de_AT", "menu::January"), "Jänner");
+    EXPECT_EQ(text_in("de", "menu::January"), "January");
 }
 
 TEST_F(Translator, IsNotLedAstrayByADamagedCatalogue)

@@ -1,37 +1,14 @@
 #include "sdb/sdbResourceHandler.h"
 
+#include "base/vmr/vmrTestResources.h"
 #include "kit/kitTempFolder.h"
 #include "vmr/coResourceIterator.h"
 #include "vmr/coResourceTableMaker.h"
 #include "vmr/vmrResourceFile.h"
-#include "vmr/vmrResourceRegistry.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-void register_resources()
-{
-    std::vector<vmrResourceDeclaration> declarations(5);
-    declarations[0].name = "hdlHeal";
-    declarations[0].kind = vmrResourceKind::boolean;
-    declarations[0].default_value = "true";
-    declarations[1].name = "hdlLevel";
-    declarations[1].kind = vmrResourceKind::integer;
-    declarations[1].default_value = "3";
-    declarations[1].minimum = 1;
-    declarations[1].maximum = 10;
-    declarations[2].name = "hdlGap";
-    declarations[2].kind = vmrResourceKind::real;
-    declarations[2].default_value = "0.5";
-    declarations[2].minimum = 0;
-    declarations[3].name = "hdlAuthor";
-    declarations[4].name = "hdlSchema";
-    declarations[4].kind = vmrResourceKind::choice;
-    declarations[4].default_value = "AP214";
-    declarations[4].choices = {"AP203", "AP214"};
-    vmr_register_resources(declarations);
-}
 
 /// Judges as a locale with a decimal comma does that also takes the point.
 class CommaLocale : public sdbValidator {
@@ -60,7 +37,7 @@ public:
 
 class ResourceHandler : public testing::Test {
 protected:
-    void SetUp() override { register_resources(); }
+    void SetUp() override { register_test_resources(); }
 
     sdbResourceHandler handler(char const * name) { return sdbResourceHandler(&m_validator, name); }
 
@@ -78,21 +55,21 @@ protected:
 
 TEST_F(ResourceHandler, ValidatesByTheTypeOfTheResource)
 {
-    EXPECT_TRUE(handler("hdlHeal").validate("TRUE"));
-    EXPECT_FALSE(handler("hdlHeal").validate("perhaps"));
-    EXPECT_TRUE(handler("hdlLevel").validate("7"));
-    EXPECT_FALSE(handler("hdlLevel").validate("7a"));
-    EXPECT_TRUE(handler("hdlSchema").validate("AP203"));
-    EXPECT_FALSE(handler("hdlSchema").validate("AP242"));
-    EXPECT_TRUE(handler("hdlAuthor").validate("anyone, really"));
+    EXPECT_TRUE(handler("tstHeal").validate("TRUE"));
+    EXPECT_FALSE(handler("tstHeal").validate("perhaps"));
+    EXPECT_TRUE(handler("tstLevel").validate("7"));
+    EXPECT_FALSE(handler("tstLevel").validate("7a"));
+    EXPECT_TRUE(handler("tstSchema").validate("AP203"));
+    EXPECT_FALSE(handler("tstSchema").validate("AP999"));
+    EXPECT_TRUE(handler("tstAuthor").validate("anyone, really"));
 }
 
 TEST_F(ResourceHandler, ValidatesRangesAsWell)
 {
-    EXPECT_TRUE(handler("hdlLevel").validate("10"));
-    EXPECT_FALSE(handler("hdlLevel").validate("11"));
-    EXPECT_FALSE(handler("hdlLevel").validate("0"));
-    EXPECT_FALSE(handler("hdlGap").validate("-0,1"));
+    EXPECT_TRUE(handler("tstLevel").validate("10"));
+    EXPECT_FALSE(handler("tstLevel").validate("11"));
+    EXPECT_FALSE(handler("tstLevel").validate("0"));
+    EXPECT_FALSE(handler("tstGap").validate("-0,1"));
 }
 
 TEST_F(ResourceHandler, HoldsNothingLegalForAResourceThatIsNotRegistered)
@@ -104,59 +81,59 @@ TEST_F(ResourceHandler, HoldsNothingLegalForAResourceThatIsNotRegistered)
 
 TEST_F(ResourceHandler, AsksTheValidatorAboutNumbersByTheNameOfTheResource)
 {
-    EXPECT_TRUE(handler("hdlGap").validate("0,5"));
-    EXPECT_EQ(m_validator.m_asked, "hdlGap");
-    EXPECT_TRUE(handler("hdlLevel").validate("5"));
-    EXPECT_EQ(m_validator.m_asked, "hdlLevel");
+    EXPECT_TRUE(handler("tstGap").validate("0,5"));
+    EXPECT_EQ(m_validator.m_asked, "tstGap");
+    EXPECT_TRUE(handler("tstLevel").validate("5"));
+    EXPECT_EQ(m_validator.m_asked, "tstLevel");
 }
 
 TEST_F(ResourceHandler, TakesNoNumberThatTheValidatorRefuses)
 {
     Refusing refusing;
-    EXPECT_FALSE(sdbResourceHandler(&refusing, "hdlLevel").validate("5"));
-    EXPECT_FALSE(sdbResourceHandler(&refusing, "hdlGap").validate("0.5"));
-    EXPECT_EQ(sdbResourceHandler(&refusing, "hdlGap").insert("0.5", m_instance), 0);
-    EXPECT_TRUE(sdbResourceHandler(&refusing, "hdlAuthor").validate("5"));
-    EXPECT_TRUE(sdbResourceHandler(&refusing, "hdlHeal").validate("true"));
+    EXPECT_FALSE(sdbResourceHandler(&refusing, "tstLevel").validate("5"));
+    EXPECT_FALSE(sdbResourceHandler(&refusing, "tstGap").validate("0.5"));
+    EXPECT_EQ(sdbResourceHandler(&refusing, "tstGap").insert("0.5", m_instance), 0);
+    EXPECT_TRUE(sdbResourceHandler(&refusing, "tstAuthor").validate("5"));
+    EXPECT_TRUE(sdbResourceHandler(&refusing, "tstHeal").validate("true"));
 }
 
 TEST_F(ResourceHandler, TakesNeutralNumbersWithoutAValidator)
 {
-    EXPECT_TRUE(sdbResourceHandler(nullptr, "hdlGap").validate("0.5"));
-    EXPECT_FALSE(sdbResourceHandler(nullptr, "hdlGap").validate("0,5"));
-    EXPECT_TRUE(sdbResourceHandler(nullptr, "hdlLevel").validate("5"));
-    EXPECT_FALSE(sdbResourceHandler(nullptr, "hdlLevel").validate("5a"));
+    EXPECT_TRUE(sdbResourceHandler(nullptr, "tstGap").validate("0.5"));
+    EXPECT_FALSE(sdbResourceHandler(nullptr, "tstGap").validate("0,5"));
+    EXPECT_TRUE(sdbResourceHandler(nullptr, "tstLevel").validate("5"));
+    EXPECT_FALSE(sdbResourceHandler(nullptr, "tstLevel").validate("5a"));
 }
 
 TEST_F(ResourceHandler, StoresANumberOfTheUsersLocaleInTheNeutralForm)
 {
-    EXPECT_NE(handler("hdlGap").insert("0,010", m_instance), 0);
-    EXPECT_EQ(stored("hdlGap"), utString("0.01"));
-    EXPECT_NE(handler("hdlGap").insert("0.02", m_instance), 0);
-    EXPECT_EQ(stored("hdlGap"), utString("0.02"));
+    EXPECT_NE(handler("tstGap").insert("0,010", m_instance), 0);
+    EXPECT_EQ(stored("tstGap"), utString("0.01"));
+    EXPECT_NE(handler("tstGap").insert("0.02", m_instance), 0);
+    EXPECT_EQ(stored("tstGap"), utString("0.02"));
 }
 
 TEST_F(ResourceHandler, TakesNoTextThatOnlyLooksLikeANumber)
 {
-    EXPECT_FALSE(handler("hdlGap").validate("1,2,3"));
-    EXPECT_EQ(handler("hdlGap").insert("1,2,3", m_instance), 0);
-    EXPECT_FALSE(handler("hdlLevel").validate("--"));
+    EXPECT_FALSE(handler("tstGap").validate("1,2,3"));
+    EXPECT_EQ(handler("tstGap").insert("1,2,3", m_instance), 0);
+    EXPECT_FALSE(handler("tstLevel").validate("--"));
 }
 
 TEST_F(ResourceHandler, StoresNothingThatIsNotLegal)
 {
-    EXPECT_EQ(handler("hdlLevel").insert("11", m_instance), 0);
-    EXPECT_EQ(handler("hdlHeal").insert("", m_instance), 0);
-    EXPECT_EQ(handler("hdlSchema").insert("AP242", m_instance), 0);
+    EXPECT_EQ(handler("tstLevel").insert("11", m_instance), 0);
+    EXPECT_EQ(handler("tstHeal").insert("", m_instance), 0);
+    EXPECT_EQ(handler("tstSchema").insert("AP999", m_instance), 0);
     EXPECT_FALSE(m_instance.modified());
 }
 
 TEST_F(ResourceHandler, DisplaysWhatInsertReadsBackToTheSameValue)
 {
     for (auto const & [name, text] :
-         {std::pair("hdlHeal", "fALSE"), std::pair("hdlLevel", "+07"), std::pair("hdlGap", "1e-3"),
-          std::pair("hdlGap", "1234567,5"), std::pair("hdlAuthor", "  a \\ b\n"),
-          std::pair("hdlSchema", "ap203")}) {
+         {std::pair("tstHeal", "fALSE"), std::pair("tstLevel", "+07"), std::pair("tstGap", "1e-3"),
+          std::pair("tstGap", "1234567,5"), std::pair("tstAuthor", "  a \\ b\n"),
+          std::pair("tstSchema", "ap203")}) {
         ASSERT_NE(handler(name).insert(text, m_instance), 0) << name;
         auto const value = stored(name);
         auto const shown = displayed(name);
@@ -169,56 +146,56 @@ TEST_F(ResourceHandler, DisplaysWhatInsertReadsBackToTheSameValue)
 
 TEST_F(ResourceHandler, DisplaysBooleansInTheFormThatCheckBoxesRecord)
 {
-    handler("hdlHeal").insert("false", m_instance);
-    EXPECT_EQ(stored("hdlHeal"), utString("false"));
-    EXPECT_EQ(displayed("hdlHeal"), utString("False"));
-    handler("hdlHeal").insert("True", m_instance);
-    EXPECT_EQ(displayed("hdlHeal"), utString("True"));
+    handler("tstHeal").insert("false", m_instance);
+    EXPECT_EQ(stored("tstHeal"), utString("false"));
+    EXPECT_EQ(displayed("tstHeal"), utString("False"));
+    handler("tstHeal").insert("True", m_instance);
+    EXPECT_EQ(displayed("tstHeal"), utString("True"));
 }
 
 TEST_F(ResourceHandler, DisplaysAsItStandsWhatItCannotRead)
 {
-    m_instance.table()->set_value("hdlLevel", "many");
+    m_instance.table()->set_value("tstLevel", "many");
     m_instance.table()->set_value("unheard", " x ");
-    EXPECT_EQ(displayed("hdlLevel"), utString("many"));
+    EXPECT_EQ(displayed("tstLevel"), utString("many"));
     EXPECT_EQ(displayed("unheard"), utString(" x "));
-    EXPECT_TRUE(handler("hdlLevel").display(nullptr).invalid());
+    EXPECT_TRUE(handler("tstLevel").display(nullptr).invalid());
 }
 
 TEST_F(ResourceHandler, CopiesAResourceAsItStands)
 {
     coResourceTable source;
-    source.set_value("hdlLevel", "many");
+    source.set_value("tstLevel", "many");
     coResourceIterator it(&source);
     ASSERT_NE(++it, 0);
-    handler("hdlLevel").add_resource(it(), m_instance);
-    EXPECT_EQ(stored("hdlLevel"), utString("many"));
-    handler("hdlLevel").add_resource(nullptr, m_instance);
+    handler("tstLevel").add_resource(it(), m_instance);
+    EXPECT_EQ(stored("tstLevel"), utString("many"));
+    handler("tstLevel").add_resource(nullptr, m_instance);
     EXPECT_EQ(m_instance.table()->count(), 1);
 }
 
 TEST_F(ResourceHandler, KeepsTheValuesOfAnUnloadedTranslatorWhenTheFileIsSavedAnew)
 {
-    auto const file = m_directory.write("x.rsc", "unheard = old\nhdlLevel = 4\n");
+    auto const file = m_directory.write("x.rsc", "unheard = old\ntstLevel = 4\n");
     vmrTableInstance scratch(file.c_str());
     EXPECT_FALSE(handler("unheard").validate("new"));
     EXPECT_NE(handler("unheard").insert("new", scratch), 0);
-    EXPECT_NE(handler("hdlLevel").insert("5", scratch), 0);
+    EXPECT_NE(handler("tstLevel").insert("5", scratch), 0);
     ASSERT_NE(vmr_resource_save(file, scratch.table()), 0);
     vmrTableInstance const loaded(file.c_str());
     EXPECT_EQ(loaded.effective_value("unheard"), utString("new"));
-    EXPECT_EQ(loaded.effective_value("hdlLevel"), utString("5"));
+    EXPECT_EQ(loaded.effective_value("tstLevel"), utString("5"));
 }
 
 TEST_F(ResourceHandler, AgreesWithAMergeOfWhatItDisplays)
 {
-    handler("hdlHeal").insert("false", m_instance);
-    handler("hdlGap").insert("0,25", m_instance);
+    handler("tstHeal").insert("false", m_instance);
+    handler("tstGap").insert("0,25", m_instance);
     coResourceTable merged;
-    for (auto const name : {"hdlHeal", "hdlGap"})
+    for (auto const name : {"tstHeal", "tstGap"})
         EXPECT_EQ(coResourceTableMaker::merge_entry(name, displayed(name), merged), coResourceOk);
-    EXPECT_EQ(merged.value("hdlHeal"), stored("hdlHeal"));
-    EXPECT_EQ(merged.value("hdlGap"), stored("hdlGap"));
+    EXPECT_EQ(merged.value("tstHeal"), stored("tstHeal"));
+    EXPECT_EQ(merged.value("tstGap"), stored("tstGap"));
 }
 
 TEST_F(ResourceHandler, CanBeGivenOperationsOfItsOwnByASubclass)
@@ -231,9 +208,9 @@ TEST_F(ResourceHandler, CanBeGivenOperationsOfItsOwnByASubclass)
             return sdbResourceHandler::display(resource) + "!";
         }
     };
-    handler("hdlLevel").insert("7", m_instance);
-    coResourceKeyBase const key("hdlLevel");
-    Loud loud(&m_validator, "hdlLevel");
+    handler("tstLevel").insert("7", m_instance);
+    coResourceKeyBase const key("tstLevel");
+    Loud loud(&m_validator, "tstLevel");
     sdbResourceHandler & base = loud;
     EXPECT_EQ(base.display(m_instance.table()->lookup_resource(&key)), utString("7!"));
 }

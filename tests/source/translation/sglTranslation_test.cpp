@@ -43,6 +43,23 @@ struct Driver : kitAppTest {
         EXPECT_EQ(dialog.told.size(), 1u);
         return dialog.told.empty() ? "" : dialog.told[0];
     }
+    /// Runs a worker that goes on until it is asked to stop, which the user does at the first tick; gives
+    /// what the user is told at the end.
+    std::vector<std::string> told_after_a_cancel(kitOutcome outcome)
+    {
+        kitRequest request;
+        kitProgressRecorder dialog;
+        fill(request);
+        request.outcomes = {outcome};
+        request.at_work = [](s2sThreadComm & channel, int) {
+            while (!channel.termination_requested())
+                std::this_thread::yield();
+        };
+        dialog.at_first_tick = [&] { dialog.OnCancel(); };
+        request.progress(&dialog);
+        request.execute();
+        return dialog.told;
+    }
     bool output_is_there() const { return std::filesystem::exists(output); }
 
     std::string input, output;
@@ -146,38 +163,15 @@ TEST_F(Driver, TellsOfEachKindOfFailureAndLeavesNoOutput)
 
 TEST_F(Driver, RepeatsACancelUntilTheWorkerStops)
 {
-    kitRequest request;
-    kitProgressRecorder dialog;
-    fill(request);
-    request.outcomes = {{s2sThreadCancelled, 0, 0}};
-    request.at_work = [](s2sThreadComm & channel, int) {
-        while (!channel.termination_requested())
-            std::this_thread::yield();
-    };
-    dialog.at_first_tick = [&] { dialog.OnCancel(); };
-    request.progress(&dialog);
-    request.execute();
-    EXPECT_EQ(dialog.told, std::vector<std::string>{"cancelled"});
+    EXPECT_EQ(told_after_a_cancel({s2sThreadCancelled, 0, 0}), std::vector<std::string>{"cancelled"});
     EXPECT_FALSE(output_is_there());
 }
 
 TEST_F(Driver, GoesByTheOutcomeAndNotByACancelThatCameTooLate)
 {
-    {
-        kitRequest request;
-        kitProgressRecorder dialog;
-        fill(request);
-        // The worker has seen the request to stop and completes nevertheless.
-        request.at_work = [](s2sThreadComm & channel, int) {
-            while (!channel.termination_requested())
-                std::this_thread::yield();
-        };
-        dialog.at_first_tick = [&] { dialog.OnCancel(); };
-        request.progress(&dialog);
-        request.execute();
-        EXPECT_EQ(dialog.told, std::vector<std::string>{"ok"});
-        EXPECT_TRUE(output_is_there());
-    }
+    // The worker has seen the request to stop and completes nevertheless.
+    EXPECT_EQ(told_after_a_cancel({}), std::vector<std::string>{"ok"});
+    EXPECT_TRUE(output_is_there());
     struct CancelledAtTheEnd : kitProgressRecorder {
         int progress(int percent) override
         {

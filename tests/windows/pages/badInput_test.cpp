@@ -13,28 +13,23 @@ namespace {
 
 using testing::HasSubstr;
 
-class BadInput : public kitOpenPageTest {
+template <class PageTest>
+class ToldAtTheEnd : public PageTest {
 protected:
     /// Presses Translate and gives what is said in the end, the title of the message and the details.
     std::string translated()
     {
         kitModal boxes;
         boxes.expect_message(wxID_OK);
-        translate();
+        this->translate();
         return boxes.said().empty() ? "" : boxes.said().back();
     }
+};
+class BadInput : public ToldAtTheEnd<kitOpenPageTest> {
+protected:
     std::string errors(int index = 0) { return last_record().error_messages(index).str(); }
 };
-class BadBatch : public kitBatchPageTest {
-protected:
-    std::string translated()
-    {
-        kitModal boxes;
-        boxes.expect_message(wxID_OK);
-        translate();
-        return boxes.said().empty() ? "" : boxes.said().back();
-    }
-};
+using BadBatch = ToldAtTheEnd<kitBatchPageTest>;
 
 /// A name that is Latin-1 and no UTF-8.
 constexpr char const * latin1 = "caf\xe9.stp";

@@ -55,6 +55,17 @@ struct Widgets : kitOptionsTest {
         page->add_widget(utPtrClaim, widget);
         return widget;
     }
+    /// The field of the tolerance, alone on the page, with the focus.
+    sglResourceEditBox * focused_field()
+    {
+        wxRect row(20, 30, 300, 26);
+        add<sglResourceEditWidget>(tolerance, row);
+        show();
+        auto * const box = control<sglResourceEditBox>();
+        focus(*box);
+        run_until([box] { return box->HasFocus(); }, 20, "the focus");
+        return box;
+    }
     std::string applied(char const * name)
     {
         page->apply_pressed();
@@ -174,12 +185,7 @@ TEST_F(Widgets, EditCountsWhenTheFieldLosesTheFocus)
 
 TEST_F(Widgets, PressOfTheDefaultButtonTakesWhatWasTyped)
 {
-    wxRect row(20, 30, 300, 26);
-    add<sglResourceEditWidget>(tolerance, row);
-    show();
-    auto * const box = control<sglResourceEditBox>();
-    focus(*box);
-    run_until([box] { return box->HasFocus(); }, 20, "the focus");
+    auto * const box = focused_field();
     box->ChangeValue("0.125");
     press(panel(), "IDC_OPTIONS_OK");
     EXPECT_EQ(table.effective_value(triangulate), utString("0.125"));
@@ -329,12 +335,7 @@ TEST_F(Widgets, IllegalValueOfAFileGivesWayToTheBuiltInDefault)
 
 TEST_F(Widgets, FieldThatGoesWithItsPageTellsNobody)
 {
-    wxRect row(20, 30, 300, 26);
-    add<sglResourceEditWidget>(tolerance, row);
-    show();
-    auto * const box = control<sglResourceEditBox>();
-    focus(*box);
-    run_until([box] { return box->HasFocus(); }, 20, "the focus");
+    auto * const box = focused_field();
     box->ChangeValue("x");
     kitModal boxes;
     frame()->DestroyChildren();

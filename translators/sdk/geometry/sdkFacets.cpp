@@ -1,11 +1,11 @@
 #include "sdk/geometry/sdkFacets.h"
 
 #include "sdk/geometry/sdkFacetMesh.h"
+#include "sdk/geometry/sdkJoin.h"
 #include "sdk/geometry/sdkSolids.h"
 
 #include <BRepBuilderAPI_Sewing.hxx>
 #include <BRepTools_ReShape.hxx>
-#include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
 #include <Poly_Triangulation.hxx>
@@ -14,12 +14,9 @@
 #include <TopExp_Explorer.hxx>
 #include <TopTools_MapOfShape.hxx>
 #include <TopoDS.hxx>
-#include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
 namespace {
 
@@ -37,21 +34,6 @@ std::int64_t count_triangles(TopoDS_Shape const & face)
     TopLoc_Location location;
     auto const & mesh = BRep_Tool::Triangulation(TopoDS::Face(face), location);
     return mesh.IsNull() ? 0 : mesh->NbTriangles();
-}
-
-template <class Shapes>
-TopoDS_Shape joined(Shapes const & shapes)
-{
-    if (std::size(shapes) == 1) {
-        return *std::begin(shapes);
-    }
-    BRep_Builder builder;
-    TopoDS_Compound compound;
-    builder.MakeCompound(compound);
-    for (auto const & shape : shapes) {
-        builder.Add(compound, shape);
-    }
-    return compound;
 }
 
 // True for a compound whose members all are faces, or shells and solids, of facets only.
@@ -114,7 +96,7 @@ public:
             rest.Remove(face);
             history.replace(face, made);
         }
-        return joined(std::array{rest.Apply(shape), made});
+        return sdk_join({rest.Apply(shape), made});
     }
 
 private:
@@ -134,7 +116,7 @@ private:
         if (m_options.solids) {
             shells = sdk_make_solids(shells);
         }
-        auto shape = joined(shells);
+        auto shape = sdk_join(shells);
         if (m_options.merge_coplanar) {
             shape = merged(shape);
         }
