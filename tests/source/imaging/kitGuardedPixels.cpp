@@ -2,16 +2,14 @@
 // front of them is looked at when they are freed. The linker puts these two in the place of calloc and free
 // (--wrap) in the code under test; the sanitizers have guards of their own.
 
+#include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <new>
 #include <sys/mman.h>
 #include <unistd.h>
-#include <unordered_map>
+#include <utility>
 
 extern "C" {
 void * __real_calloc(std::size_t count, std::size_t size);
@@ -30,17 +28,26 @@ constexpr std::size_t largest_guarded = std::size_t(64) << 20;
 
 constexpr unsigned char untouched = 0xA5;
 
+/// Lies at the beginning of its own piece of memory, for it is asked for at every free of the program.
 struct Block {
-    unsigned char * begin;
-    std::size_t writable; // bytes up to the page that nobody may touch
+    Block * next;
+    unsigned char * memory;
+    std::size_t whole; ///< bytes, with the page that nobody may touch
+
+    unsigned char * front() { return reinterpret_cast<unsigned char *>(this + 1); }
 };
 
 std::mutex mutex;
+Block * blocks = nullptr;
 
-std::unordered_map<void *, Block> & blocks()
+/// Takes the block out of the list; null for memory of another kind.
+Block * taken(void const * memory)
 {
-    static auto * const all = new std::unordered_map<void *, Block>; // to the end of the last test
-    return *all;
+    std::lock_guard const lock(mutex);
+    for (Block ** place = &blocks; *place; place = &(*place)->next)
+        if ((*place)->memory == memory)
+            return std::exchange(*place, (*place)->next);
+    return nullptr;
 }
 
 std::size_t page()
@@ -55,38 +62,31 @@ void * __wrap_calloc(std::size_t count, std::size_t size)
     if (size > 0 && count > largest_guarded / size)
         return __real_calloc(count, size);
     std::size_t const bytes = count * size;
-    // At least one byte in front.
-    std::size_t const writable = (bytes / page() + 1) * page();
-    void * const mapped =
-        mmap(nullptr, writable + page(), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    // With one byte in front at least.
+    std::size_t const writable = ((sizeof(Block) + bytes) / page() + 1) * page();
+    std::size_t const whole = writable + page();
+    void * const mapped = mmap(nullptr, whole, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED)
         return nullptr;
     auto * const begin = static_cast<unsigned char *>(mapped);
     mprotect(begin + writable, page(), PROT_NONE);
-    auto * const memory = begin + writable - bytes;
-    std::memset(begin, untouched, writable - bytes);
+    auto * const block = new (mapped) Block{nullptr, begin + writable - bytes, whole};
+    std::fill(block->front(), block->memory, untouched);
     std::lock_guard const lock(mutex);
-    blocks()[memory] = {begin, writable};
-    return memory;
+    block->next = std::exchange(blocks, block);
+    return block->memory;
 }
 
 void __wrap_free(void * memory)
 {
-    std::unique_lock lock(mutex);
-    auto const found = blocks().find(memory);
-    if (!memory || found == blocks().end()) {
-        lock.unlock();
+    Block * const block = memory ? taken(memory) : nullptr;
+    if (!block) {
         __real_free(memory);
         return;
     }
-    Block const block = found->second;
-    blocks().erase(found);
-    lock.unlock();
-    for (auto const * byte = block.begin; byte != memory; ++byte)
-        if (*byte != untouched) {
-            ADD_FAILURE() << "written " << static_cast<unsigned char *>(memory) - byte
-                          << " bytes in front of the pixels";
-            break;
-        }
-    munmap(block.begin, block.writable + page());
+    auto const * const written =
+        std::find_if(block->front(), block->memory, [](unsigned char byte) { return byte != untouched; });
+    if (written != block->memory)
+        ADD_FAILURE() << "written " << block->memory - written << " bytes in front of the pixels";
+    munmap(block, block->whole);
 }
