@@ -19,13 +19,17 @@ public:
 
     void set_help_file(utString const & name) { m_file = name; }
 
-    /// The user is told when the book is not there.
+    /// The user is told when the book is not there, or cannot be read.
     void show_help();
     void show_help(utString const & topic); ///< a page below "substituted/" in the book
 
     /// Opens a book, once: one that is opened again would stand in the contents twice. The toolkit's own
     /// operation of this name opens nothing.
     bool LoadFile(wxString const & file) override;
+    /// Without a book that could be opened there is no window, but the same message as for a missing one.
+    bool DisplayContents() override;
+    bool DisplaySection(wxString const & section) override;
+    using wxHtmlHelpController::DisplaySection;
 
 protected:
     wxWindow * CreateHelpWindow() override;
@@ -35,6 +39,7 @@ protected:
 
 private:
     apPathName find_book() const;
+    bool have_book();
     void choose_window();
     void remove_closed_dialog();
 

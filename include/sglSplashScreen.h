@@ -18,6 +18,8 @@ public:
     /// Says whether ShowSplashScreen does anything, with what title on the picture, and with which of the
     /// installation's images; the image is left as it was when `enable` is 0.
     static void EnableSplashScreen(utString const & title, int enable, utString const & image);
+    /// Whether the picture can be read. It is kept for the next ShowSplashScreen, so that it is read once.
+    static bool has_picture();
     /// Shows the picture, which may be missing: the window then has next to no size. Does nothing while there
     /// is one.
     static void ShowSplashScreen(wxWindow * parent);
@@ -46,6 +48,7 @@ private:
     static utString s_title;
     static utString s_image_name;
     static utString s_copyright_text;
+    static wxBitmap s_read_ahead;
     static sglSplashScreen * s_current;
 
     wxDECLARE_EVENT_TABLE();

@@ -3,7 +3,6 @@
 
 #include "vmrApp.h"
 
-#include "sdb/sdbSchemaDir.h"
 #include "sglReleaseStatus.h"
 #include "sglSplashScreen.h"
 
@@ -28,12 +27,11 @@ bool is_painted_inside(wxEvent const & event, wxWindow const * window)
 
 void vmrApp::show_splash_screen()
 {
-    utString const picture = "splash.png";
+    sglSplashScreen::EnableSplashScreen(sglReleaseStatus::splash_string(), 1, "splash.png");
     // Without its picture it would be an empty window.
-    if (file_locator().schema_dir(sdbHRKDirectory::xrc).find_file(picture).invalid())
+    if (!sglSplashScreen::has_picture())
         return;
     m_splash_end.Register();
-    sglSplashScreen::EnableSplashScreen(sglReleaseStatus::splash_string(), 1, picture);
     sglSplashScreen::ShowSplashScreen(nullptr);
     wxStopWatch const watch;
     do

@@ -83,6 +83,8 @@ void sglApp::pre_splash_screen_init()
     set_product_info();
     read_start_up_info();
     SetVendorName(wxtStringConverter::to_wx(common_company_name()));
+    // The boxes of the toolkit have it in their titles.
+    SetAppDisplayName(wxtStringConverter::to_wx(application_name_no_version()));
     m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(),
                                   wxString(), wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
     delete wxConfigBase::Set(m_config);

@@ -6,6 +6,7 @@
 #include "wxt/wxtStringConverter.h"
 
 #include <string_view>
+#include <utility>
 #include <wx/dcmemory.h>
 #include <wx/font.h>
 
@@ -13,6 +14,7 @@ int sglSplashScreen::s_enabled = 0;
 utString sglSplashScreen::s_title;
 utString sglSplashScreen::s_image_name;
 utString sglSplashScreen::s_copyright_text;
+wxBitmap sglSplashScreen::s_read_ahead;
 sglSplashScreen * sglSplashScreen::s_current = nullptr;
 
 wxBEGIN_EVENT_TABLE(sglSplashScreen, wxSplashScreen)
@@ -59,13 +61,22 @@ void sglSplashScreen::EnableSplashScreen(utString const & title, int enable, utS
     s_title = title;
     if (enable)
         s_image_name = image;
+    s_read_ahead = {};
+}
+
+bool sglSplashScreen::has_picture()
+{
+    if (!s_read_ahead.IsOk())
+        s_read_ahead = sglImageUtils(0).load_image_file(s_image_name, 0);
+    return s_read_ahead.IsOk();
 }
 
 void sglSplashScreen::ShowSplashScreen(wxWindow * parent)
 {
     if (!s_enabled || s_current)
         return;
-    wxBitmap bitmap = sglImageUtils(0).load_image_file(s_image_name, 0);
+    has_picture();
+    wxBitmap bitmap = std::exchange(s_read_ahead, {});
     sglDib picture;
     picture.set_bitmap(&bitmap);
     if (picture.has_alpha()) {

@@ -16,6 +16,7 @@
 #include <wx/html/helpdlg.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlwin.h>
+#include <wx/log.h>
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
 #include <wx/splitter.h>
@@ -84,6 +85,11 @@ utString in_language(utString const & book, utString const & language)
     auto const dot = name.rfind('.');
     name.insert(dot == std::string::npos ? name.size() : dot, "_" + language.str());
     return utString(name);
+}
+
+void tell_that_there_is_no_help()
+{
+    sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
 }
 
 } // namespace
@@ -178,7 +184,7 @@ int sglHelpDisplayer::load_file()
 {
     apPathName const path = find_book();
     if (path.invalid()) {
-        sglMessageBox("vmrgrlib", 1001, wxICON_EXCLAMATION);
+        tell_that_there_is_no_help();
         return 0;
     }
     LoadFile(wxtStringConverter::to_wx(utString(path.utf8())));
@@ -190,8 +196,28 @@ bool sglHelpDisplayer::LoadFile(wxString const & file)
     if (file == m_loaded)
         return true;
     read_archives();
+    // What it has to say about a damaged book would come in a box of its own.
+    wxLogNull const quiet;
     if (!AddBook(wxFileName(file)))
         return false;
     m_loaded = file;
     return true;
+}
+
+bool sglHelpDisplayer::have_book()
+{
+    if (!GetHelpData()->GetBookRecArray().empty())
+        return true;
+    tell_that_there_is_no_help();
+    return false;
+}
+
+bool sglHelpDisplayer::DisplayContents()
+{
+    return have_book() && wxHtmlHelpController::DisplayContents();
+}
+
+bool sglHelpDisplayer::DisplaySection(wxString const & section)
+{
+    return have_book() && wxHtmlHelpController::DisplaySection(section);
 }

@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
+#include "iio/iioPictureHead.h"
+#include "kit/kitPictureHead.h"
+#include "kit/kitScarceMemory.h"
 #include "kit/kitTempFolder.h"
 
 namespace {
@@ -21,29 +24,6 @@ void write_png(std::string const & name, int width, int height, png_uint_32 form
     image.format = format;
     ASSERT_NE(png_image_write_to_file(&image, name.c_str(), 0, pixels.data(), 0, nullptr), 0)
         << image.message;
-}
-
-void append(std::string & out, std::uint32_t value, int bytes)
-{
-    for (int i = 0; i < bytes; ++i)
-        out += static_cast<char>(value >> (8 * i));
-}
-
-/// A bitmap of 24 bits: file header, information header, rows from the bottom, each padded to four bytes.
-std::string bmp(std::int32_t width, std::int32_t height, std::string const & rows)
-{
-    std::string file = "BM";
-    append(file, static_cast<std::uint32_t>(54 + rows.size()), 4);
-    append(file, 0, 4);
-    append(file, 54, 4);
-    append(file, 40, 4);
-    append(file, static_cast<std::uint32_t>(width), 4);
-    append(file, static_cast<std::uint32_t>(height), 4);
-    append(file, 1, 2);
-    append(file, 24, 2);
-    for (int i = 0; i < 6; ++i)
-        append(file, 0, 4);
-    return file + rows;
 }
 
 class ImageReader : public testing::Test {
@@ -90,7 +70,7 @@ TEST_F(ImageReader, ReadsABmpFileFromItsTopRow)
 {
     // blue, green, red; the lower row first
     std::string const rows("\x03\x02\x01\0\x06\x05\x04\0", 8);
-    ASSERT_EQ(read(folder.write("a.bmp", bmp(1, 2, rows))), 1) << error.view();
+    ASSERT_EQ(read(folder.write("a.bmp", kit_bmp_header(1, 2) + rows)), 1) << error.view();
     EXPECT_EQ(image.width, 1);
     EXPECT_EQ(image.height, 2);
     EXPECT_EQ(image.rgba, (Bytes{4, 5, 6, 255, 1, 2, 3, 255}));
@@ -126,8 +106,39 @@ TEST_F(ImageReader, RefusesDamagedFilesAtAnyLength)
         EXPECT_EQ(read(folder.write("cut.png", whole.substr(0, length))), 0) << length;
 }
 
+TEST_F(ImageReader, RefusesABmpFileThatIsCutOff)
+{
+    auto const whole = kit_bmp_header(2, 3) + std::string(24, '\7');
+    // Two bytes that fill the last row are missing in the files of some programs.
+    EXPECT_EQ(read(folder.write("whole.bmp", whole.substr(0, whole.size() - 2))), 1) << error.view();
+    for (std::size_t length = 0; length < whole.size() - 2; ++length)
+        EXPECT_EQ(read(folder.write("cut.bmp", whole.substr(0, length))), 0) << length;
+}
+
 TEST_F(ImageReader, RefusesAPictureThatWouldFillTheMemory)
 {
-    EXPECT_EQ(read(folder.write("huge.bmp", bmp(60000, 60000, "\1\2\3"))), 0);
-    EXPECT_NE(error.locate_substring("too large"), -1);
+    for (auto const & file : {kit_bmp_header(60000, 60000), kit_bmp_header(8192, 4097),
+                              kit_png_header(60000, 60000), kit_png_header(8192, 4097)}) {
+        EXPECT_EQ(read(folder.write("huge", file)), 0);
+        EXPECT_NE(error.locate_substring("too large"), -1) << error.view();
+    }
+}
+
+TEST_F(ImageReader, HasNoPictureWhenThereIsNoMemoryForIt)
+{
+    Bytes const pixels(3 * 64 * 64, 77);
+    write_png(folder / "a.png", 64, 64, PNG_FORMAT_RGB, pixels);
+    folder.write("a.bmp", kit_bmp_header(64, 64) + std::string(pixels.begin(), pixels.end()));
+    image.width = 5;
+    for (std::string const name : {"a.png", "a.bmp"}) {
+        {
+            kitScarceMemory const scarce(4 * 64 * 64 - 1);
+            EXPECT_EQ(read(folder / name), 0);
+        }
+        EXPECT_NE(error.locate_substring("not enough memory"), -1) << error.view();
+        EXPECT_NE(error.locate_substring(utString(folder / name)), -1);
+        EXPECT_EQ(image.width, 5);
+        EXPECT_TRUE(image.rgba.empty());
+    }
+    EXPECT_EQ(read(folder / "a.bmp"), 1) << error.view();
 }

@@ -174,6 +174,13 @@ TEST_F(Application, LaysTheConfigurationOutAsThisPlatformDoes)
     EXPECT_EQ(app().GetVendorName().utf8_string(), "Quorvane");
 }
 
+TEST_F(Application, GivesTheBoxesOfTheToolkitItsName)
+{
+    app().pre_splash_screen_init();
+    EXPECT_EQ(app().GetAppDisplayName().utf8_string(), app().application_name_no_version().str());
+    EXPECT_EQ(app().GetAppDisplayName(), "Tester");
+}
+
 TEST_F(Application, AnswersWithFixedCommonNames)
 {
     EXPECT_EQ(app().common_application_name(), utString("Crosswalk"));

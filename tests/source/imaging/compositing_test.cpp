@@ -125,6 +125,13 @@ TEST(Compositing, OfABufferWithItselfTakesItAsItWasBefore)
             operation.rect(to, &to, x, y);
             EXPECT_EQ(kit_pixels(to), expected) << operation.name << " at " << x << ", " << y;
         }
+    for (auto const & operation : operations()) {
+        kitDib to(37, 11);
+        noise.fill(to);
+        auto const expected = kit_placed(to, to, 0, 0, on_channels(operation.formula));
+        operation.whole(to, &to);
+        EXPECT_EQ(kit_pixels(to), expected) << operation.name << " of all";
+    }
 }
 
 TEST(Compositing, OfBuffersOfOtherSizesOrOfNoneDoesNothing)

@@ -1,5 +1,7 @@
 #include "kitDib.h"
 
+#include <limits>
+
 namespace {
 
 constexpr sglCOLORREF key(0x00A03050);
@@ -246,6 +248,20 @@ TEST(Copy, OfAPartGoesToTheSameIndices)
                 expected[i] = dib.pixels()[i];
         dib.copy_rect_to(&out, place.x, place.y, place.from_width, place.from_height);
         EXPECT_EQ(kit_pixels(out), expected) << place.x << ", " << place.y;
+    }
+}
+
+TEST(Copy, OfAPartWithoutAnAreaDoesNothing)
+{
+    kitNoise noise;
+    kitDib dib(6, 6);
+    noise.fill(dib);
+    constexpr int far = std::numeric_limits<int>::min();
+    for (auto const & [width, height] :
+         {std::pair(-1, 2), {2, -1}, {-5, -5}, {0, 2}, {2, 0}, {far, 2}, {2, far}, {far, far}}) {
+        kitDib out(6, 6);
+        dib.copy_rect_to(&out, 1, 1, width, height);
+        EXPECT_EQ(kit_pixels(out), kitPixels(36, sglCOLORREF(0))) << width << " by " << height;
     }
 }
 

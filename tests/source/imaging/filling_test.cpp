@@ -1,5 +1,7 @@
 #include "kitDib.h"
 
+#include <limits>
+
 namespace {
 
 /// The pixels of the buffer on which a rectangle of that place and size lies.
@@ -9,6 +11,21 @@ kitPixels filled(sglDib const & dib, kitPlacing const & place,
     kitDib const rectangle(place.from_width, place.from_height);
     return kit_placed(dib, rectangle, place.x, place.y,
                       [&](sglCOLORREF d, sglCOLORREF) { return formula(d); });
+}
+
+/// Fills rectangles that have no area, one of a size below 0 among them, and looks whether anything changed.
+void expect_nothing_filled(std::function<void(sglDib &, int w, int h)> const & fill)
+{
+    constexpr int far = std::numeric_limits<int>::min();
+    for (auto const & [width, height] :
+         {std::pair(-1, 2), {2, -1}, {-5, -5}, {0, 2}, {2, 0}, {far, 2}, {2, far}, {far, far}}) {
+        kitNoise noise;
+        kitDib dib(3, 3);
+        noise.fill(dib);
+        auto const before = kit_pixels(dib);
+        fill(dib, width, height);
+        EXPECT_EQ(kit_pixels(dib), before) << width << " by " << height;
+    }
 }
 
 std::function<sglCOLORREF(sglCOLORREF)> glass(int r, int g, int b, int a)
@@ -43,10 +60,7 @@ TEST(Fill, OfARectangleIsClipped)
         dib.fill_rect(place.x, place.y, place.from_width, place.from_height, colour);
         EXPECT_EQ(kit_pixels(dib), expected) << place.x << ", " << place.y;
     }
-    kitDib dib(3, 3);
-    for (auto const & [width, height] : {std::pair(-1, 2), {2, -1}, {-5, -5}, {0, 2}})
-        dib.fill_rect(1, 1, width, height, colour);
-    EXPECT_EQ(kit_pixels(dib), kitPixels(9, sglCOLORREF(0)));
+    expect_nothing_filled([&](sglDib & dib, int w, int h) { dib.fill_rect(1, 1, w, h, colour); });
 }
 
 TEST(FillGlass, BlendsEveryPixelAndLeavesItsAlpha)
@@ -77,6 +91,8 @@ TEST(FillGlass, OfARectangleIsClipped)
         dib.fill_glass_rect(place.x, place.y, place.from_width, place.from_height, 200, 10, 90, 120);
         EXPECT_EQ(kit_pixels(dib), expected) << place.x << ", " << place.y;
     }
+    expect_nothing_filled(
+        [](sglDib & dib, int w, int h) { dib.fill_glass_rect(1, 1, w, h, 200, 10, 90, 120); });
 }
 
 TEST(FillStippledGlass, IsAChequerOfASquareBuffer)
@@ -139,4 +155,6 @@ TEST(FillStippledGlass, OfARectangleCountsFromItsStart)
         dib.fill_stippled_glass_rect(place.x, place.y, place.from_width, place.from_height, 9, 8, 7);
         EXPECT_EQ(kit_pixels(dib), expected) << place.x << ", " << place.y;
     }
+    expect_nothing_filled(
+        [](sglDib & dib, int w, int h) { dib.fill_stippled_glass_rect(1, 1, w, h, 9, 8, 7); });
 }

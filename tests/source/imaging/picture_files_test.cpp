@@ -2,7 +2,9 @@
 
 #include "kitDib.h"
 
+#include "iio/iioPictureHead.h"
 #include "kit/kitAppTest.h"
+#include "kit/kitScarceMemory.h"
 #include "kitPicture.h"
 
 #include <fstream>
@@ -136,8 +138,12 @@ TEST_F(PictureFiles, CutShortAreRefused)
     for (std::size_t i = 100; i < 200; ++i)
         damaged[i] = static_cast<char>(~damaged[i]);
     expect_refused(folder().write("damaged.png", damaged));
-    auto const bmp = kit_bmp(64, 64, pixels);
-    expect_refused(folder().write("cut.bmp", bmp.substr(0, 60)));
+    auto const bmp = kit_bmp(5, 3, pixels);
+    for (std::size_t length = 0; length < bmp.size() - 1; ++length)
+        expect_refused(folder().write("cut.bmp", bmp.substr(0, length)));
+    auto const palette = kit_bmp_header(3, 2, 8) + std::string(8, 'x');
+    for (std::size_t length = 0; length < palette.size() - 1; ++length)
+        expect_refused(folder().write("palette.bmp", palette.substr(0, length)));
 }
 
 TEST_F(PictureFiles, ThatClaimToBeEnormousTakeNoMemory)
@@ -151,4 +157,71 @@ TEST_F(PictureFiles, ThatClaimToBeEnormousTakeNoMemory)
          {std::pair(100000, 100000), {60000, 60000}, {60000, -60000}, {1, 0x7FFFFFFF}, {1, -0x7FFFFFFF - 1}})
         expect_refused(folder().write("huge.bmp", kit_bmp_header(width, height)));
     EXPECT_LT(peak_memory() - before, 100);
+}
+
+TEST_F(PictureFiles, JustOverTheLimitAreRefused)
+{
+    constexpr int width = 8192, height = 4097;
+    static_assert(std::uint64_t(width) * (height - 1) == iio_most_pixels);
+    // Of one bit a pixel, so that it is not the length of the file.
+    std::string const row(width / 8, '\xff');
+    kitDib dib;
+    ASSERT_EQ(
+        dib.load_bitmap_from_file(utString(folder().write("small.bmp", kit_bmp_header(width, 1, 1) + row))),
+        1);
+    EXPECT_EQ(kit_pixels(dib), kitPixels(width, sglCOLORREF(0xFFFFFFFF)));
+    std::string bmp = kit_bmp_header(width, height, 1);
+    for (int y = 0; y < height; ++y)
+        bmp += row;
+    expect_refused(folder().write("over.bmp", bmp));
+
+    ASSERT_EQ(dib.load_bitmap_from_file(utString(folder().write("small.png", kit_grey_png(width, 1)))), 1);
+    EXPECT_EQ(kit_pixels(dib), kitPixels(width, sglCOLORREF(0xFF000000)));
+    expect_refused(folder().write("over.png", kit_grey_png(width, height)));
+}
+
+TEST_F(PictureFiles, AreRefusedWhenThereIsNoMemoryForThem)
+{
+    kitPixels const pixels(64 * 64, a);
+    for (auto const & file :
+         {folder().write("a.png", png(64, 64, pixels)), folder().write("a.bmp", kit_bmp(64, 64, pixels))}) {
+        kitDib dib;
+        {
+            kitScarceMemory const scarce(100);
+            EXPECT_EQ(dib.load_bitmap_from_file(utString(file)), 0) << file;
+        }
+        EXPECT_EQ(dib.pixels(), nullptr);
+        EXPECT_EQ(dib.load_bitmap_from_file(utString(file)), 1) << file;
+    }
+}
+
+TEST_F(PictureFiles, OfTheBmpKindAreReadWithAPalette)
+{
+    kitDib dib;
+    // Two rows of three pixels, the lower one first, each filled up to four bytes.
+    for (auto const & [bits, rows] : {std::pair(1U, std::string("\xa0\0\0\0\x40\0\0\0", 8)),
+                                      {4U, std::string("\xf0\xf0\0\0\x0f\0\0\0", 8)},
+                                      {8U, std::string("\xff\0\xff\0\0\xff\0\0", 8)}}) {
+        auto const file = folder().write("palette.bmp", kit_bmp_header(3, 2, bits) + rows);
+        ASSERT_EQ(dib.load_bitmap_from_file(utString(file)), 1) << bits;
+        sglCOLORREF const white(0xFFFFFFFF), black(0xFF000000);
+        EXPECT_EQ(kit_pixels(dib), (kitPixels{white, black, white, black, white, black})) << bits;
+    }
+}
+
+TEST_F(PictureFiles, OfTheBmpKindAreReadFromRunsOfEqualPixels)
+{
+    // Three white ones, end of row, one black and two as they stand, end of picture.
+    std::string const runs("\3\xff\0\0\1\0\2\x80\0\1", 10);
+    kitDib dib;
+    auto const whole = kit_bmp_header(3, 2, 8, 1) + runs;
+    ASSERT_EQ(dib.load_bitmap_from_file(utString(folder().write("runs.bmp", whole))), 1);
+    sglCOLORREF const white(0xFFFFFFFF), black(0xFF000000), grey(0xFF808080);
+    EXPECT_EQ(kit_pixels(dib), (kitPixels{white, white, white, black, grey, grey}));
+    // Runs that go over the end of the picture do not go over that of its memory.
+    auto const over = kit_bmp_header(3, 2, 8, 1) + std::string("\xff\xff\xff\xff\xff\xff\0\1", 8);
+    Messages const messages;
+    kitDib other;
+    other.load_bitmap_from_file(utString(folder().write("over.bmp", over)));
+    EXPECT_EQ(messages.count(), 0);
 }

@@ -14,11 +14,15 @@ namespace {
 /// While this is set, each colour of the desktop is another one; those of a theme may look alike.
 bool every_colour_differs = false;
 
+/// While this is set, its highlight is white, its dark shadow black, and all else grey.
+bool desktop_of_black_and_white = false;
+
 class DibOnADisplay : public kitWindowTest {
 protected:
     void TearDown() override
     {
         every_colour_differs = false;
+        desktop_of_black_and_white = false;
         kitWindowTest::TearDown();
     }
 };
@@ -107,6 +111,10 @@ wxColour wxSystemSettingsNative::GetColour(wxSystemColour index)
     using Operation = wxColour(wxSystemColour);
     static auto * const own = reinterpret_cast<Operation *>(
         dlsym(RTLD_NEXT, "_ZN22wxSystemSettingsNative9GetColourE14wxSystemColour"));
+    if (desktop_of_black_and_white)
+        return index == wxSYS_COLOUR_BTNHIGHLIGHT ? *wxWHITE
+               : index == wxSYS_COLOUR_3DDKSHADOW ? *wxBLACK
+                                                  : wxColour(128, 128, 128);
     auto const number = static_cast<unsigned char>(index);
     return every_colour_differs ? wxColour(number, 2 * number, 3 * number) : own(index);
 }
@@ -287,6 +295,24 @@ TEST_F(DibOnADisplay, DrawsTheEdgesOfButtons)
     for (int const raised : {1, 7, -1})
         expect_frame(edge(raised), {{20, 15}, {21, 16}, {20, 15}, {21, 16}}, -2);
     expect_frame(edge(0), {{21, 16}, {20, 15}, {21, 16}, {20, 15}}, -2);
+}
+
+TEST_F(DibOnADisplay, KnowsARaisedEdgeOfAWhiteHighlightAndABlackShadow)
+{
+    desktop_of_black_and_white = true;
+    for (auto const & [width, height] : {std::pair(16, 16), {9, 5}, {4, 7}}) {
+        kitDib dib(width, height);
+        dib.fill(sglCOLORREF(0x00777777));
+        dib.draw_button_edge(1);
+        EXPECT_EQ(dib.has_button_edge(), 1) << width << " by " << height;
+        dib.draw_button_edge(0);
+        EXPECT_EQ(dib.has_button_edge(), 0) << "pressed";
+    }
+    desktop_of_black_and_white = false;
+    every_colour_differs = true;
+    kitDib other(16, 16);
+    other.draw_button_edge(1);
+    EXPECT_EQ(other.has_button_edge(), 0) << "in other colours";
 }
 
 TEST_F(DibOnADisplay, WritesTheRightSideOfARowAheadOfTheNext)

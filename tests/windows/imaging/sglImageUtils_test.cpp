@@ -2,6 +2,7 @@
 
 #include "source/imaging/kitDib.h"
 #include "source/imaging/kitPicture.h"
+#include "windows/kit/kitInstalledImages.h"
 #include "windows/kit/kitWindowTest.h"
 
 #include "sdb/sdbSchemaDir.h"
@@ -11,31 +12,16 @@
 
 namespace {
 
-/// Images of a test's own among those of the installation.
 class Images : public kitWindowTest {
 protected:
-    void TearDown() override
-    {
-        for (auto const & file : m_files)
-            std::filesystem::remove_all(file);
-        kitWindowTest::TearDown();
-    }
-    static std::string place() { return std::string(VMR_BUILD_TREE) + "/share/vmr/xrc/"; }
     utString install(std::string const & name, std::string const & content)
     {
-        m_files.push_back(place() + name);
-        std::ofstream(m_files.back(), std::ios::binary) << content;
-        return utString(name);
+        return m_images.install(name, content);
     }
-    utString install_folder(std::string const & name)
-    {
-        m_files.push_back(place() + name);
-        std::filesystem::create_directory(m_files.back());
-        return utString(name);
-    }
+    utString install_folder(std::string const & name) { return m_images.install_folder(name); }
 
 private:
-    std::vector<std::string> m_files;
+    kitInstalledImages m_images;
 };
 
 class Utils : public sglImageUtils {

@@ -3,8 +3,11 @@
 #include "sglDib.h"
 #include "sglImageUtils.h"
 #include "source/imaging/kitDib.h"
+#include "source/imaging/kitPicture.h"
+#include "windows/kit/kitInstalledImages.h"
 #include "windows/kit/kitWindowTest.h"
 
+#include <algorithm>
 #include <cstring>
 #include <wx/dcmemory.h>
 
@@ -58,20 +61,53 @@ protected:
     static wxBitmap & picture() { return sglSplashScreen::splash_screen()->GetSplashWindow()->GetBitmap(); }
 };
 
+wxBitmap white_bitmap()
+{
+    wxBitmap bitmap(200, 60);
+    wxMemoryDC dc(bitmap);
+    dc.SetBackground(*wxWHITE_BRUSH);
+    dc.Clear();
+    return bitmap;
+}
+
+kitPixels pixels_of(wxBitmap & bitmap)
+{
+    kitDib dib;
+    dib.set_bitmap(&bitmap);
+    return kit_pixels(dib);
+}
+
 /// A white bitmap after add_bitmap_text.
 kitPixels with_title(char const * title)
 {
     sglSplashScreen::EnableSplashScreen(title, 1, "splash.png");
-    wxBitmap bitmap(200, 60);
+    wxBitmap bitmap = white_bitmap();
+    Splash::add_bitmap_text(bitmap);
+    return pixels_of(bitmap);
+}
+
+/// A white bitmap with a text that is drawn here.
+kitPixels with_text(char const * text, int points, int weight, wxColour const & colour, int x, int y)
+{
+    wxBitmap bitmap = white_bitmap();
     {
         wxMemoryDC dc(bitmap);
-        dc.SetBackground(*wxWHITE_BRUSH);
-        dc.Clear();
+        dc.SetFont(wxFontInfo(points).Weight(weight));
+        dc.SetTextForeground(colour);
+        dc.DrawText(text, x, y);
     }
-    Splash::add_bitmap_text(bitmap);
-    kitDib dib;
-    dib.set_bitmap(&bitmap);
-    return kit_pixels(dib);
+    return pixels_of(bitmap);
+}
+
+/// The events of the toolkit's mouse group but those of entering and leaving.
+std::vector<wxEventType> const & mouse_events()
+{
+    static std::vector<wxEventType> const types = {
+        wxEVT_LEFT_DOWN,     wxEVT_LEFT_UP,     wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN,  wxEVT_MIDDLE_UP,
+        wxEVT_MIDDLE_DCLICK, wxEVT_RIGHT_DOWN,  wxEVT_RIGHT_UP,    wxEVT_RIGHT_DCLICK, wxEVT_AUX1_DOWN,
+        wxEVT_AUX1_UP,       wxEVT_AUX1_DCLICK, wxEVT_AUX2_DOWN,   wxEVT_AUX2_UP,      wxEVT_AUX2_DCLICK,
+        wxEVT_MOTION,        wxEVT_MOUSEWHEEL,  wxEVT_MAGNIFY};
+    return types;
 }
 
 std::vector<std::string> copyright_lines(char const * text)
@@ -210,24 +246,73 @@ TEST_F(SplashScreen, StaysWhenItComesUpUnderTheMouse)
     EXPECT_TRUE(window->IsShown());
 }
 
-TEST_F(SplashScreen, GoesAtAClickAndAtAKey)
+TEST_F(SplashScreen, GoesAtEveryEventOfTheMouseOnItsFrameAndOnItsPicture)
 {
-    for (int const kind : {0, 1, 2}) {
-        auto * const window = show();
-        auto * const inside = window->GetSplashWindow();
-        if (kind == 0) {
-            wxMouseEvent event(wxEVT_LEFT_DOWN);
-            inside->ProcessWindowEvent(event);
-        } else if (kind == 1) {
-            wxKeyEvent event(wxEVT_KEY_DOWN);
-            inside->ProcessWindowEvent(event);
-        } else {
-            wxMouseEvent event(wxEVT_MOUSEWHEEL);
-            window->ProcessWindowEvent(event);
+    ASSERT_EQ(mouse_events().size(), 18u);
+    for (wxEventType const type : mouse_events())
+        for (bool const on_picture : {false, true}) {
+            auto * const window = show();
+            wxMouseEvent event(type);
+            EXPECT_TRUE((on_picture ? window->GetSplashWindow() : static_cast<wxWindow *>(window))
+                            ->ProcessWindowEvent(event));
+            EXPECT_FALSE(window->IsShown()) << "event " << type << " " << on_picture;
+            expect_gone();
         }
-        EXPECT_FALSE(sglSplashScreen::splash_screen()->IsShown());
+}
+
+TEST_F(SplashScreen, GoesAtAKeyOnItsFrameAndOnItsPicture)
+{
+    for (bool const on_picture : {false, true}) {
+        auto * const window = show();
+        wxKeyEvent event(wxEVT_KEY_DOWN);
+        (on_picture ? window->GetSplashWindow() : static_cast<wxWindow *>(window))->ProcessWindowEvent(event);
+        EXPECT_FALSE(window->IsShown()) << on_picture;
         expect_gone();
     }
+}
+
+TEST_F(SplashScreen, WritesItsTitleInSixteenPointsBoldAtItsPlace)
+{
+    wxColour const red(153, 51, 51);
+    auto const title = with_title("Beta Release");
+    EXPECT_EQ(title, with_text("Beta Release", 16, 700, red, 3, 3));
+    // What would not be the same.
+    EXPECT_NE(title, with_text("Beta Release", 15, 700, red, 3, 3));
+    EXPECT_NE(title, with_text("Beta Release", 16, 400, red, 3, 3));
+    EXPECT_NE(title, with_text("Beta Release", 16, 700, red, 4, 3));
+    EXPECT_NE(title, with_text("Beta Release", 16, 700, wxColour(51, 51, 153), 3, 3));
+    EXPECT_NE(std::find(title.begin(), title.end(), sglCOLORREF::from_channels(153, 51, 51, 255)),
+              title.end())
+        << "nowhere is the colour whole";
+}
+
+TEST_F(SplashScreen, ShowsAPictureThatIsHalfTransparentOpaque)
+{
+    kitInstalledImages images;
+    kitPixels const half(40 * 30, sglCOLORREF(0x80102030));
+    sglSplashScreen::EnableSplashScreen("", 1, images.install("kit-half.png", kit_png(40, 30, half, true)));
+    ASSERT_TRUE(show());
+    EXPECT_FALSE(picture().HasAlpha());
+    EXPECT_EQ(pixels_of(picture()), kitPixels(40 * 30, sglCOLORREF(0xFF102030)));
+}
+
+TEST_F(SplashScreen, KnowsWhetherItsPictureCanBeRead)
+{
+    EXPECT_TRUE(sglSplashScreen::has_picture());
+    kitInstalledImages images;
+    auto const whole = kit_png(4, 3, kitPixels(12, sglCOLORREF(0xFF102030)), true);
+    std::string const damaged = whole.substr(0, whole.size() / 2);
+    for (utString const & name :
+         {utString("kit-missing.png"), images.install("kit-damaged.png", damaged),
+          images.install("kit-text.png", "no picture"), images.install("kit-empty.png", "")}) {
+        sglSplashScreen::EnableSplashScreen("", 1, name);
+        EXPECT_FALSE(sglSplashScreen::has_picture()) << name.view();
+    }
+    sglSplashScreen::EnableSplashScreen("", 1, images.install("kit-whole.png", whole));
+    EXPECT_TRUE(sglSplashScreen::has_picture());
+    EXPECT_TRUE(sglSplashScreen::has_picture());
+    ASSERT_TRUE(show());
+    EXPECT_EQ(picture().GetSize(), wxSize(4, 3));
 }
 
 TEST_F(SplashScreen, WritesItsTitleInDarkRedIntoTheUpperLeftCorner)

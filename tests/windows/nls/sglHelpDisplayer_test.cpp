@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr char const * no_help = "Couldn't find help files. Please check your installation";
+
 /// Writes down what the displayer asks of the toolkit.
 class RecordedHelp : public sglHelpDisplayer {
 public:
@@ -46,6 +48,12 @@ public:
     std::vector<std::string> asked;
     std::optional<utString> spoken = utString(); ///< nothing for the program's own
 };
+
+int answer_titled_like_the_program(wxDialog * dialog)
+{
+    EXPECT_EQ(dialog->GetTitle(), wxTheApp->GetAppDisplayName());
+    return wxID_OK;
+}
 
 /// Books of the tests' own.
 class Help : public kitWindowTest {
@@ -104,8 +112,7 @@ TEST_F(Help, ThatIsMissingIsToldAndNothingIsShown)
     boxes.expect_message(wxID_OK);
     help.show_help("a.htm");
     EXPECT_EQ(help.asked, std::vector<std::string>{});
-    std::string const text = "Couldn't find help files. Please check your installation";
-    EXPECT_EQ(boxes.said(), (std::vector<std::string>{text, text}));
+    EXPECT_EQ(boxes.said(), (std::vector<std::string>{no_help, no_help}));
     EXPECT_TRUE(boxes.styles()[0] & wxICON_EXCLAMATION);
 }
 
@@ -151,11 +158,42 @@ TEST_F(Help, OpensABookThatIsThereAgainAfterItCouldNotBeOpened)
 
 TEST_F(Help, DoesNotTakeADamagedBookForOneThatIsOpen)
 {
-    wxLogNull const silent;
     sglHelpDisplayer help(&app(), nullptr);
     std::ofstream(m_book) << "no archive";
+    kitModal const no_boxes;
     for (int time = 0; time < 2; ++time)
         EXPECT_FALSE(help.LoadFile(wxString::FromUTF8(m_book))) << time;
+    wxLog::FlushActive();
+}
+
+TEST_F(Help, OfADamagedBookIsToldLikeAMissingOneAndNothingIsShown)
+{
+    std::string const whole = kit_read_file(VMR_BUILD_TREE "/share/vmr/help/vmrdoc.htb");
+    ASSERT_GT(whole.size(), 10'000u);
+    auto * const frame = show_frame();
+    {
+        sglHelpDisplayer help(&app(), frame);
+        help.set_help_file(utString(m_name));
+        for (std::size_t const length : {0U, 100U, 5000U, static_cast<unsigned>(whole.size() - 30)}) {
+            std::ofstream(m_book, std::ios::binary) << whole.substr(0, length);
+            kitModal boxes;
+            for (bool const topic : {false, true}) {
+                boxes.expect(answer_titled_like_the_program);
+                topic ? help.show_help("source/formats/iges.htm") : help.show_help();
+                // What the toolkit has to say itself comes when nothing else is to be done.
+                wxLog::FlushActive();
+                settle();
+            }
+            EXPECT_EQ(boxes.said(), (std::vector<std::string>{no_help, no_help})) << length;
+            EXPECT_FALSE(help.GetHelpWindow()) << length;
+            EXPECT_EQ(wxTopLevelWindows.GetCount(), 1u) << length;
+        }
+        // Mended, it opens.
+        std::ofstream(m_book, std::ios::binary) << whole;
+        help.show_help();
+        EXPECT_TRUE(help.GetHelpWindow());
+    }
+    settle();
 }
 
 TEST_F(Help, PrefersTheBookInTheLanguageOfTheProgram)

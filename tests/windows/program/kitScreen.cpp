@@ -2,6 +2,7 @@
 
 #include "windows/kit/kitDisplay.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -55,6 +56,14 @@ struct kitScreen::Connection {
         auto const owner = window ? numbers(window, "_NET_WM_PID") : std::vector<long>();
         return !owner.empty() && owner[0] == process;
     }
+    std::vector<Window> of_process(pid_t process) const
+    {
+        std::vector<Window> windows;
+        for (long const window : numbers(root(), "_NET_CLIENT_LIST"))
+            if (belongs(static_cast<Window>(window), process))
+                windows.push_back(static_cast<Window>(window));
+        return windows;
+    }
 };
 
 namespace {
@@ -99,8 +108,17 @@ std::string kitScreen::active_title(pid_t process) const
 int kitScreen::windows(pid_t process) const
 {
     ErrorsIgnored const ignored;
+    return static_cast<int>(m_connection->of_process(process).size());
+}
+
+int kitScreen::windows_on_top(pid_t process) const
+{
+    ErrorsIgnored const ignored;
+    auto const above = static_cast<long>(m_connection->atom("_NET_WM_STATE_ABOVE"));
     int count = 0;
-    for (long const window : m_connection->numbers(m_connection->root(), "_NET_CLIENT_LIST"))
-        count += m_connection->belongs(static_cast<Window>(window), process);
+    for (Window const window : m_connection->of_process(process)) {
+        auto const states = m_connection->numbers(window, "_NET_WM_STATE");
+        count += std::find(states.begin(), states.end(), above) != states.end();
+    }
     return count;
 }

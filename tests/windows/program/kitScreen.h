@@ -17,6 +17,8 @@ public:
     std::string active_title(pid_t process) const;
     /// How many windows the process has on the display.
     int windows(pid_t process) const;
+    /// How many of them stay in front of all others.
+    int windows_on_top(pid_t process) const;
 
 private:
     struct Connection;

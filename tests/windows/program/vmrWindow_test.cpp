@@ -4,6 +4,7 @@
 #include "windows/kit/kitWindowTest.h"
 #include "windows/program/kitScreen.h"
 
+#include <chrono>
 #include <csignal>
 
 #include <gmock/gmock.h>
@@ -31,7 +32,7 @@ protected:
                          std::string const & title = main_title)
     {
         kitProgram program;
-        program.arguments = {VMR_PROGRAM};
+        program.arguments = {m_program};
         program.arguments.insert(program.arguments.end(), words.begin(), words.end());
         program.folder = folder().path().string();
         program.environment = {{"HOME", folder() / "home"},    {"PATH", "/usr/bin:/bin"},
@@ -40,7 +41,11 @@ protected:
                                {"GSETTINGS_BACKEND", "memory"}};
         program.meanwhile = [&](pid_t process) {
             m_process = process;
+            m_at_start();
             wait_for_title(title);
+            // It takes the first key for itself.
+            run_until([&] { return m_screen.windows_on_top(process) == 0; }, 20, "the end of the picture");
+            settle();
             script();
             // A window that is still there would keep the test waiting for ever.
             run_until([&] { return m_screen.windows(process) == 0; }, 30, "the end of the program");
@@ -83,6 +88,38 @@ protected:
         key(WXK_ESCAPE);
         wait_for_title(main_title);
     }
+    /// From now on runs a copy of the program, whose installation has this as the picture of the start.
+    void install_with_picture(std::string const & picture)
+    {
+        std::filesystem::path const build = VMR_BUILD_TREE, copy = folder() / "copy";
+        auto const link_all_but = [&](std::filesystem::path const & place, std::string const & name) {
+            std::filesystem::create_directories(copy / place);
+            for (auto const & entry : std::filesystem::directory_iterator(build / place))
+                if (entry.path().filename() != name)
+                    std::filesystem::create_symlink(entry.path(), copy / place / entry.path().filename());
+        };
+        link_all_but("share/vmr", "xrc");
+        link_all_but("share/vmr/xrc", "splash.png");
+        for (char const * const place : {"lib", "libexec"})
+            std::filesystem::create_symlink(build / place, copy / place);
+        folder().write("copy/share/vmr/xrc/splash.png", picture);
+        std::filesystem::create_directories(copy / "bin");
+        std::filesystem::copy_file(VMR_PROGRAM, copy / "bin/vmr");
+        m_program = copy / "bin/vmr";
+    }
+    /// Looks at the start of the program all the time, up to the main window or, where it comes, the picture.
+    bool sees_picture_at_start() const
+    {
+        auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (std::chrono::steady_clock::now() < deadline) {
+            if (m_screen.windows_on_top(m_process) > 0)
+                return true;
+            if (m_screen.active_title(m_process).starts_with(main_title))
+                return false;
+        }
+        ADD_FAILURE() << "no window came";
+        return false;
+    }
     std::string own(std::string const & name) const { return "home/.config/Quorvane/Crosswalk/" + name; }
     void quit() { key('Q', wxMOD_CONTROL); }
     static void expect_silent_good_end(kitProgramResult const & result)
@@ -96,6 +133,8 @@ protected:
     std::filesystem::path const samples = "/usr/share/opencascade/data";
     kitScreen m_screen;
     pid_t m_process = -1;
+    std::string m_program = VMR_PROGRAM;
+    std::function<void()> m_at_start = [] {};
 };
 
 } // namespace
@@ -164,4 +203,28 @@ TEST_F(ProgramWindow, ShowsTheUsageDataAndTheAboutBoxFromItsMenu)
         look_at_dialog('H', 'A', "About Crosswalk");
         quit();
     }));
+}
+
+TEST_F(ProgramWindow, ShowsItsPictureUntilTheMainWindowIsThere)
+{
+    bool seen = false;
+    m_at_start = [&] { seen = sees_picture_at_start(); };
+    expect_silent_good_end(run({}, [&] {
+        EXPECT_TRUE(seen);
+        EXPECT_EQ(m_screen.windows(m_process), 1) << "the picture is left";
+        quit();
+    }));
+}
+
+TEST_F(ProgramWindow, ShowsNoPictureWhenItIsDamaged)
+{
+    std::string const picture = kit_read_file(VMR_BUILD_TREE "/share/vmr/xrc/splash.png");
+    for (bool const damaged : {false, true}) {
+        install_with_picture(damaged ? picture.substr(0, 5000) : picture);
+        bool seen = false;
+        m_at_start = [&] { seen = sees_picture_at_start(); };
+        expect_silent_good_end(run({}, [&] { quit(); }));
+        EXPECT_EQ(seen, !damaged);
+        std::filesystem::remove_all(folder() / "copy");
+    }
 }
