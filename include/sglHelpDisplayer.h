@@ -39,6 +39,7 @@ protected:
 
 private:
     apPathName find_book() const;
+    wxString title_format() const;
     bool have_book();
     void choose_window();
     void remove_closed_dialog();

@@ -18,6 +18,7 @@
 #include <wx/html/htmlwin.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
+#include <wx/notebook.h>
 #include <wx/settings.h>
 #include <wx/splitter.h>
 #include <wx/treectrl.h>
@@ -35,6 +36,19 @@ void read_archives()
     static_cast<void>(once);
 }
 
+/// GTK complains of scroll bars in pages that have not got their size when the window comes up.
+void lay_out_pages(wxWindow & window)
+{
+    for (wxWindow * const child : window.GetChildren()) {
+        if (auto * const book = dynamic_cast<wxNotebook *>(child))
+            for (std::size_t page = 0; page < book->GetPageCount(); ++page) {
+                book->GetPage(page)->SetSize(book->GetClientSize());
+                book->GetPage(page)->Layout();
+            }
+        lay_out_pages(*child);
+    }
+}
+
 /// The toolkit's usual size has no room for the lines of a table or the titles of the contents.
 void make_roomy(wxTopLevelWindow & top, wxWindow & help)
 {
@@ -47,6 +61,7 @@ void make_roomy(wxTopLevelWindow & top, wxWindow & help)
     for (wxWindow * const child : help.GetChildren())
         if (auto * const splitter = dynamic_cast<wxSplitterWindow *>(child))
             splitter->SetSashPosition(top.FromDIP(contents));
+    lay_out_pages(help);
 }
 
 wxTreeCtrl * tree_of(wxWindow & window)
@@ -99,7 +114,12 @@ sglHelpDisplayer::sglHelpDisplayer(sglApp const * app, wxWindow * parent)
 {
     // Closing the main window ends the program even while help is open.
     SetShouldPreventAppExit(false);
-    SetTitleFormat(wxtStringConverter::to_wx(m_app->application_name_no_version()) + ": %s");
+    SetTitleFormat(title_format());
+}
+
+wxString sglHelpDisplayer::title_format() const
+{
+    return wxtStringConverter::to_wx(m_app->application_name_no_version()) + ": %s";
 }
 
 void sglHelpDisplayer::show_help()
@@ -147,6 +167,9 @@ wxWindow * sglHelpDisplayer::CreateHelpWindow()
 wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 {
     auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
+    // The toolkit gives only the frame a title after its format.
+    if (auto const & books = data->GetBookRecArray(); !books.empty())
+        dialog->SetTitle(wxString::Format(title_format(), books[0].GetTitle()));
     m_dialog = dialog;
     return dialog;
 }
