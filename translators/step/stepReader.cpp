@@ -79,7 +79,6 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     "again from the program that made it",
                     m_context.file()));
     }
-    m_schema = stepFile(file.text()).schema;
     sdk_report_load(reader.WS(), m_context);
     if (auto result = check_transformations(); !result) {
         return result;
@@ -87,9 +86,10 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     return range.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
-sdkResult stepReader::check_text(sdkInputFile const & file) const
+sdkResult stepReader::check_text(sdkInputFile & file)
 {
     stepFile const text(file.text());
+    m_schema = text.schema;
     auto const & name = m_context.file();
     if (!text.begins) {
         return sdkResult::read_error(sdkText(
@@ -102,9 +102,13 @@ sdkResult stepReader::check_text(sdkInputFile const & file) const
                     "copy it or export it again",
                     name, file.text().size()));
     }
+    // The parser does not know the mark.
+    file.skip(text.mark);
     if (!text.ends) {
         m_context.reporter().error(
             "step::%s lacks its last line, END-ISO-10303-21; all data before it is read", name);
+        // The parser wants the line, whole. The last section is closed again, as its end may be cut too.
+        file.replace_end(text.last_section_end, "ENDSEC;\nEND-ISO-10303-21;\n");
     }
     if (m_context.options().text("stepReadCodePage") == "UTF8" && !text.is_utf8) {
         m_context.reporter().error(

@@ -17,7 +17,7 @@ public:
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
 
 private:
-    sdkResult check_text(sdkInputFile const & file) const;
+    sdkResult check_text(sdkInputFile & file);
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
     void report_units();

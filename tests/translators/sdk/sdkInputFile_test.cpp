@@ -33,6 +33,34 @@ TEST(InputFile, GivesItsTextAndStreamsIt)
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), large);
 }
 
+TEST(InputFile, StreamsAnotherEndInPlaceOfItsOwn)
+{
+    kitTempFolder const folder;
+    for (std::size_t const kept : {std::size_t{0}, std::size_t{5}, std::size_t{1'000'000}, large.size()}) {
+        sdkInputFile file;
+        sdkText failure;
+        ASSERT_TRUE(file.open(folder.write("large", large), failure));
+        file.replace_end(kept, "the end");
+        std::istream stream(&file);
+        EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(stream), {}) ==
+                    large.substr(0, kept) + "the end");
+        EXPECT_EQ(stream.peek(), std::istream::traits_type::eof());
+        EXPECT_EQ(file.text().size(), large.size());
+    }
+}
+
+TEST(InputFile, StreamsWithoutItsFirstBytes)
+{
+    kitTempFolder const folder;
+    sdkInputFile file;
+    sdkText failure;
+    ASSERT_TRUE(file.open(folder.write("small", "123456"), failure));
+    file.skip(2);
+    std::istream stream(&file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "3456");
+    EXPECT_EQ(file.text(), "123456");
+}
+
 TEST(InputFile, AdvancesTheProgressToItsEnd)
 {
     kitTempFolder const folder;
