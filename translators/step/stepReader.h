@@ -20,6 +20,8 @@ private:
     sdkResult check_text(sdkInputFile & file);
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
+    void prepare_layers() const;
+    void report_losses() const;
     void report_units();
 
     sdkContext & m_context;

@@ -9,6 +9,7 @@
 
 using testing::ElementsAre;
 using testing::Pair;
+using testing::IsEmpty;
 using testing::SizeIs;
 
 class TableInstance : public testing::Test {
