@@ -76,8 +76,9 @@ sdkText problem_of(sdkResource const & resource, std::string const & text, std::
                        used);
     }
     if (low) {
-        return sdkText("host::The value %s of the option %s is less than the least one, %s; %s is used instead",
-                       text, resource.name, number_text(*resource.minimum), used);
+        return sdkText(
+            "host::The value %s of the option %s is less than the least one, %s; %s is used instead", text,
+            resource.name, number_text(*resource.minimum), used);
     }
     return sdkText(
         "host::The value %s of the option %s is greater than the greatest one, %s; %s is used instead", text,

@@ -201,10 +201,10 @@ void stepReader::report_losses() const
 {
     auto const losses = step_count_losses(m_reader->Reader().Model());
     if (losses.has_pmi()) {
-        m_context.reporter().output("step::Product and manufacturing information is not translated: %d dimensions, %d "
-                        "geometric tolerances, %d datums, %d annotations and %d views are lost",
-                        losses.dimensions, losses.tolerances, losses.datums, losses.annotations,
-                        losses.views);
+        m_context.reporter().output(
+            "step::Product and manufacturing information is not translated: %d dimensions, %d "
+            "geometric tolerances, %d datums, %d annotations and %d views are lost",
+            losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views);
     }
 }
 

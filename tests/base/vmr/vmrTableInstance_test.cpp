@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
-using testing::Pair;
 using testing::IsEmpty;
+using testing::Pair;
 using testing::SizeIs;
 
 class TableInstance : public testing::Test {

@@ -85,8 +85,9 @@ TEST(Options, NameTheLimitsAndTheValueInUse)
               "The value 11 of the option both is not between 1 and 10; 3 is used instead");
     EXPECT_EQ(problems[1].formatted(),
               "The value 1e-08 of the option least is less than the least one, 1e-07; 0.1 is used instead");
-    EXPECT_EQ(problems[2].formatted(),
-              "The value 0.75 of the option most is greater than the greatest one, 0.5; 0.25 is used instead");
+    EXPECT_EQ(
+        problems[2].formatted(),
+        "The value 0.75 of the option most is greater than the greatest one, 0.5; 0.25 is used instead");
     EXPECT_EQ(options.real("least"), 0.1);
 }
 

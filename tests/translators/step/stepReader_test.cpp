@@ -85,7 +85,8 @@ TEST_F(StepReader, ReadsAFileThatBeginsWithAByteOrderMarkOrAComment)
 {
     auto const text = cube_text();
     auto const cut = text.substr(0, text.find("END-ISO-10303-21;"));
-    for (auto const & written : {"\xEF\xBB\xBF" + text, "\xEF\xBB\xBF" + cut, " \r\n/* from afar */\n" + text}) {
+    for (auto const & written :
+         {"\xEF\xBB\xBF" + text, "\xEF\xBB\xBF" + cut, " \r\n/* from afar */\n" + text}) {
         sdkDocument document;
         EXPECT_TRUE(read(folder().write("marked.stp", written), document));
         EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
