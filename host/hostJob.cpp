@@ -18,6 +18,9 @@ void from_json(json const & value, hostFile & file)
     if (auto const options = value.find("options"); options != value.end()) {
         options->get_to(file.options);
     }
+    if (auto const refused = value.find("refused"); refused != value.end()) {
+        refused->get_to(file.refused);
+    }
 }
 
 // The first value of a text that other lines may follow.

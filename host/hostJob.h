@@ -12,6 +12,8 @@ struct hostFile {
     std::string module;
     std::string format;
     std::map<std::string, std::string> options;
+    // Values that the user gave and that are not legal; the options have others instead.
+    std::map<std::string, std::string> refused;
 };
 
 // The translation that the engine asks for.

@@ -92,6 +92,16 @@ sdkResult hostTranslation::translate()
     return write(document, scope.Next(write_transfer_share + write_share));
 }
 
+// Both sides may have the same wrong value of a general option.
+void hostTranslation::tell(std::vector<sdkText> const & problems)
+{
+    for (auto const & problem : problems) {
+        if (m_told.insert(problem.formatted()).second) {
+            m_reporter.message(sdkStream::error, problem);
+        }
+    }
+}
+
 sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
                                 Message_ProgressRange const & range)
 {
@@ -105,10 +115,8 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
         return sdkResult::read_error(failure);
     }
     std::vector<sdkText> problems;
-    sdkOptions const options(module->resources(), input.options, problems);
-    for (auto const & problem : problems) {
-        m_reporter.message(sdkStream::error, problem);
-    }
+    sdkOptions const options(module->resources(), input.options, problems, input.refused);
+    tell(problems);
     sdkContext context(options, m_reporter, input.file);
     auto const reader = module->make_reader(context);
     if (auto result = reader->parse(input.file, scope.Next(parse_share)); !result) {
@@ -130,10 +138,8 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
         return sdkResult::write_error(failure);
     }
     std::vector<sdkText> problems;
-    sdkOptions const options(module->resources(), m_job.output.options, problems);
-    for (auto const & problem : problems) {
-        m_reporter.message(sdkStream::error, problem);
-    }
+    sdkOptions const options(module->resources(), m_job.output.options, problems, m_job.output.refused);
+    tell(problems);
     sdkContext context(options, m_reporter, m_job.final_name);
     auto const writer = module->make_writer(context);
     if (auto result = writer->transfer(document, scope.Next(write_transfer_share)); !result) {

@@ -5,6 +5,10 @@
 
 #include "sdk/sdkModule.h"
 
+#include <set>
+#include <string>
+#include <vector>
+
 class hostReporter : public sdkReporter {
 public:
     explicit hostReporter(hostEvents & events) : m_events(events) {}
@@ -26,6 +30,7 @@ public:
 
 private:
     sdkResult translate();
+    void tell(std::vector<sdkText> const & problems);
     sdkResult read(hostFile const & input, sdkDocument & document, Message_ProgressRange const & range);
     sdkResult write(sdkDocument & document, Message_ProgressRange const & range);
 
@@ -33,6 +38,7 @@ private:
     hostEvents & m_events;
     std::atomic<bool> const & m_cancelled;
     hostReporter m_reporter;
+    std::set<std::string> m_told; // problems of options
     std::string m_file;
     bool m_writing = false;
     bool m_output_begun = false;

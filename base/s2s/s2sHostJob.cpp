@@ -34,12 +34,15 @@ std::string absolute(utString const & file)
 
 json side(s2sTranslatorElements const & elements)
 {
-    auto options = json::object();
-    if (elements.table())
-        options = values_for_host(*elements.table());
-    return {{"module", absolute(elements.translator())},
-            {"format", elements.format().str()},
-            {"options", std::move(options)}};
+    json side = {{"module", absolute(elements.translator())},
+                 {"format", elements.format().str()},
+                 {"options", json::object()}};
+    if (elements.table()) {
+        side["options"] = values_for_host(*elements.table());
+        if (auto const refused = elements.table()->refused_overrides(); !refused.empty())
+            side["refused"] = refused;
+    }
+    return side;
 }
 
 } // namespace

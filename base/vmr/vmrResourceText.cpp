@@ -76,6 +76,26 @@ std::string line_of(std::string_view name, std::string_view value)
     return escaped(name, true) + " = " + escaped(value, false) + "\n";
 }
 
+std::string range_text(vmrResourceDeclaration const & declaration)
+{
+    std::string text;
+    if (declaration.minimum)
+        text += ", from " + vmr_real_text(*declaration.minimum);
+    if (declaration.maximum)
+        text += (text.empty() ? ", up to " : " to ") + vmr_real_text(*declaration.maximum);
+    for (auto const & choice : declaration.choices)
+        text += (&choice == &declaration.choices.front() ? ": " : ", ") + escaped(choice, false);
+    return text;
+}
+
+/// What the resource takes, in brackets behind a blank; empty when anything.
+std::string range_in_brackets(std::string const & name)
+{
+    auto const declaration = vmr_look_up_resource(name);
+    auto const range = declaration ? range_text(*declaration) : std::string();
+    return range.empty() ? range : " (" + range.substr(2) + ")";
+}
+
 /// The problem with a line, empty when there is none.
 std::string read_line(std::string_view line, coResourceTable & table)
 {
@@ -90,19 +110,7 @@ std::string read_line(std::string_view line, coResourceTable & table)
         return "there is no name in front of \"=\"";
     auto const canonical = vmr_canonical_value(*name, *value);
     table.set_value(*name, canonical.value_or(*value));
-    return canonical ? "" : "\"" + *value + "\" is no legal value of " + *name;
-}
-
-std::string range_text(vmrResourceDeclaration const & declaration)
-{
-    std::string text;
-    if (declaration.minimum)
-        text += ", from " + vmr_real_text(*declaration.minimum);
-    if (declaration.maximum)
-        text += (text.empty() ? ", up to " : " to ") + vmr_real_text(*declaration.maximum);
-    for (auto const & choice : declaration.choices)
-        text += (&choice == &declaration.choices.front() ? ": " : ", ") + escaped(choice, false);
-    return text;
+    return canonical ? "" : "\"" + *value + "\" is no legal value of " + *name + range_in_brackets(*name);
 }
 
 } // namespace

@@ -57,7 +57,12 @@ int vmrTableInstance::add_resource(utString const & name, utString const & value
 
 void vmrTableInstance::add_as_it_stands(coResourceBase const & resource)
 {
-    set_override(resource.key->name, resource.value_text());
+    add_as_it_stands(resource.key->name, resource.value_text());
+}
+
+void vmrTableInstance::add_as_it_stands(utString const & name, utString const & value)
+{
+    set_override(name, value);
 }
 
 void vmrTableInstance::set_override(utString const & name, utString const & value)
@@ -135,4 +140,16 @@ std::map<std::string, std::string> vmrTableInstance::effective_values() const
         for (coResourceIterator it(table); ++it;)
             values.try_emplace(it()->key->name.str(), effective_value(it()->key->name).str());
     return values;
+}
+
+std::map<std::string, std::string> vmrTableInstance::refused_overrides() const
+{
+    std::map<std::string, std::string> refused;
+    for (coResourceIterator it(table()); ++it;) {
+        auto const & name = it()->key->name;
+        auto const value = it()->value_text();
+        if (!vmr_canonical_value(name.view(), value.view()))
+            refused.emplace(name.str(), value.str());
+    }
+    return refused;
 }

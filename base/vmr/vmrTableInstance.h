@@ -34,8 +34,10 @@ public:
     /// Puts an override into table(), in its neutral form; an invalid instance gets a table for it and stays
     /// invalid. Zero, changing nothing, when the resource is registered and the text is no legal value of it.
     int add_resource(utString const & name, utString const & value);
-    /// Copies a resource into table() without looking at its value.
+    /// Puts an override into table() without looking at its value. One that is not legal has no effect, but a
+    /// translation tells the user of it.
     void add_as_it_stands(coResourceBase const & resource);
+    void add_as_it_stands(utString const & name, utString const & value);
 
     int invalid() const { return !m_default_table; }
     int modified() const { return m_table && !m_table->empty(); } ///< whether there are overrides
@@ -62,6 +64,9 @@ public:
     /// The effective values of all resources of the two tables, as a translator takes them. One that is in
     /// neither table is absent here, which leaves it at its built-in default.
     std::map<std::string, std::string> effective_values() const;
+
+    /// The overrides that have no effect because their texts are no legal values: names to texts.
+    std::map<std::string, std::string> refused_overrides() const;
 
 private:
     void take_loaded_state(vmrTableInstance const & other);

@@ -18,6 +18,20 @@ void make_private(vmrTableInstance & table)
     table.deep_copy(copy);
 }
 
+/// Keeps a value that is not legal, so that the translation says what the option has instead and why. A legal
+/// one that was given before stays.
+void keep_refused(vmrTableInstance & table, utString const & name, utString const & value)
+{
+    if (vmr_look_up_resource(name.view()) && (!table.table() || table.table()->value(name).invalid()))
+        table.add_as_it_stands(name, value);
+}
+
+void add_or_keep(vmrTableInstance & table, utString const & name, utString const & value)
+{
+    if (!table.add_resource(name, value))
+        keep_refused(table, name, value);
+}
+
 } // namespace
 
 void sglParseCommandLine::get_resource_options(vmrTableInstance * table)
@@ -25,8 +39,10 @@ void sglParseCommandLine::get_resource_options(vmrTableInstance * table)
     utString name, value;
     while (extract_resource_option(name, value)) {
         sglResourceHandler const handler(name);
-        if (!handler.insert(value, *table))
+        if (!handler.insert(value, *table)) {
             say("cl::Unable to modify resource %s with value %s\n", name, value);
+            keep_refused(*table, name, value);
+        }
     }
     make_private(*table);
 }
@@ -87,9 +103,9 @@ int sglParseCommandLine::set_tri_tol_resources(vmrTableInstance & table) const
     utString tolerance, coarse;
     tolerance << m_tolerance;
     coarse << m_tolerance * 10.0;
-    table.add_resource("vmrTolTriangulate3d", tolerance);
-    table.add_resource("vmrTolPolygonizeCurve2d", tolerance);
-    table.add_resource("vmrTolPolygonizeCurve3d", tolerance);
-    table.add_resource("vmrTolCurveOnSurface3d", coarse);
+    add_or_keep(table, "vmrTolTriangulate3d", tolerance);
+    add_or_keep(table, "vmrTolPolygonizeCurve2d", tolerance);
+    add_or_keep(table, "vmrTolPolygonizeCurve3d", tolerance);
+    add_or_keep(table, "vmrTolCurveOnSurface3d", coarse);
     return 1;
 }

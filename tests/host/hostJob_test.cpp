@@ -5,7 +5,8 @@
 namespace {
 
 constexpr char const * whole = R"({"job": 1,
- "inputs": [{"file": "/a.step", "module": "/m/step.so", "format": "STEP", "options": {"x": "true"}}],
+ "inputs": [{"file": "/a.step", "module": "/m/step.so", "format": "STEP", "options": {"x": "true"},
+  "refused": {"y": "1e-08"}}],
  "output": {"file": "/s/b.igs", "final": "/b.igs", "module": "/m/iges.so", "format": "IGES"},
  "staging": "/s", "memory_limit": 12}
 )";
@@ -29,6 +30,8 @@ TEST(HostJob, ReadsAllFields)
     EXPECT_EQ(job.inputs[0].module, "/m/step.so");
     EXPECT_EQ(job.inputs[0].format, "STEP");
     EXPECT_EQ(job.inputs[0].options.at("x"), "true");
+    EXPECT_EQ(job.inputs[0].refused.at("y"), "1e-08");
+    EXPECT_TRUE(job.output.refused.empty());
     EXPECT_EQ(job.output.file, "/s/b.igs");
     EXPECT_TRUE(job.output.options.empty());
     EXPECT_EQ(job.final_name, "/b.igs");

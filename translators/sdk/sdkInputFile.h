@@ -26,6 +26,12 @@ public:
     // The whole content; valid until the file is destroyed.
     std::string_view text() const { return {m_begin, m_size}; }
 
+    // As a stream, but not in text(), the file has this text in place of all that follows its first bytes.
+    // Call it before the buffer is read from.
+    void replace_end(std::size_t bytes, std::string text);
+    // The stream, but not text(), begins behind so many bytes. Call it before the buffer is read from.
+    void skip(std::size_t bytes);
+
     // Call it before the buffer is read from, else nothing is advanced.
     void advance(Message_ProgressRange const & range);
     bool cancelled() const { return m_cancelled; }
@@ -37,6 +43,8 @@ private:
     char * m_begin = nullptr;
     std::size_t m_size = 0;
     std::size_t m_taken = 0;
+    std::size_t m_stream_size = 0; // of the bytes that come from the file
+    std::string m_end;             // what the stream has behind them
     std::optional<Message_ProgressScope> m_scope;
     bool m_cancelled = false;
 };

@@ -51,16 +51,45 @@ bool is_general(std::string const & name)
     return name.starts_with("vmrOpt") || name.starts_with("vmrTol");
 }
 
-bool in_range(sdkResource const & resource, double number)
+std::string number_text(double number)
 {
-    return (!resource.minimum || number >= *resource.minimum) &&
-           (!resource.maximum || number <= *resource.maximum);
+    char buffer[32];
+    return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
+}
+
+// Why the resource cannot have the text for its value, and what it has instead; empty when it can.
+sdkText problem_of(sdkResource const & resource, std::string const & text, std::string const & used)
+{
+    auto const number = number_of(resource, text);
+    if (!number) {
+        return sdkText("host::The value %s does not fit the option %s; %s is used instead", text,
+                       resource.name, used);
+    }
+    bool const low = resource.minimum && *number < *resource.minimum;
+    bool const high = resource.maximum && *number > *resource.maximum;
+    if (!low && !high) {
+        return {};
+    }
+    if (resource.minimum && resource.maximum) {
+        return sdkText("host::The value %s of the option %s is not between %s and %s; %s is used instead",
+                       text, resource.name, number_text(*resource.minimum), number_text(*resource.maximum),
+                       used);
+    }
+    if (low) {
+        return sdkText(
+            "host::The value %s of the option %s is less than the least one, %s; %s is used instead", text,
+            resource.name, number_text(*resource.minimum), used);
+    }
+    return sdkText(
+        "host::The value %s of the option %s is greater than the greatest one, %s; %s is used instead", text,
+        resource.name, number_text(*resource.maximum), used);
 }
 
 } // namespace
 
 sdkOptions::sdkOptions(std::vector<sdkResource> const & declared,
-                       std::map<std::string, std::string> const & values, std::vector<sdkText> & problems)
+                       std::map<std::string, std::string> const & values, std::vector<sdkText> & problems,
+                       std::map<std::string, std::string> const & refused)
 {
     for (auto const & resource : declared) {
         auto const number = number_of(resource, resource.default_value);
@@ -80,15 +109,18 @@ sdkOptions::sdkOptions(std::vector<sdkResource> const & declared,
                                   text);
             continue;
         }
-        auto const number = number_of(*resource, text);
-        if (!number) {
-            problems.emplace_back("host::The value %s does not fit the option %s; %s is used instead", text,
-                                  name, resource->default_value);
-        } else if (!in_range(*resource, *number)) {
-            problems.emplace_back("host::The value %s of the option %s is out of range; %s is used instead",
-                                  text, name, resource->default_value);
+        if (auto const problem = problem_of(*resource, text, resource->default_value); !problem.empty()) {
+            problems.push_back(problem);
         } else {
-            m_values[name] = Value{resource->type, text, *number};
+            m_values[name] = Value{resource->type, text, *number_of(*resource, text)};
+        }
+    }
+    for (auto const & resource : declared) {
+        if (auto const found = refused.find(resource.name); found != refused.end()) {
+            auto const problem = problem_of(resource, found->second, m_values[resource.name].text);
+            if (!problem.empty()) {
+                problems.push_back(problem);
+            }
         }
     }
 }

@@ -15,9 +15,10 @@
 class sdkOptions {
 public:
     // Values that are not declared, are not of their type or are out of range are left out; a text for each
-    // of them is appended to the problems.
+    // of them, which says what is used instead, is appended to the problems. So is one for each of the values
+    // that were refused before: they have no effect, but the user is to know.
     sdkOptions(std::vector<sdkResource> const & declared, std::map<std::string, std::string> const & values,
-               std::vector<sdkText> & problems);
+               std::vector<sdkText> & problems, std::map<std::string, std::string> const & refused = {});
 
     bool declares(std::string_view name) const;
     bool boolean(std::string_view name) const;

@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr std::string_view end_of_file = "END-ISO-10303-21";
+
 // A header that is longer than this would be a very odd one; no schema is looked for beyond.
 constexpr std::size_t header_size = 64 * 1024;
 
@@ -63,17 +65,18 @@ bool valid_utf8(std::string_view text)
 stepFile::stepFile(std::string_view text)
 {
     // Some exporters put a byte order mark before the text.
-    if (text.starts_with("\xEF\xBB\xBF")) {
-        text.remove_prefix(3);
-    }
+    mark = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    text.remove_prefix(mark);
     begins = without_space_and_comments(text).starts_with("ISO-10303-21");
-    auto const end = text.rfind("END-ISO-10303-21");
-    ends = end != std::string_view::npos;
+    auto const end = text.rfind(end_of_file);
+    ends = end != std::string_view::npos &&
+           without_space_and_comments(text.substr(end + end_of_file.size())).starts_with(';');
     auto const sections = text.substr(0, end);
     auto const data = sections.rfind("DATA");
     auto const section_end = sections.rfind("ENDSEC");
     sections_end =
         data != std::string_view::npos && section_end != std::string_view::npos && data < section_end;
+    last_section_end = sections_end ? mark + section_end : 0;
     schema = schema_in(text.substr(0, header_size));
     is_utf8 = valid_utf8(text);
 }

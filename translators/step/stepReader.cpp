@@ -6,6 +6,8 @@
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "step/stepFile.h"
+#include "step/stepLayers.h"
+#include "step/stepLosses.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -54,6 +56,9 @@ stepReader::stepReader(sdkContext & context) : m_context(context)
     m_reader->SetColorMode(options.boolean("stepReadColours"));
     m_reader->SetLayerMode(options.boolean("stepReadLayers"));
     m_reader->SetPropsMode(Standard_False);
+    // Why they are not taken stands with stepLosses.
+    m_reader->SetGDTMode(Standard_False);
+    m_reader->SetViewMode(Standard_False);
 }
 
 sdkResult stepReader::parse(std::string const & path, Message_ProgressRange const & range)
@@ -79,7 +84,6 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     "again from the program that made it",
                     m_context.file()));
     }
-    m_schema = stepFile(file.text()).schema;
     sdk_report_load(reader.WS(), m_context);
     if (auto result = check_transformations(); !result) {
         return result;
@@ -87,9 +91,10 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     return range.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
-sdkResult stepReader::check_text(sdkInputFile const & file) const
+sdkResult stepReader::check_text(sdkInputFile & file)
 {
     stepFile const text(file.text());
+    m_schema = text.schema;
     auto const & name = m_context.file();
     if (!text.begins) {
         return sdkResult::read_error(sdkText(
@@ -102,9 +107,13 @@ sdkResult stepReader::check_text(sdkInputFile const & file) const
                     "copy it or export it again",
                     name, file.text().size()));
     }
+    // The parser does not know the mark.
+    file.skip(text.mark);
     if (!text.ends) {
         m_context.reporter().error(
             "step::%s lacks its last line, END-ISO-10303-21; all data before it is read", name);
+        // The parser wants the line, whole. The last section is closed again, as its end may be cut too.
+        file.replace_end(text.last_section_end, "ENDSEC;\nEND-ISO-10303-21;\n");
     }
     if (m_context.options().text("stepReadCodePage") == "UTF8" && !text.is_utf8) {
         m_context.reporter().error(
@@ -121,6 +130,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (m_reader->NbRootsForTransfer() == 0) {
         return without_shapes();
     }
+    prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
@@ -136,6 +146,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return without_shapes();
     }
     report_units();
+    report_losses();
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),
@@ -174,6 +185,27 @@ sdkResult stepReader::without_shapes() const
         sdkText("step::%s has no shapes that can be read; its schema is %s, and it "
                 "has entities of kinds that are not known: %s. Export it with exact geometry",
                 m_context.file(), m_schema, unknown));
+}
+
+void stepReader::prepare_layers() const
+{
+    if (!m_context.options().boolean("stepReadLayers")) {
+        return;
+    }
+    if (auto const nameless = step_prepare_layers(m_reader->Reader().Model()); nameless > 1) {
+        m_context.reporter().output("step::%d layers without a name become one", nameless);
+    }
+}
+
+void stepReader::report_losses() const
+{
+    auto const losses = step_count_losses(m_reader->Reader().Model());
+    if (losses.has_pmi()) {
+        m_context.reporter().output(
+            "step::Product and manufacturing information is not translated: %d dimensions, %d "
+            "geometric tolerances, %d datums, %d annotations and %d views are lost",
+            losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views);
+    }
 }
 
 void stepReader::report_units()

@@ -17,9 +17,11 @@ public:
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
 
 private:
-    sdkResult check_text(sdkInputFile const & file) const;
+    sdkResult check_text(sdkInputFile & file);
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
+    void prepare_layers() const;
+    void report_losses() const;
     void report_units();
 
     sdkContext & m_context;

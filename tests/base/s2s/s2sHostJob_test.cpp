@@ -80,4 +80,19 @@ TEST(HostJob, SendsTheOverrideInPlaceOfTheValueOfTheFile)
     EXPECT_EQ(job["inputs"][0]["options"], (json{{"testTolerance", "2"}, {"testColour", "red"}}));
 }
 
+TEST(HostJob, SendsRefusedOverridesBesideTheValuesThatHold)
+{
+    kitTempFolder const folder;
+    vmrTableInstance options;
+    options.initialise(folder / "none.rsc");
+    options.default_table()->set_value("vmrTolTriangulate3d", "0.25");
+    options.add_as_it_stands("vmrTolTriangulate3d", "1e-08");
+    s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
+                                          {"/b", nullptr, "/b.so", nullptr, 0, "B"});
+    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0));
+    EXPECT_EQ(job["inputs"][0]["options"], (json{{"vmrTolTriangulate3d", "0.25"}}));
+    EXPECT_EQ(job["inputs"][0]["refused"], (json{{"vmrTolTriangulate3d", "1e-08"}}));
+    EXPECT_FALSE(job["output"].contains("refused"));
+}
+
 } // namespace

@@ -104,8 +104,11 @@ TEST_F(ResourceText, PassesOverBrokenEscapes)
 TEST_F(ResourceText, KeepsAnIllegalValueAndSaysWhere)
 {
     read("tstLevel = 77\n");
-    EXPECT_THAT(m_problems, ElementsAre("line 1: \"77\" is no legal value of tstLevel"));
+    EXPECT_THAT(m_problems, ElementsAre("line 1: \"77\" is no legal value of tstLevel (from 1 to 10)"));
     EXPECT_EQ(m_table.value("tstLevel"), utString("77"));
+    m_problems.clear();
+    read("tstHeal = perhaps\n");
+    EXPECT_THAT(m_problems, ElementsAre("line 1: \"perhaps\" is no legal value of tstHeal"));
 }
 
 TEST_F(ResourceText, HasNoResourcesWhenItIsEmpty)

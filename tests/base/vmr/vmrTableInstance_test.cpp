@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
 
@@ -63,6 +64,17 @@ TEST_F(TableInstance, GoesBackToItsFileWhenInitialisedWithItsOwnName)
     EXPECT_FALSE(instance.modified());
     EXPECT_EQ(instance.default_table()->value("tstHeal"), utString("false"));
     EXPECT_EQ(instance.resource_file(), utString(m_file));
+}
+
+TEST_F(TableInstance, NamesTheOverridesThatHaveNoEffect)
+{
+    vmrTableInstance instance(m_file.c_str());
+    auto const before = instance.effective_value("tstLevel");
+    instance.add_resource("tstHeal", "true");
+    EXPECT_THAT(instance.refused_overrides(), IsEmpty());
+    instance.add_as_it_stands("tstLevel", "much");
+    EXPECT_EQ(instance.effective_value("tstLevel"), before);
+    EXPECT_EQ(instance.refused_overrides(), (std::map<std::string, std::string>{{"tstLevel", "much"}}));
 }
 
 TEST_F(TableInstance, RecordsAFileNameWithoutReading)

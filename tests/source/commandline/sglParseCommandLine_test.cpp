@@ -156,6 +156,18 @@ TEST_F(CommandLine, PutsTheToleranceIntoBothTables)
     EXPECT_EQ(output_value("vmrTolCurveOnSurface3d"), utString("2.5"));
 }
 
+TEST_F(CommandLine, KeepsAToleranceBelowTheLeastForTheTranslationToTell)
+{
+    EXPECT_EQ(parse("IN -tol 1e-8 -t BETA -o OUT"), 1);
+    settle();
+    for (auto const * table :
+         {&parser->translation().input_resource_table(0), &parser->translation().output_resource_table(0)}) {
+        EXPECT_EQ(table->refused_overrides().at("vmrTolTriangulate3d"), "1e-08");
+        EXPECT_EQ(table->effective_value("vmrTolTriangulate3d"),
+                  vmrTableInstance().effective_value("vmrTolTriangulate3d"));
+    }
+}
+
 TEST_F(CommandLine, TakesAnyWordInThePlaceOfTranslate)
 {
     EXPECT_EQ(parse("IN anything BETA -o OUT"), 1);

@@ -42,6 +42,32 @@ TEST_F(InputFile, GivesItsTextAndStreamsIt)
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), large);
 }
 
+TEST_F(InputFile, StreamsAnotherEndInPlaceOfItsOwn)
+{
+    for (std::size_t const kept : {std::size_t{0}, std::size_t{5}, std::size_t{1'000'000}, large.size()}) {
+        sdkInputFile cut;
+        sdkText failure;
+        ASSERT_TRUE(cut.open(folder / "large", failure));
+        cut.replace_end(kept, "the end");
+        std::istream stream(&cut);
+        EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(stream), {}) ==
+                    large.substr(0, kept) + "the end");
+        EXPECT_EQ(stream.peek(), std::istream::traits_type::eof());
+        EXPECT_EQ(cut.text().size(), large.size());
+    }
+}
+
+TEST_F(InputFile, StreamsWithoutItsFirstBytes)
+{
+    sdkInputFile small;
+    sdkText failure;
+    ASSERT_TRUE(small.open(folder.write("small", "123456"), failure));
+    small.skip(2);
+    std::istream stream(&small);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "3456");
+    EXPECT_EQ(small.text(), "123456");
+}
+
 TEST_F(InputFile, AdvancesTheProgressToItsEnd)
 {
     {

@@ -71,6 +71,36 @@ TEST(Options, ReportValuesThatDoNotFitAndKeepTheDefault)
     }
 }
 
+TEST(Options, NameTheLimitsAndTheValueInUse)
+{
+    std::vector<sdkResource> const bounded{
+        {"both", sdkResourceType::integer, {}, 1.0, 10.0, "3"},
+        {"least", sdkResourceType::real, {}, 1e-7, {}, "0.1"},
+        {"most", sdkResourceType::real, {}, {}, 0.5, "0.25"},
+    };
+    std::vector<sdkText> problems;
+    sdkOptions const options(bounded, {{"both", "11"}, {"least", "1e-08"}, {"most", "0.75"}}, problems);
+    ASSERT_EQ(problems.size(), 3U);
+    EXPECT_EQ(problems[0].formatted(),
+              "The value 11 of the option both is not between 1 and 10; 3 is used instead");
+    EXPECT_EQ(problems[1].formatted(),
+              "The value 1e-08 of the option least is less than the least one, 1e-07; 0.1 is used instead");
+    EXPECT_EQ(
+        problems[2].formatted(),
+        "The value 0.75 of the option most is greater than the greatest one, 0.5; 0.25 is used instead");
+    EXPECT_EQ(options.real("least"), 0.1);
+}
+
+TEST(Options, TellOfRefusedValuesAndKeepThoseInUse)
+{
+    std::vector<sdkText> problems;
+    sdkOptions const options(declared, {{"count", "5"}}, problems, {{"count", "99"}, {"other", "1"}});
+    EXPECT_EQ(options.integer("count"), 5);
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(problems[0].formatted(),
+              "The value 99 of the option count is not between 1 and 10; 5 is used instead");
+}
+
 TEST(Options, ReportOptionsThatAreNotDeclared)
 {
     std::vector<sdkText> problems;

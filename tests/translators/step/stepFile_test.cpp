@@ -46,6 +46,23 @@ TEST(StepFile, ToleratesAMissingLastLine)
     EXPECT_FALSE(file.ends);
 }
 
+TEST(StepFile, SaysWhereTheLastSectionEnds)
+{
+    std::string const text(whole);
+    auto const cut = text.substr(0, text.find("END-ISO"));
+    EXPECT_EQ(stepFile(cut).last_section_end, cut.rfind("ENDSEC"));
+    EXPECT_EQ(stepFile("\xEF\xBB\xBF" + cut).last_section_end, cut.rfind("ENDSEC") + 3);
+    EXPECT_EQ(stepFile(text.substr(0, text.find("#1=A"))).last_section_end, 0U);
+}
+
+TEST(StepFile, WantsTheLastLineWhole)
+{
+    std::string const text(whole);
+    auto const semicolon = text.rfind(';');
+    EXPECT_FALSE(stepFile(text.substr(0, semicolon)).ends);
+    EXPECT_TRUE(stepFile(text.substr(0, semicolon) + " /* the end */\n;").ends);
+}
+
 TEST(StepFile, JoinsTheNamesOfSeveralSchemas)
 {
     EXPECT_EQ(stepFile("ISO-10303-21;HEADER;FILE_SCHEMA(('AP214','IFC4'));ENDSEC;").schema, "AP214, IFC4");

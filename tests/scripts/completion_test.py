@@ -1,0 +1,38 @@
+"""Asks the program of the first argument, which knows the grammar of command lines, what may come next."""
+import subprocess
+import sys
+import unittest
+
+PROGRAM = sys.argv[1]
+del sys.argv[1]
+
+
+def after(line):
+    return subprocess.run([PROGRAM, *line.split()], capture_output=True, text=True, check=True).stdout.splitlines()
+
+
+def options_after(line):
+    return {row.split()[1].split(":")[0] for row in after(line) if ":" in row}
+
+
+class Completion(unittest.TestCase):
+    def test_input_options_are_those_with_an_effect_on_reading(self):
+        self.assertEqual(options_after("a.stl -t STEP -res_opt"),
+                         {"stlReadMergeTolerance", "stlReadUnit", "vmrOptProcessSurfaces", "vmrOptProcessWireframe"})
+        self.assertIn("stepReadNames", options_after("a.step -t STEP -res_opt"))
+        self.assertNotIn("vmrTolCurveOnSurface3d", options_after("a.step -t STEP -res_opt"))
+        self.assertIn("vmrTolCurveOnSurface3d", options_after("a.brep -t STEP -res_opt"))
+
+    def test_output_options_are_those_of_the_output(self):
+        offered = options_after("a.step -t STL -o b.stl -res_opt")
+        self.assertLessEqual({"stlAngularDeflection", "vmrOptOutputUnits", "vmrTolTriangulate3d"}, offered)
+        self.assertFalse([name for name in offered if "Read" in name or name.startswith("step")])
+
+    def test_resource_file_of_the_output_comes_directly_behind_it(self):
+        self.assertIn("word stl.rsc", after("a.step -t STL -o b.stl -r"))
+        self.assertNotIn("word stl.rsc", after("a.step -t STL -o b.stl -w -r"))
+        self.assertNotIn("files rsc", after("a.step -t STL -o b.stl -w -r"))
+
+
+if __name__ == "__main__":
+    unittest.main()

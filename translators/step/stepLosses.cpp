@@ -1,0 +1,41 @@
+#include "step/stepLosses.h"
+
+#include <Interface_InterfaceModel.hxx>
+#include <StepDimTol_Datum.hxx>
+#include <StepDimTol_GeometricTolerance.hxx>
+#include <StepShape_DimensionalLocation.hxx>
+#include <StepShape_DimensionalSize.hxx>
+#include <StepVisual_AnnotationOccurrence.hxx>
+#include <StepVisual_AnnotationPlane.hxx>
+#include <StepVisual_CameraModelD3.hxx>
+#include <StepVisual_TessellatedAnnotationOccurrence.hxx>
+
+namespace {
+
+bool is_annotation(Standard_Transient const & entity)
+{
+    // A plane only says where annotations lie.
+    return entity.IsKind(STANDARD_TYPE(StepVisual_TessellatedAnnotationOccurrence)) ||
+           (entity.IsKind(STANDARD_TYPE(StepVisual_AnnotationOccurrence)) &&
+            !entity.IsKind(STANDARD_TYPE(StepVisual_AnnotationPlane)));
+}
+
+} // namespace
+
+stepLosses step_count_losses(Handle(Interface_InterfaceModel) const & model)
+{
+    stepLosses losses;
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        auto const & entity = model->Value(number);
+        auto const count = [&](Handle(Standard_Type) const & kind, std::int64_t & counter) {
+            counter += entity->IsKind(kind) ? 1 : 0;
+        };
+        count(STANDARD_TYPE(StepShape_DimensionalSize), losses.dimensions);
+        count(STANDARD_TYPE(StepShape_DimensionalLocation), losses.dimensions);
+        count(STANDARD_TYPE(StepDimTol_GeometricTolerance), losses.tolerances);
+        count(STANDARD_TYPE(StepDimTol_Datum), losses.datums);
+        count(STANDARD_TYPE(StepVisual_CameraModelD3), losses.views);
+        losses.annotations += is_annotation(*entity) ? 1 : 0;
+    }
+    return losses;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <Standard_Handle.hxx>
+
+#include <cstdint>
+
+class Interface_InterfaceModel;
+
+// What a STEP file has that no document takes. Dimensions and tolerances that are attached to the model are
+// not taken even where Open CASCADE reads them: it gives geometric tolerances the value 0 and leaves
+// dimensions in the unit of the file, and wrong ones are worse than none.
+struct stepLosses {
+    std::int64_t dimensions = 0;
+    std::int64_t tolerances = 0; // geometric ones; those of a dimension belong to it
+    std::int64_t datums = 0;
+    std::int64_t annotations = 0; // drawn ones, among them those that show the three others
+    std::int64_t views = 0;
+
+    bool has_pmi() const { return dimensions + tolerances + datums + annotations + views > 0; }
+};
+
+stepLosses step_count_losses(Handle(Interface_InterfaceModel) const & model);
