@@ -28,6 +28,7 @@ sglApp::sglApp(utString const & build_date, utString const & version, utString c
       m_translator_loader(m_platform.library_loader_operations()),
       m_directories(m_platform.process_environment_operations()), m_copyright_text(copyright_text)
 {
+    sgl_keep_toolkit_assertions_from_user();
 }
 
 sglApp::~sglApp()
@@ -83,8 +84,7 @@ void sglApp::pre_splash_screen_init()
     set_product_info();
     read_start_up_info();
     SetVendorName(wxtStringConverter::to_wx(common_company_name()));
-    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(),
-                                  wxString(), wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
+    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()));
     delete wxConfigBase::Set(m_config);
 }
 
