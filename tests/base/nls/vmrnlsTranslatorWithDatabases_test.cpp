@@ -172,6 +172,15 @@ TEST_F(Translator, PassesOverACatalogueOfABoundlessSize)
     EXPECT_EQ(after.translate("sample", "menu::Open"), utString("Open"));
 }
 
+TEST_F(Translator, TakesFoldersWhoseNamesHoldTheSeparatorOfAList)
+{
+    kitTempFolder const folder;
+    folder.write("a:b/de/LC_MESSAGES/sample.mo",
+                 kit_read_file(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/sample.mo"));
+    vmrnlsTranslatorWithDatabases const of_folders(std::vector<std::string>{folder / "none", folder / "a:b"});
+    EXPECT_EQ(of_folders.translate("sample", "menu::Open"), utString("Öffnen"));
+}
+
 TEST_F(Translator, WorksWithoutAnyFolder)
 {
     vmrnlsTranslatorWithDatabases const homeless("");
