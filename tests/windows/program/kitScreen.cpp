@@ -1,5 +1,7 @@
 #include "windows/program/kitScreen.h"
 
+#include "windows/kit/kitDisplay.h"
+
 #include <stdexcept>
 #include <vector>
 
@@ -7,7 +9,13 @@
 #include <X11/Xlib.h>
 
 struct kitScreen::Connection {
-    Display * display = XOpenDisplay(nullptr);
+    Connection()
+    {
+        kit_have_display();
+        display = XOpenDisplay(nullptr);
+    }
+
+    Display * display = nullptr;
 
     Atom atom(char const * name) const { return XInternAtom(display, name, False); }
     Window root() const { return DefaultRootWindow(display); }
@@ -82,6 +90,20 @@ std::string kitScreen::active_title(pid_t process) const
     ErrorsIgnored const ignored;
     Window const window = m_connection->active();
     return m_connection->belongs(window, process) ? m_connection->property(window, "_NET_WM_NAME") : "";
+}
+
+wxRect kitScreen::active_place(pid_t process) const
+{
+    ErrorsIgnored const ignored;
+    Window const window = m_connection->active();
+    XWindowAttributes at{};
+    int x = 0, y = 0;
+    Window child = None;
+    if (!m_connection->belongs(window, process) ||
+        !XGetWindowAttributes(m_connection->display, window, &at) ||
+        !XTranslateCoordinates(m_connection->display, window, m_connection->root(), 0, 0, &x, &y, &child))
+        return {};
+    return {x, y, at.width, at.height};
 }
 
 int kitScreen::windows(pid_t process) const
