@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "nls/vmrnlsDisplayer.h"
 #include "nls/vmrnlsFormatter.h"
@@ -32,7 +34,12 @@ public:
 
     void set_main_language(utString const & language); ///< messages and toolkit
     void set_nls_language(utString const & language);  ///< messages; remakes translator and formatter
-    void set_wx_language();                            ///< the toolkit, after the language of the messages
+
+    /// The language of the toolkit's own texts, after that of the messages: theirs, or theirs without its
+    /// country, or "English", the first that the toolkit and the machine have. Without a display no text of
+    /// the toolkit is ever shown, and the language is "English" without an attempt, for each takes longer
+    /// than the rest of a start.
+    void set_wx_language();
 
     /// Cuts the country off a language name such as en_GB or pt-br. Returns 0, changing nothing, when there
     /// is none.
@@ -73,7 +80,7 @@ protected:
     void check_not_translating(char const *) const {}
 
 private:
-    utString find_language(utString const & language) const;
+    std::vector<std::string> language_folders() const;
 
     /// Deletes a toolkit locale without the toolkit putting back the C library's locale of the time before
     /// it.

@@ -1,5 +1,8 @@
 #include "nls/nlsDomainManager.h"
 
+#include "nls/nls_find_language.h"
+
+#include <algorithm>
 #include <atomic>
 #include <clocale>
 #include <cstdlib>
@@ -17,6 +20,7 @@ struct State {
     utString language;
     std::atomic<unsigned> generation = 1;
     std::unique_ptr<nlsApplicationSettings> settings;
+    std::vector<std::string> folders;
 };
 
 State & state()
@@ -32,7 +36,13 @@ std::string_view environment(char const * name)
     return value ? value : "";
 }
 
-nlsLanguage language_of_environment()
+/// A language that the user asks for, and what the_env_type is for it.
+struct Wish {
+    nlsLanguage language;
+    int type;
+};
+
+void add_wishes_of_environment(std::vector<Wish> & wishes)
 {
     std::string_view locale;
     for (char const * name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -42,25 +52,50 @@ nlsLanguage language_of_environment()
     }
     // Who asks for the "C" locale wants plain texts, whatever LANGUAGE says; gettext decides likewise.
     if (locale == "C" || locale == "POSIX")
-        return {};
+        return;
     auto list = environment("LANGUAGE");
-    list = list.substr(0, list.find(':'));
-    return nlsLanguage(utString(list.empty() ? locale : list));
+    if (list.empty())
+        list = locale;
+    while (!list.empty()) {
+        auto const end = std::min(list.find(':'), list.size());
+        wishes.push_back({nlsLanguage(utString(list.substr(0, end))), 2});
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+}
+
+std::vector<Wish> wishes_of_user()
+{
+    std::vector<Wish> wishes;
+    nlsLanguage chosen;
+    auto const settings = nlsDomainManager::application_settings();
+    if (settings && settings->get_display_language(chosen).ok())
+        wishes.push_back({chosen, 1});
+    add_wishes_of_environment(wishes);
+    std::erase_if(wishes, [](Wish const & wish) { return wish.language.empty(); });
+    return wishes;
+}
+
+/// English needs no files: it is what the program says without any.
+bool can_be_had(nlsLanguage const & language)
+{
+    auto const & folders = state().folders;
+    return folders.empty() || language.code() == utString("en") ||
+           !nls_find_language(folders, language.name().view()).empty() ||
+           !nls_find_language(folders, language.code().view()).empty();
 }
 
 nlsLanguage start_up_language()
 {
-    nlsLanguage chosen;
-    auto const settings = nlsDomainManager::application_settings();
-    if (settings && settings->get_display_language(chosen).ok() && !chosen.empty()) {
-        nlsDomainManager::the_env_type = 1;
-    } else {
-        chosen = language_of_environment();
-        nlsDomainManager::the_env_type = chosen.empty() ? 0 : 2;
-    }
-    nlsDomainManager::the_env_language = chosen.name();
-    nlsDomainManager::the_regional_settings_flag = nlsDomainManager::the_env_type != 0;
-    return chosen;
+    auto const wishes = wishes_of_user();
+    auto best = std::find_if(wishes.begin(), wishes.end(),
+                             [](Wish const & wish) { return can_be_had(wish.language); });
+    if (best == wishes.end())
+        best = wishes.begin();
+    Wish const found = wishes.empty() ? Wish{nlsLanguage(), 0} : *best;
+    nlsDomainManager::the_env_type = found.type;
+    nlsDomainManager::the_env_language = found.language.name();
+    nlsDomainManager::the_regional_settings_flag = found.type != 0;
+    return found.language;
 }
 
 nlsLanguage fall_back_language()
@@ -80,6 +115,11 @@ void nlsDomainManager::set_application_settings(std::unique_ptr<nlsApplicationSe
 nlsApplicationSettings * nlsDomainManager::application_settings()
 {
     return state().settings.get();
+}
+
+void nlsDomainManager::language_folders(std::vector<std::string> folders)
+{
+    state().folders = std::move(folders);
 }
 
 void nlsDomainManager::language(utString const & name)

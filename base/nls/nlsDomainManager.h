@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "nls/nlsApplicationSettings.h"
 #include "nls/nlsLang.h"
@@ -14,14 +16,20 @@ public:
     static void set_application_settings(std::unique_ptr<nlsApplicationSettings> settings);
     static nlsApplicationSettings * application_settings(); ///< null while none were given
 
+    /// Where the files of the languages lie, for env_language. While none were given, every language counts
+    /// as one that has files.
+    static void language_folders(std::vector<std::string> folders);
+
     static void language(utString const & name); ///< puts a language in force
     static utString language();
     /// A number that changes with every language put in force, so that a reader knows when its texts are
     /// stale.
     static unsigned language_generation();
 
-    /// `nlsLangStartUp`: the stored choice or, without one, the first language of LANGUAGE, LC_ALL,
-    /// LC_MESSAGES and LANG that is set; empty for none. `nlsLangFallBack`: the language in force (before
+    /// `nlsLangStartUp`: the first of the languages that the user asks for, best first, that is English or
+    /// has files, perhaps without its country; where there is none of them, the first; empty for none. The
+    /// user asks for the stored choice, then for what LANGUAGE lists or, where that is not set, for the first
+    /// of LC_ALL, LC_MESSAGES and LANG that is. `nlsLangFallBack`: the language in force (before
     /// there is one, the start-up language) without its country; empty when it has none. Sets the three
     /// variables below for the start-up one.
     static nlsLanguage env_language(nlsLang which);

@@ -13,6 +13,11 @@ vmrnlsTranslatorWithDatabases::vmrnlsTranslatorWithDatabases(utString const & se
         m_folders.push_back(folder.str());
 }
 
+vmrnlsTranslatorWithDatabases::vmrnlsTranslatorWithDatabases(std::vector<std::string> folders)
+    : m_folders(std::move(folders))
+{
+}
+
 vmrnlsTranslatorWithDatabases::~vmrnlsTranslatorWithDatabases() = default;
 
 std::shared_ptr<nlsCatalogues> vmrnlsTranslatorWithDatabases::current_catalogues() const

@@ -18,6 +18,8 @@ class nlsCatalogues;
 class vmrnlsTranslatorWithDatabases : public vmrnlsTranslator {
 public:
     explicit vmrnlsTranslatorWithDatabases(utString const & search_path); ///< folders, separated by ":"
+    explicit vmrnlsTranslatorWithDatabases(
+        std::vector<std::string> folders); ///< which may have a ":" in them
     ~vmrnlsTranslatorWithDatabases() override;
 
     utString translate(char const * domain, char const * key) const override;

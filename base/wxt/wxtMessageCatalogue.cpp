@@ -1,11 +1,10 @@
 #include "wxt/wxtMessageCatalogue.h"
 
+#include "ap/apPosixOperations.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <cstdint>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <wx/log.h>
 #include <wx/translation.h>
 
@@ -16,11 +15,8 @@ namespace {
 char const domain[] = "texts";
 char const language[] = "de";
 
-std::string contents(std::string const & name)
-{
-    std::ifstream file(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
+/// Far more than all texts of a program; the toolkit reads a catalogue as a whole.
+constexpr std::size_t most_bytes = 16 * 1024 * 1024;
 
 /// Whether the tables of a catalogue point at texts inside of it; the toolkit follows them unseen. The format
 /// is the one of the manual of GNU gettext, "The Format of GNU MO Files", in the byte order of this machine.
@@ -75,8 +71,9 @@ wxtMessageCatalogue::~wxtMessageCatalogue() = default;
 
 std::unique_ptr<wxtMessageCatalogue> wxtMessageCatalogue::open(std::string const & file)
 {
-    std::string const content = contents(file);
-    if (!is_sound(content))
+    std::string content;
+    if (!apPosixFileOperations().read_file(apPathName::from_utf8(file), content, most_bytes) ||
+        !is_sound(content))
         return nullptr;
     wxLogNull const quiet;
     auto texts = std::make_unique<wxTranslations>();

@@ -11,7 +11,7 @@ class wxTranslations;
 /// here has in memory anyway. After opening any thread may look up.
 class wxtMessageCatalogue {
 public:
-    /// Null when there is no such file or it is no catalogue; nothing is reported.
+    /// Null when there is no such file, it is no catalogue or it has more than 16 MB; nothing is reported.
     static std::unique_ptr<wxtMessageCatalogue> open(std::string const & file);
     ~wxtMessageCatalogue();
 

@@ -28,6 +28,7 @@ sglApp::sglApp(utString const & build_date, utString const & version, utString c
       m_translator_loader(m_platform.library_loader_operations()),
       m_directories(m_platform.process_environment_operations()), m_copyright_text(copyright_text)
 {
+    sgl_keep_toolkit_assertions_from_user();
 }
 
 sglApp::~sglApp()
@@ -85,8 +86,7 @@ void sglApp::pre_splash_screen_init()
     SetVendorName(wxtStringConverter::to_wx(common_company_name()));
     // The boxes of the toolkit have it in their titles.
     SetAppDisplayName(wxtStringConverter::to_wx(application_name_no_version()));
-    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()), wxString(),
-                                  wxString(), wxString(), wxCONFIG_USE_LOCAL_FILE | wxCONFIG_USE_GLOBAL_FILE);
+    m_config = new sglConfigStore(wxtStringConverter::to_wx(application_name_no_version()));
     delete wxConfigBase::Set(m_config);
 }
 

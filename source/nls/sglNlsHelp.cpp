@@ -4,6 +4,7 @@
 
 #include "nls/nlsDomainManager.h"
 #include "nls/nlsUtils.h"
+#include "nls/nls_find_language.h"
 #include "nls/vmrnlsConnector.h"
 #include "nls/vmrnlsFormatterSimple.h"
 #include "nls/vmrnlsLocaleNumbers.h"
@@ -65,6 +66,7 @@ sglNlsHelp * getNlsHelp()
 void sglNlsHelp::locale_dir(sdbSearchPath path)
 {
     m_locale_path = std::move(path);
+    nlsDomainManager::language_folders(language_folders());
     utString const language = nlsDomainManager::env_language(nlsLangStartUp).name();
     if (!language.empty())
         set_nls_language(language);
@@ -76,43 +78,32 @@ void sglNlsHelp::set_main_language(utString const & language)
     set_wx_language();
 }
 
-utString sglNlsHelp::find_language(utString const & language) const
+std::vector<std::string> sglNlsHelp::language_folders() const
 {
-    if (language.empty())
-        return utString::make_invalid();
-    utString rest = m_locale_path.ut_path_string(sglApp::app().application_information()->ut_encoding());
-    utString directory;
-    while (rest.extract_string(":", directory)) {
-        auto const path = std::filesystem::path(directory.str()) / language.str();
-        std::error_code error;
-        if (std::filesystem::exists(path, error))
-            return path.string();
-    }
-    return utString::make_invalid();
+    std::vector<std::string> folders;
+    for (auto const & directory : m_locale_path.directories())
+        folders.push_back(directory.utf8());
+    return folders;
 }
 
 void sglNlsHelp::set_nls_language(utString const & language)
 {
-    auto const * const encoding = sglApp::app().application_information()->ut_encoding();
-    m_translator = std::make_unique<vmrnlsTranslatorWithDatabases>(m_locale_path.ut_path_string(encoding));
+    auto const folders = language_folders();
+    m_translator = std::make_unique<vmrnlsTranslatorWithDatabases>(folders);
     nlsDomainManager::language(language);
     m_requested_language = language;
 
-    utString found = find_language(language);
-    if (found.invalid()) {
-        utString const fall_back = nlsDomainManager::env_language(nlsLangFallBack).name();
-        found = find_language(fall_back);
-        if (!found.invalid()) {
-            nlsDomainManager::language(fall_back);
-        } else {
-            nlsDomainManager::the_regional_settings_flag = 0;
-            nlsDomainManager::the_env_language = "";
-            nlsDomainManager::the_env_type = 0;
-            nlsDomainManager::language(nlsDomainManager::no_translation_language());
-        }
+    std::filesystem::path found = nls_find_language(folders, language.view());
+    // The translator takes a country's language for that of the country by itself.
+    if (found.empty())
+        found = nls_find_language(folders, nlsDomainManager::env_language(nlsLangFallBack).name().view());
+    if (found.empty()) {
+        nlsDomainManager::the_regional_settings_flag = 0;
+        nlsDomainManager::the_env_language = "";
+        nlsDomainManager::the_env_type = 0;
+        nlsDomainManager::language(nlsDomainManager::no_translation_language());
     }
-    m_used_language =
-        found.invalid() ? utString("English") : utString(std::filesystem::path(found.str()).stem().string());
+    m_used_language = found.empty() ? utString("English") : utString(found.stem().string());
 
     // The first translation loads the databases: now, and not later on the worker thread.
     m_translator->translate("vmrgrlib",

@@ -117,6 +117,32 @@ TEST_F(Program, StartsFromItsCacheTheSecondTime)
     EXPECT_GT(std::filesystem::file_size(cache), 10u);
 }
 
+TEST_F(Program, SaysNothingOfADamagedConfigurationFile)
+{
+    std::string const damaged = "[abc\nfoo\n=bar\n[x]y\n[x]\n";
+    folder.write("home/.config/Crosswalk.conf", damaged);
+    auto const result = run({"cube.stl", "-t", "BREP", "-o", "out/part.brep"});
+    EXPECT_EQ(result.exit_status, 0) << result.output;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(folder.read("home/.config/Crosswalk.conf"), damaged);
+    EXPECT_FALSE(folder.exists("home/.config/Crosswalk.conf.damaged"));
+}
+
+TEST_F(Program, WorksForAUserWithoutAHome)
+{
+    kitProgram program;
+    program.arguments = {VMR_PROGRAM, "cube.stl", "-t", "BREP", "-o", "out/part.brep"};
+    program.folder = folder.path().string();
+    program.environment = {{"HOME", "/nonexistent"}, {"PATH", "/usr/bin:/bin"}};
+    program.as_nobody = true;
+    auto const result = program.run();
+    EXPECT_EQ(result.exit_status, 0) << result.output;
+    EXPECT_EQ(result.errors, "Crosswalk: Could not find a writable location for user configuration file.\n");
+    EXPECT_EQ(files_in("out"), std::set<std::string>{"part.brep"});
+    EXPECT_FALSE(std::filesystem::exists("/nonexistent"));
+    EXPECT_TRUE(files_in("home").empty());
+}
+
 class ProgramInALanguage : public cliTest {
 protected:
     kitProgramResult run_in(char const * locale, std::string const & input) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kit/kitApp.h"
+#include "kit/kitAssertions.h"
 
 #include <gtest/gtest.h>
 #include <wx/init.h>
@@ -14,6 +15,7 @@ protected:
         kit_install_minimum(m_folder, "installation");
         m_app = new kitApp(installation(), m_folder / "user");
         wxApp::SetInstance(m_app);
+        kit_fail_on_assertions();
         m_arguments[0] = m_name;
         ASSERT_TRUE(wxEntryStart(m_argument_count, m_arguments));
     }

@@ -29,6 +29,7 @@ public:
         }
         std::setlocale(LC_ALL, "C");
         nlsDomainManager::language("");
+        nlsDomainManager::language_folders({});
         nlsDomainManager::set_application_settings(nullptr);
     }
     Surroundings(Surroundings const &) = delete;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Surroundings.h"
+#include "kit/kitTempFolder.h"
 #include "nls/nlsUtils.h"
 
 namespace {
@@ -77,6 +78,51 @@ TEST(DomainManager, ReadsTheVariablesInTheOrderOfTheCLibrary)
     EXPECT_EQ(start_up_language(), utString("es_ES"));
     surroundings.set("LANGUAGE", "de_AT:fr");
     EXPECT_EQ(start_up_language(), utString("de_AT"));
+}
+
+TEST(DomainManager, PrefersAWantedLanguageThatHasFiles)
+{
+    Surroundings surroundings;
+    kitTempFolder const folder;
+    folder.write("de/LC_MESSAGES/any.mo", "");
+    folder.write("fr/LC_MESSAGES/any.mo", "");
+    nlsDomainManager::language_folders({folder / "none", folder.path().string()});
+    surroundings.set("LANG", "fr_FR.UTF-8");
+    surroundings.set("LANGUAGE", "zz:de_AT:fr");
+    EXPECT_EQ(start_up_language(), utString("de_AT"));
+    EXPECT_EQ(nlsDomainManager::the_env_language, utString("de_AT"));
+
+    nlsDomainManager::set_application_settings(std::make_unique<StoredLanguage>("tlh"));
+    EXPECT_EQ(start_up_language(), utString("de_AT"));
+    EXPECT_EQ(nlsDomainManager::the_env_type, 2);
+    nlsDomainManager::set_application_settings(std::make_unique<StoredLanguage>("fr"));
+    EXPECT_EQ(start_up_language(), utString("fr"));
+    EXPECT_EQ(nlsDomainManager::the_env_type, 1);
+}
+
+TEST(DomainManager, NeedsNoFilesForEnglish)
+{
+    Surroundings surroundings;
+    kitTempFolder const folder;
+    folder.write("de/LC_MESSAGES/any.mo", "");
+    nlsDomainManager::language_folders({folder.path().string()});
+    surroundings.set("LANGUAGE", "zz:en_GB:de");
+    EXPECT_EQ(start_up_language(), utString("en_GB"));
+    nlsDomainManager::set_application_settings(std::make_unique<StoredLanguage>("English"));
+    surroundings.set("LANGUAGE", "de");
+    EXPECT_EQ(start_up_language(), utString("en"));
+}
+
+TEST(DomainManager, StaysWithTheFirstLanguageWhenNoneHasFiles)
+{
+    Surroundings surroundings;
+    kitTempFolder const folder;
+    folder.write("de/LC_MESSAGES/any.mo", "");
+    nlsDomainManager::language_folders({folder.path().string()});
+    surroundings.set("LANGUAGE", ":de/LC_MESSAGES:/etc:..:zz");
+    surroundings.set("LANG", "de_DE.UTF-8");
+    EXPECT_EQ(start_up_language(), utString("de/LC_MESSAGES"));
+    EXPECT_EQ(nlsDomainManager::the_env_type, 2);
 }
 
 TEST(DomainManager, PassesOverAnEmptyVariable)

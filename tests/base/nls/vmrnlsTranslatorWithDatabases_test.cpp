@@ -3,6 +3,7 @@
 #include <atomic>
 #include <filesystem>
 #include <random>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
@@ -146,6 +147,39 @@ TEST_F(Translator, ShowsEnglishWhereACatalogueHoldsAnything)
     folder.write("de/LC_MESSAGES/sample.mo", "\xde\x12\x04\x95" + noise); // begins as a catalogue does
     EXPECT_EQ(vmrnlsTranslatorWithDatabases(folder.path().string()).translate("sample", "menu::Open"),
               utString("Open"));
+}
+
+TEST_F(Translator, PassesOverWhatIsNoFile)
+{
+    kitTempFolder const folder;
+    std::filesystem::create_directories(folder / "de/LC_MESSAGES/sample.mo");
+    ASSERT_EQ(mkfifo((folder / "de/LC_MESSAGES/pipe.mo").c_str(), 0600), 0);
+    std::filesystem::create_symlink("loop.mo", folder / "de/LC_MESSAGES/loop.mo");
+    vmrnlsTranslatorWithDatabases const odd(utString(folder.path().string()) + ":" + TEST_LOCALE_FOLDER);
+    EXPECT_EQ(odd.translate("sample", "menu::Open"), utString("Öffnen"));
+    for (char const * domain : {"pipe", "loop"})
+        EXPECT_EQ(odd.translate(domain, "menu::Open"), utString("Open")) << domain;
+}
+
+TEST_F(Translator, PassesOverACatalogueOfABoundlessSize)
+{
+    kitTempFolder const folder;
+    auto const file = folder.write("de/LC_MESSAGES/sample.mo",
+                                   kit_read_file(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/sample.mo"));
+    vmrnlsTranslatorWithDatabases const before(folder.path().string());
+    EXPECT_EQ(before.translate("sample", "menu::Open"), utString("Öffnen"));
+    std::filesystem::resize_file(file, 17 * 1024 * 1024);
+    vmrnlsTranslatorWithDatabases const after(folder.path().string());
+    EXPECT_EQ(after.translate("sample", "menu::Open"), utString("Open"));
+}
+
+TEST_F(Translator, TakesFoldersWhoseNamesHoldTheSeparatorOfAList)
+{
+    kitTempFolder const folder;
+    folder.write("a:b/de/LC_MESSAGES/sample.mo",
+                 kit_read_file(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/sample.mo"));
+    vmrnlsTranslatorWithDatabases const of_folders(std::vector<std::string>{folder / "none", folder / "a:b"});
+    EXPECT_EQ(of_folders.translate("sample", "menu::Open"), utString("Öffnen"));
 }
 
 TEST_F(Translator, WorksWithoutAnyFolder)

@@ -55,12 +55,6 @@ TEST_F(Language, ThatNobodyHasIsEnglishWithoutAWord)
     EXPECT_EQ(getNlsHelp()->wxwidgets_language(), utString("English"));
 }
 
-TEST_F(Language, OfTheToolkitEndsAtEnglishAfterTheCountryWasCut)
-{
-    getNlsHelp()->set_main_language("en_GB");
-    EXPECT_EQ(getNlsHelp()->wxwidgets_language(), utString("English"));
-}
-
 TEST_F(Language, CutsTheCountryAtTheFirstUnderscoreOrHyphen)
 {
     struct {
@@ -74,13 +68,6 @@ TEST_F(Language, CutsTheCountryAtTheFirstUnderscoreOrHyphen)
         EXPECT_EQ(getNlsHelp()->strip_country(language), name.cut) << name.before;
         EXPECT_EQ(language, utString(name.after));
     }
-}
-
-TEST_F(Language, LeavesTheCharacterFunctionsInTheCLocale)
-{
-    getNlsHelp()->set_main_language("de");
-    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C");
-    EXPECT_STREQ(std::setlocale(LC_COLLATE, nullptr), "C");
 }
 
 TEST_F(Language, ReadsNumbersAndTellsOfTextThatIsNone)
@@ -105,15 +92,6 @@ TEST_F(Language, LocalisesAmountsOfAWordAndANumber)
     EXPECT_EQ(sglNumberLocaliser().localise_amount("EUR 12.5"), utString("EUR 12.50"));
     EXPECT_EQ(sglNumberLocaliser().localise_amount("12.5"), utString());
     EXPECT_EQ(sglNumberLocaliser().localise_amount("EUR much"), utString());
-}
-
-TEST_F(Language, RemakesThePairOfTranslatorAndFormatter)
-{
-    auto const * const before = getNlsHelp()->translator_and_formatter();
-    ASSERT_NE(before, nullptr);
-    getNlsHelp()->set_nls_language("de");
-    EXPECT_NE(getNlsHelp()->translator_and_formatter(), nullptr);
-    EXPECT_EQ(getNlsHelp()->gsprintf("vmrgrlib", "%d of %s", 3, utString("five")), utString("3 of five"));
 }
 
 TEST_F(Language, NeverReadsBeyondTheArgumentsOfAText)

@@ -18,6 +18,18 @@ struct Messages : kitAppTest {
     }
 };
 
+/// Control characters as a source writes them.
+std::string with_escapes(std::string_view text)
+{
+    std::string shown;
+    for (char const c : text)
+        if (c == '\n' || c == '\r' || c == '\t')
+            shown += c == '\n' ? "\\n" : c == '\r' ? "\\r" : "\\t";
+        else
+            shown += c;
+    return shown;
+}
+
 } // namespace
 
 TEST_F(Messages, AreFoundByNumberWithTheirContextAndShownWithoutIt)
@@ -25,6 +37,21 @@ TEST_F(Messages, AreFoundByNumberWithTheirContextAndShownWithoutIt)
     EXPECT_EQ(sdbStringTable::find_string("vmrgrlib", 1067), utString("d.report.tree::File : %s"));
     EXPECT_EQ(sglResourceString("vmrgrlib", 1067, utString("part.stp")), utString("File : part.stp"));
     EXPECT_EQ(sglResourceString("vmrgrlib", 1088), utString("Full Release"));
+}
+
+TEST_F(Messages, AreThoseOfTheApprovedListAndNoOthers)
+{
+    std::string table;
+    int rows = 0;
+    for (unsigned id = 0; id < 3000; ++id) {
+        utString const key = sdbStringTable::find_string("vmrgrlib", id);
+        if (key.empty())
+            continue;
+        table += std::to_string(id) + " " + with_escapes(key.view()) + "\n";
+        ++rows;
+    }
+    EXPECT_EQ(table, kit_read_file(VMR_SOURCE_TREE "/tests/source/nls/approved/string_table.txt"));
+    EXPECT_EQ(rows, 137);
 }
 
 TEST_F(Messages, HaveTheProgramsNamePutIn)
@@ -61,6 +88,8 @@ TEST_F(Messages, StyleFollowsFromTheFlags)
     EXPECT_EQ(sglWxMessageDisplayer::style_of(0), static_cast<unsigned>(wxOK));
     EXPECT_EQ(sglWxMessageDisplayer::style_of(1), static_cast<unsigned>(wxYES_NO));
     EXPECT_EQ(sglWxMessageDisplayer::style_of(2), static_cast<unsigned>(wxICON_HAND));
+    EXPECT_EQ(sglWxMessageDisplayer::style_of(4), static_cast<unsigned>(wxICON_EXCLAMATION));
+    EXPECT_EQ(sglWxMessageDisplayer::style_of(2 | 8), static_cast<unsigned>(wxICON_HAND));
     EXPECT_EQ(sglWxMessageDisplayer::style_of(8), static_cast<unsigned>(wxICON_HAND));
     EXPECT_EQ(sglWxMessageDisplayer::style_of(5), static_cast<unsigned>(wxYES_NO | wxICON_EXCLAMATION));
 }

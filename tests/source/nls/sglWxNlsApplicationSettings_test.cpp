@@ -1,6 +1,9 @@
 #include "sglWxNlsApplicationSettings.h"
 
 #include "kit/kitAppTest.h"
+#include "kit/kitAsOrdinaryUser.h"
+
+#include <wx/log.h>
 
 namespace {
 
@@ -38,6 +41,45 @@ TEST_F(LanguageSettings, GiveBackWhatWasStored)
     nlsLanguage language;
     settings->get_display_language(language);
     EXPECT_EQ(language.iso_name(), utString("pt-BR"));
+}
+
+TEST_F(LanguageSettings, RepairAnOldValueOnItsWayBack)
+{
+    struct {
+        char const * stored;
+        char const * read;
+    } const values[] = {{"pt-br", "pt-BR"}, {"de", "de"}, {"fr-FRA", "fr-FRA"}};
+    for (auto const & [stored, read] : values) {
+        wxConfigBase::Get()->Write("/7.2/Language/CurrentLanguage", stored);
+        nlsLanguage language;
+        EXPECT_EQ(settings->get_display_language(language), nlsErrorData(0));
+        EXPECT_EQ(language.iso_name(), utString(read));
+    }
+}
+
+TEST_F(LanguageSettings, TellWithoutAMessageThatTheChoiceCannotBeKept)
+{
+    std::filesystem::create_directories(folder() / ".config/Tester.conf");
+    wxLogBuffer said; // shows what it got at its end, and here it gets nothing
+    wxLog * const before = wxLog::SetActiveTarget(&said);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(settings->set_display_language(nlsLanguage("de")), nlsErrorData(1));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    wxLog::SetActiveTarget(before);
+    EXPECT_EQ(said.GetBuffer(), "");
+}
+
+TEST_F(LanguageSettings, CannotBeKeptWhereTheUserMayNotWrite)
+{
+    wxLogBuffer said;
+    wxLog * const before = wxLog::SetActiveTarget(&said);
+    {
+        kitAsOrdinaryUser const ordinary;
+        EXPECT_EQ(settings->set_display_language(nlsLanguage("de")), nlsErrorData(1));
+    }
+    wxLog::SetActiveTarget(before);
+    EXPECT_EQ(said.GetBuffer(), "");
+    EXPECT_FALSE(folder().exists(".config"));
 }
 
 TEST_F(LanguageSettings, RepairOldValuesAndPassOthersThrough)

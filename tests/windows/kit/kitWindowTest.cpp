@@ -1,5 +1,6 @@
 #include "windows/kit/kitWindowTest.h"
 
+#include "kit/kitAssertions.h"
 #include "windows/kit/kitDisplay.h"
 
 #include <algorithm>
@@ -12,14 +13,6 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-void fail_on_assertion(wxString const & file, int line, wxString const & function, wxString const & condition,
-                       wxString const & message)
-{
-    ADD_FAILURE() << "assertion of the toolkit: " << condition.utf8_string() << " in "
-                  << function.utf8_string() << ", " << file.utf8_string() << ":" << line << ": "
-                  << message.utf8_string();
-}
 
 /// Where the window manager is late, a window is laid out once more at the two pixels that it has before its
 /// size is known, with its menu bar by then, and the platform complains of so little room.
@@ -51,7 +44,7 @@ public:
         m_app->use_display(true);
         m_app->SetExitOnFrameDelete(false);
         wxApp::SetInstance(m_app);
-        wxSetAssertHandler(fail_on_assertion);
+        kit_fail_on_assertions();
         g_log_set_default_handler(fail_on_critical, nullptr);
         if (!wxEntryStart(m_argument_count, m_arguments))
             throw std::runtime_error("the toolkit does not start");

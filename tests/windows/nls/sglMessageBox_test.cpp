@@ -1,9 +1,12 @@
 #include "sglMessageBox.h"
+#include "sglMessageDisplayer.h"
 
 #include "nls/sglLongMessageDialog.h"
 #include "nls/sglShownMessage.h"
 #include "windows/kit/kitWindowTest.h"
+#include "windows/program/kitScreen.h"
 
+#include <unistd.h>
 #include <wx/display.h>
 #include <wx/evtloop.h>
 #include <wx/timer.h>
@@ -50,6 +53,73 @@ TEST_F(MessageBox, TakesAQuestionThatIsClosedForNo)
     again.Bind(wxEVT_TIMER, [](wxTimerEvent &) { wxUIActionSimulator().Char(WXK_ESCAPE); });
     again.Start(100);
     EXPECT_EQ(sglMessageBox("vmrgrlib", 1115, wxYES_NO), wxID_NO);
+}
+
+TEST_F(MessageBox, HasTheProgramsNameAndStandsInTheMiddleOfTheActiveWindow)
+{
+    auto * const frame = show_frame({700, 600});
+    wxRect const screen = wxDisplay(frame).GetClientArea();
+    frame->Move(screen.GetRight() - 750, screen.GetBottom() - 650);
+    settle();
+    kitScreen const display;
+    std::string title;
+    wxRect place;
+    // The box of the platform has no window of the toolkit to wait for: it is looked for until it is there,
+    // and the key comes again until it is gone.
+    wxTimer again;
+    again.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+        auto const active = display.active_title(getpid());
+        if (active.empty() || active == frame->GetTitle().utf8_string())
+            return;
+        title = active;
+        place = display.active_place(getpid());
+        wxUIActionSimulator().Char(WXK_RETURN);
+    });
+    again.Start(100);
+    EXPECT_EQ(sglMessageBox("vmrgrlib", 1219, wxOK), wxID_OK);
+    EXPECT_EQ(title, app().application_name_no_version().str());
+    wxPoint const apart = wxPoint(place.x + place.width / 2, place.y + place.height / 2) -
+                          frame->ClientToScreen(wxPoint(350, 300));
+    EXPECT_LT(std::abs(apart.x), 30);
+    EXPECT_LT(std::abs(apart.y), 60);
+}
+
+TEST_F(MessageBox, BelongsToTheActiveWindow)
+{
+    auto * const frame = show_frame();
+    kitModal boxes;
+    boxes.expect([frame](wxDialog * dialog) {
+        EXPECT_EQ(dialog->GetParent(), frame);
+        return static_cast<int>(wxID_OK);
+    });
+    EXPECT_EQ(sglMessageBox("vmrgrlib", 1219, wxOK), wxID_OK);
+    EXPECT_EQ(boxes.styles(), std::vector<long>{wxOK});
+}
+
+TEST_F(MessageBox, OfTheDisplayerGivesOneForYesAlone)
+{
+    show_frame();
+    sglWxMessageDisplayer const displayer;
+    kitModal boxes;
+    struct {
+        int flags;
+        int pressed;
+        int result;
+        long style;
+    } const messages[] = {
+        {1, wxID_YES, 1, wxYES_NO},
+        {1, wxID_NO, 0, wxYES_NO},
+        {1 | 4, wxID_YES, 1, wxYES_NO | wxICON_EXCLAMATION},
+        {0, wxID_OK, 0, wxOK},
+        {4, wxID_OK, 0, wxICON_EXCLAMATION},
+        {2 | 8, wxID_OK, 0, wxICON_HAND},
+    };
+    for (auto const & message : messages) {
+        boxes.expect_message(message.pressed);
+        EXPECT_EQ(displayer.message("vmrgrlib", 1118, message.flags, utString("part.igs")), message.result);
+        EXPECT_EQ(boxes.styles().back() & message.style, message.style);
+        EXPECT_EQ(boxes.said().back(), "The file part.igs already exists. Do you want to overwrite it?");
+    }
 }
 
 TEST_F(MessageBox, OfAThousandLinesCanBeScrolledAndFitsOnTheScreen)

@@ -105,6 +105,20 @@ std::string kitScreen::active_title(pid_t process) const
     return m_connection->belongs(window, process) ? m_connection->property(window, "_NET_WM_NAME") : "";
 }
 
+wxRect kitScreen::active_place(pid_t process) const
+{
+    ErrorsIgnored const ignored;
+    Window const window = m_connection->active();
+    XWindowAttributes at{};
+    int x = 0, y = 0;
+    Window child = None;
+    if (!m_connection->belongs(window, process) ||
+        !XGetWindowAttributes(m_connection->display, window, &at) ||
+        !XTranslateCoordinates(m_connection->display, window, m_connection->root(), 0, 0, &x, &y, &child))
+        return {};
+    return {x, y, at.width, at.height};
+}
+
 int kitScreen::windows(pid_t process) const
 {
     ErrorsIgnored const ignored;

@@ -39,6 +39,8 @@ protected:
                                {"LC_ALL", "C.UTF-8"},          {"DISPLAY", std::getenv("DISPLAY")},
                                {"GDK_BACKEND", "x11"},         {"NO_AT_BRIDGE", "1"},
                                {"GSETTINGS_BACKEND", "memory"}};
+        for (auto const & [name, value] : m_surroundings)
+            program.environment[name] = value;
         program.meanwhile = [&](pid_t process) {
             m_process = process;
             m_at_start();
@@ -121,7 +123,16 @@ protected:
         return false;
     }
     std::string own(std::string const & name) const { return "home/.config/Quorvane/Crosswalk/" + name; }
-    void quit() { key('Q', wxMOD_CONTROL); }
+    /// The key comes again until the windows are gone: a window that has just got the focus may miss one.
+    void quit()
+    {
+        run_until(
+            [&] {
+                key('Q', wxMOD_CONTROL);
+                return m_screen.windows(m_process) == 0;
+            },
+            30, "the windows to go");
+    }
     static void expect_silent_good_end(kitProgramResult const & result)
     {
         EXPECT_EQ(result.exit_status, 0);
@@ -131,6 +142,7 @@ protected:
     }
 
     std::filesystem::path const samples = "/usr/share/opencascade/data";
+    std::map<std::string, std::string> m_surroundings; // what is otherwise in the environment
     kitScreen m_screen;
     pid_t m_process = -1;
     std::string m_program = VMR_PROGRAM;
@@ -163,6 +175,30 @@ TEST_F(ProgramWindow, OpensWithSeveralFilesOnThePageThatMergesThem)
 TEST_F(ProgramWindow, EndsWellWhenItsFrameIsClosed)
 {
     expect_silent_good_end(run({}, [&] { key(WXK_F4, wxMOD_ALT); }));
+}
+
+TEST_F(ProgramWindow, OpensOverADamagedConfigurationFile)
+{
+    std::string const damaged = "[abc\nfoo\n=bar\n[x]y\n[x]\n";
+    folder().write("home/.config/Crosswalk.conf", damaged);
+    expect_silent_good_end(run({}, [&] { quit(); }));
+    EXPECT_EQ(folder().read("home/.config/Crosswalk.conf"), damaged);
+}
+
+TEST_F(ProgramWindow, OpensInEnglishForALanguageThatNobodyHas)
+{
+    for (std::map<std::string, std::string> const & language :
+         {std::map<std::string, std::string>{{"LANGUAGE", "tlh_XX"}}, {{"LANGUAGE", "/etc"}}}) {
+        m_surroundings = language;
+        sample("step/screw.step", "screw.step");
+        expect_silent_good_end(run({"screw.step"}, [&] {
+            translate_by_keyboard("screw.igs"); // with the letters of the English texts
+            quit();
+        }));
+        EXPECT_TRUE(folder().exists("screw.igs"));
+        std::filesystem::remove(folder() / "screw.step");
+        std::filesystem::remove(folder() / "screw.igs");
+    }
 }
 
 TEST_F(ProgramWindow, TakesAFileWhoseNameIsNoText)
