@@ -28,6 +28,12 @@ protected:
 
 } // namespace
 
+TEST_F(SinglePage, HasItsFormatBoxesBelowEachOther)
+{
+    EXPECT_EQ(box("IDC_SINGLE_INPUT_FORMAT").GetScreenPosition().x,
+              box("IDC_SINGLE_OUTPUT_FORMAT").GetScreenPosition().x);
+}
+
 TEST_F(SinglePage, IsEmptyAtFirstWithBothBoxesOnTheUnknownFormat)
 {
     EXPECT_EQ(m_single->caption(), utString("Single File"));
