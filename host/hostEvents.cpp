@@ -22,6 +22,28 @@ std::string line_of(json const & event)
     return event.dump(-1, ' ', false, json::error_handler_t::replace) + '\n';
 }
 
+json arguments_of(sdkText const & text)
+{
+    json arguments = json::array();
+    for (auto const & argument : text.arguments()) {
+        std::visit([&](auto const & value) { arguments.push_back(value); }, argument);
+    }
+    return arguments;
+}
+
+char const * text_of(sdkWeight weight)
+{
+    switch (weight) {
+    case sdkWeight::note:
+        return "note";
+    case sdkWeight::difference:
+        return "difference";
+    case sdkWeight::loss:
+        break;
+    }
+    return "loss";
+}
+
 char const * text_of(sdkStatus status)
 {
     switch (status) {
@@ -59,10 +81,6 @@ void hostEvents::progress(int percent)
 
 void hostEvents::message(sdkStream stream, sdkText const & text)
 {
-    json arguments = json::array();
-    for (auto const & argument : text.arguments()) {
-        std::visit([&](auto const & value) { arguments.push_back(value); }, argument);
-    }
     // Every message is a line of its own wherever it is shown.
     std::string key(text.key());
     if (!key.ends_with('\n'))
@@ -71,7 +89,28 @@ void hostEvents::message(sdkStream stream, sdkText const & text)
                                {"stream", stream == sdkStream::output ? "output" : "error"},
                                {"domain", message_domain},
                                {"key", std::move(key)},
-                               {"args", std::move(arguments)}});
+                               {"args", arguments_of(text)}});
+    std::lock_guard const lock(m_mutex);
+    add(line);
+}
+
+void hostEvents::finding(sdkFinding const & finding)
+{
+    json event = {{"event", "finding"},
+                  {"weight", text_of(finding.weight)},
+                  {"kind", finding.kind},
+                  {"part", finding.part},
+                  {"place", finding.place}};
+    if (finding.source) {
+        event["source"] = *finding.source;
+    }
+    if (finding.output) {
+        event["output"] = *finding.output;
+    }
+    event["domain"] = message_domain;
+    event["key"] = finding.text.key();
+    event["args"] = arguments_of(finding.text);
+    auto const line = line_of(event);
     std::lock_guard const lock(m_mutex);
     add(line);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/sdkFinding.h"
 #include "sdk/sdkReporter.h"
 #include "sdk/sdkResult.h"
 
@@ -20,6 +21,7 @@ public:
     // Numbers that do not rise are left out.
     void progress(int percent);
     void message(sdkStream stream, sdkText const & text);
+    void finding(sdkFinding const & finding);
 
     // Sends what has waited for long enough.
     void flush_if_due();

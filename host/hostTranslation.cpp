@@ -25,7 +25,7 @@ constexpr double write_share = 10;
 
 hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
                                  std::atomic<bool> const & cancelled)
-    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events)
+    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events), m_findings(events, m_reporter)
 {
 }
 
@@ -122,7 +122,9 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
     if (auto result = reader->parse(input.file, scope.Next(parse_share)); !result) {
         return result;
     }
-    return reader->transfer(document, scope.Next(read_transfer_share));
+    auto result = reader->transfer(document, scope.Next(read_transfer_share));
+    m_findings.tell(context.account().findings());
+    return result;
 }
 
 sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange const & range)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/hostChannel.h"
+#include "host/hostFindings.h"
 #include "host/hostJob.h"
 
 #include "sdk/sdkModule.h"
@@ -38,6 +39,7 @@ private:
     hostEvents & m_events;
     std::atomic<bool> const & m_cancelled;
     hostReporter m_reporter;
+    hostFindings m_findings;
     std::set<std::string> m_told; // problems of options
     std::string m_file;
     bool m_writing = false;

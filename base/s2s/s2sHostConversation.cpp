@@ -100,7 +100,7 @@ void s2sHostConversation::take(std::string_view line)
         take_event(*file);
     } else if (auto const end = std::get_if<s2sHostEnd>(&event)) {
         m_end = *end;
-    } else if (!m_said_nonsense) {
+    } else if (std::holds_alternative<std::monostate>(event) && !m_said_nonsense) {
         m_said_nonsense = true;
         m_parts.say_error(s2sMessages::host_not_understood(s2s_repair_utf8(line.substr(0, longest_quote))));
     }

@@ -21,6 +21,13 @@ struct Fields {
     std::optional<std::string> domain;
     std::optional<std::string> key;
     std::optional<std::string> status;
+    std::optional<std::string> weight;
+    std::optional<std::string> kind;
+    std::optional<std::string> part;
+    std::optional<std::string> place;
+    std::optional<std::string> verdict;
+    std::optional<double> source;
+    std::optional<double> output;
     std::optional<double> percent;
     std::optional<double> processed;
     std::optional<double> failed;
@@ -32,12 +39,17 @@ using TextField = std::optional<std::string> Fields::*;
 using NumberField = std::optional<double> Fields::*;
 
 constexpr std::pair<std::string_view, TextField> text_fields[] = {
-    {"event", &Fields::event},        {"stream", &Fields::stream},
-    {"domain", &Fields::domain},      {"key", &Fields::key},
-    {"status", &Fields::status},      {"path", &Fields::path},
-    {"direction", &Fields::direction}};
-constexpr std::pair<std::string_view, NumberField> number_fields[] = {
-    {"percent", &Fields::percent}, {"processed", &Fields::processed}, {"failed", &Fields::failed}};
+    {"event", &Fields::event},         {"stream", &Fields::stream},
+    {"domain", &Fields::domain},       {"key", &Fields::key},
+    {"status", &Fields::status},       {"path", &Fields::path},
+    {"direction", &Fields::direction}, {"weight", &Fields::weight},
+    {"kind", &Fields::kind},           {"part", &Fields::part},
+    {"place", &Fields::place},         {"verdict", &Fields::verdict}};
+constexpr std::pair<std::string_view, NumberField> number_fields[] = {{"percent", &Fields::percent},
+                                                                      {"processed", &Fields::processed},
+                                                                      {"failed", &Fields::failed},
+                                                                      {"source", &Fields::source},
+                                                                      {"output", &Fields::output}};
 
 template <class Table>
 auto field_named(Table const & table, std::string_view name) -> decltype(table[0].second)
@@ -158,6 +170,28 @@ s2sHostEvent message_event(Fields & fields)
                           std::move(fields.arguments)};
 }
 
+s2sHostEvent finding_event(Fields & fields)
+{
+    if (!fields.weight || !fields.kind || !fields.domain || !fields.key || !fields.legal_arguments)
+        return {};
+    return s2sHostFinding{std::move(*fields.weight),
+                          std::move(*fields.kind),
+                          fields.part.value_or(std::string()),
+                          fields.place.value_or(std::string()),
+                          fields.source,
+                          fields.output,
+                          std::move(*fields.domain),
+                          std::move(*fields.key),
+                          std::move(fields.arguments)};
+}
+
+s2sHostEvent verdict_event(Fields & fields)
+{
+    if (!fields.verdict)
+        return {};
+    return s2sHostVerdict{std::move(*fields.verdict)};
+}
+
 int count_of(double number)
 {
     return static_cast<int>(std::clamp(number, 0.0, static_cast<double>(INT_MAX)));
@@ -193,6 +227,10 @@ s2sHostEvent s2s_parse_host_event(std::string_view line)
         return message_event(fields);
     if (fields.event == "progress")
         return progress_event(fields);
+    if (fields.event == "finding")
+        return finding_event(fields);
+    if (fields.event == "verdict")
+        return verdict_event(fields);
     if (fields.event == "file")
         return file_event(fields);
     if (fields.event == "end")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <variant>
 
@@ -25,6 +26,24 @@ struct s2sHostMessage {
     utTextArguments arguments;
 };
 
+/// Something that the user has to know about a source, or about an output beside its source.
+struct s2sHostFinding {
+    utString weight; ///< "note", "difference" or "loss"
+    utString kind;
+    utString part;
+    utString place;
+    std::optional<double> source;
+    std::optional<double> output;
+    utString domain; ///< of the text, with its key and arguments
+    utString key;
+    utTextArguments arguments;
+};
+
+/// What holding the output against the source came to.
+struct s2sHostVerdict {
+    utString verdict; ///< "verified", "differs", "losses" or "not_verified"
+};
+
 /// The last event of a translation.
 struct s2sHostEnd {
     s2sThreadStatus status = s2sThreadNotEnded;
@@ -34,7 +53,8 @@ struct s2sHostEnd {
 
 /// What one line of the translator host says; the first alternative stands for a line that is none of the
 /// others.
-using s2sHostEvent = std::variant<std::monostate, s2sHostFile, s2sHostProgress, s2sHostMessage, s2sHostEnd>;
+using s2sHostEvent = std::variant<std::monostate, s2sHostFile, s2sHostProgress, s2sHostMessage,
+                                  s2sHostFinding, s2sHostVerdict, s2sHostEnd>;
 
 /// Reads a line without its end. Bytes that are no UTF-8 text, such as a format library may copy from a file,
 /// are replaced before reading; docs/host-protocol.md describes the lines.

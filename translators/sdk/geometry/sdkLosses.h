@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/sdkCapabilities.h"
 #include "sdk/sdkDocument.h"
 #include "sdk/sdkReporter.h"
 
@@ -15,17 +16,6 @@ struct sdkAttributeCounts {
 };
 
 sdkAttributeCounts sdk_count_attributes(sdkDocument const & document);
-
-// What a format can hold. Surfaces are exact ones; triangles instead of them are no surfaces.
-struct sdkCapabilities {
-    bool structure = true;
-    bool names = true;
-    bool colours = true;
-    bool layers = true;
-    bool curves = true;
-    bool points = true;
-    bool surfaces = true;
-};
 
 // Tells the user what of the document a file of that format will lack, one message with counts for each kind.
 // Call it before the document is changed to fit. Returns the number of entities that the file cannot hold in
