@@ -126,3 +126,17 @@ TEST_F(StepWriter, KeepsAWire)
     EXPECT_EQ(document.count_entities().curves, 2);
     EXPECT_EQ(document.count_entities().faces, 0);
 }
+
+TEST_F(StepWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("cube.stp")));
+    EXPECT_TRUE(promise().made);
+    EXPECT_TRUE(promise().checked);
+    EXPECT_TRUE(promise().holds.structure && promise().holds.names && promise().holds.solids);
+    ASSERT_TRUE(write(
+        kit_cube(10), path("cube.stp"),
+        {{"stepWriteStructure", "flat"}, {"stepWriteColours", "false"}, {"stepWriteCurves", "polyline"}}));
+    EXPECT_FALSE(promise().holds.structure || promise().holds.colours || promise().exact_curves);
+    EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
+    EXPECT_FALSE(promise().checked);
+}
