@@ -134,7 +134,7 @@ void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & locatio
     }
     Solid solid{sdkDocument::name(label), {}};
     double const unit = sdk_output_unit(m_context.options()).millimetres;
-    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location);
+    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location, Standard_False);
     for (TopExp_Explorer face(placed, TopAbs_FACE); face.More(); face.Next()) {
         TopLoc_Location ignored;
         auto const & one = TopoDS::Face(face.Current());
