@@ -3,6 +3,7 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
@@ -66,6 +67,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     auto & reporter = m_context.reporter();
+    sdk_make_places_rigid(document);
     if (options.text("stepWriteStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, document.free_shapes(), sdkPlacing::geometry);
             assemblies > 0) {
