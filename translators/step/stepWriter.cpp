@@ -7,6 +7,7 @@
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
+#include "step/stepFile.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
 
@@ -52,6 +53,13 @@ stepWriter::stepWriter(sdkContext & context) : m_context(context)
     m_writer->SetColorMode(options.boolean("stepWriteColours"));
     m_writer->SetLayerMode(options.boolean("stepWriteLayers"));
     m_writer->SetPropsMode(Standard_False);
+    auto & promise = context.promise();
+    promise.made = true;
+    promise.holds.structure = options.text("stepWriteStructure") == "assembly";
+    promise.holds.names = options.boolean("stepWriteNames");
+    promise.holds.colours = options.boolean("stepWriteColours");
+    promise.holds.layers = options.boolean("stepWriteLayers");
+    promise.exact_curves = options.text("stepWriteCurves") == "exact";
 }
 
 sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
@@ -104,5 +112,9 @@ sdkResult stepWriter::write(std::string const & path, Message_ProgressRange cons
     std::ostream stream(&encoding);
     text.Print(stream);
     encoding.finish();
-    return file.close(m_context.file());
+    auto result = file.close(m_context.file());
+    m_context.promise().checked = result && sdk_file_passes(path, [](std::string_view content) {
+                                      return stepFile(content).is_whole();
+                                  });
+    return result;
 }
