@@ -76,6 +76,11 @@ void igesWriter::report_losses(sdkDocument & document)
                 names);
         }
     }
+    if (auto const stated = sdk_count_attributes(document).stated; stated > 0) {
+        reporter.output("geometry::%s files hold no validation properties: the volumes, areas and centroids "
+                        "that the source states for %d products are lost",
+                        "IGES", stated);
+    }
     TDF_LabelSequence layers;
     document.layers()->GetLayerLabels(layers);
     if (!layers.IsEmpty() && options.boolean("igesWriteLayers")) {

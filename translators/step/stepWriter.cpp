@@ -3,12 +3,14 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
+#include "step/stepValidationOutput.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -83,9 +85,30 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
     reporter.processed(entities - failed);
+    add_validation(document);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
     return sdkResult::completed();
+}
+
+void stepWriter::add_validation(sdkDocument const & document)
+{
+    auto const & options = m_context.options();
+    // The first edition of AP203 has no entities for them.
+    bool const held = options.text("stepWriteSchema") != "AP203";
+    if (held && options.boolean("stepWriteValidation")) {
+        step_add_validation(m_writer->ChangeWriter().WS(), document);
+        return;
+    }
+    if (auto const stated = sdk_count_attributes(document).stated; stated > 0) {
+        m_context.reporter().output(held ? "step::The volumes, areas and centroids that the source states "
+                                           "for %d products are lost; to "
+                                           "have them written choose the option stepWriteValidation"
+                                         : "step::AP203 files hold no validation properties: the volumes, "
+                                           "areas and centroids that the "
+                                           "source states for %d products are lost",
+                                    stated);
+    }
 }
 
 sdkResult stepWriter::write(std::string const & path, Message_ProgressRange const & range)
