@@ -9,6 +9,7 @@
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkStated.h"
 
 #include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
@@ -76,7 +77,7 @@ void igesWriter::report_losses(sdkDocument & document)
                 names);
         }
     }
-    if (auto const stated = sdk_count_attributes(document).stated; stated > 0) {
+    if (auto const stated = sdk_stated(document); stated > 0) {
         reporter.output("geometry::%s files hold no validation properties: the volumes, areas and centroids "
                         "that the source states for %d products are lost",
                         "IGES", stated);

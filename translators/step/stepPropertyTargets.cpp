@@ -7,7 +7,6 @@
 #include <StepAP242_ItemIdentifiedRepresentationUsage.hxx>
 #include <StepBasic_GeneralProperty.hxx>
 #include <StepBasic_Product.hxx>
-#include <StepBasic_ProductDefinition.hxx>
 #include <StepBasic_ProductDefinitionFormation.hxx>
 #include <StepRepr_HArray1OfRepresentationItem.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
@@ -94,19 +93,22 @@ stepPropertyTarget stepPropertyTargets::find(Handle(StepRepr_PropertyDefinition)
     }
     if (!items.empty()) {
         auto target = single_shapes(items);
+        target.product = product_definition;
         target.part = product_definition.IsNull() ? "" : product_name(product_definition);
         return target;
     }
     if (!usage.IsNull()) {
         return instance(usage);
     }
-    return product_definition.IsNull() ? stepPropertyTarget() : product(product_definition);
+    return product_definition.IsNull() ? stepPropertyTarget() : whole_product(product_definition);
 }
 
-stepPropertyTarget stepPropertyTargets::product(Handle(StepBasic_ProductDefinition) const & definition) const
+stepPropertyTarget stepPropertyTargets::whole_product(Handle(StepBasic_ProductDefinition)
+                                                          const & definition) const
 {
     stepPropertyTarget target;
     target.known = true;
+    target.product = definition;
     target.part = product_name(definition);
     auto const process = m_reader.Reader().WS()->TransferReader()->TransientProcess();
     auto shape = TransferBRep::ShapeResult(process, definition);
@@ -123,6 +125,7 @@ stepPropertyTarget stepPropertyTargets::instance(Handle(StepRepr_NextAssemblyUsa
     stepPropertyTarget target;
     target.known = true;
     if (auto const related = usage->RelatedProductDefinition(); !related.IsNull()) {
+        target.product = related;
         target.part = product_name(related);
     }
     STEPConstruct_Tool const tool(m_reader.Reader().WS());

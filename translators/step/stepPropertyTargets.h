@@ -2,12 +2,12 @@
 
 #include "sdk/geometry/sdkMassProperties.h"
 
+#include <StepBasic_ProductDefinition.hxx>
 #include <StepRepr_PropertyDefinition.hxx>
 
 #include <string>
 #include <vector>
 
-class StepBasic_ProductDefinition;
 class StepRepr_NextAssemblyUsageOccurrence;
 class StepRepr_RepresentationItem;
 class STEPCAFControl_Reader;
@@ -16,6 +16,8 @@ class STEPCAFControl_Reader;
 struct stepPropertyTarget {
     // False when the file does not say of which product, instance or shape they are.
     bool known = false;
+    // That it is, places or belongs to; null when none is known.
+    Handle(StepBasic_ProductDefinition) product;
     std::string part; // name of the product; may be empty
     TDF_Label label;  // of a product or an instance; null when nothing arrived, and for single shapes
     std::vector<TopoDS_Shape> shapes;
@@ -33,7 +35,7 @@ public:
 private:
     using Items = std::vector<Handle(StepRepr_RepresentationItem)>;
 
-    stepPropertyTarget product(Handle(StepBasic_ProductDefinition) const & definition) const;
+    stepPropertyTarget whole_product(Handle(StepBasic_ProductDefinition) const & definition) const;
     stepPropertyTarget instance(Handle(StepRepr_NextAssemblyUsageOccurrence) const & usage) const;
     stepPropertyTarget single_shapes(Items const & items) const;
     Items items_of_property(Handle(StepRepr_PropertyDefinition) const & property) const;

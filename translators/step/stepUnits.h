@@ -14,8 +14,7 @@ struct stepUnit {
     double dimension = 1;
 };
 
-// The unit of a named or derived unit; nothing for one that is not made of lengths or is not understood. Open
-// CASCADE's own conversion of areas and volumes takes no notice of conversion based units, such as inches.
+// The unit of a named or derived unit; nothing for one that is not made of lengths or is not understood.
 std::optional<stepUnit> step_unit(Handle(Standard_Transient) const & unit);
 
 // The unit of length of the coordinates in a representation; null when its context states none.

@@ -1,13 +1,13 @@
 #include "step/stepValidationCheck.h"
 
+#include "sdk/sdkStated.h"
 #include "step/stepPropertyTargets.h"
 #include "step/stepStatedProperties.h"
 
+#include <NCollection_Map.hxx>
 #include <STEPCAFControl_Reader.hxx>
+#include <StepBasic_ProductDefinition.hxx>
 #include <StepData_StepModel.hxx>
-#include <XCAFDoc_Area.hxx>
-#include <XCAFDoc_Centroid.hxx>
-#include <XCAFDoc_Volume.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -190,19 +190,6 @@ private:
     std::int64_t m_unclear = 0;
 };
 
-void keep(stepStatedProperties const & stated, TDF_Label const & label)
-{
-    if (stated.volume) {
-        XCAFDoc_Volume::Set(label, *stated.volume);
-    }
-    if (stated.area) {
-        XCAFDoc_Area::Set(label, *stated.area);
-    }
-    if (stated.centroid) {
-        XCAFDoc_Centroid::Set(label, *stated.centroid);
-    }
-}
-
 } // namespace
 
 void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument const & document,
@@ -211,14 +198,16 @@ void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument con
     bool const wanted = context.options().boolean("stepReadValidation");
     stepPropertyTargets const targets(reader, document.shapes());
     Check check(context);
+    NCollection_Map<Handle(Standard_Transient)> products;
     for (auto const & stated : step_stated_properties(reader.Reader().Model())) {
         auto const target = targets.find(stated.definition);
         if (wanted) {
             check.compare(stated, target);
         }
-        if (!target.label.IsNull() && !XCAFDoc_ShapeTool::IsReference(target.label)) {
-            keep(stated, target.label);
+        if (!target.product.IsNull()) {
+            products.Add(target.product);
         }
     }
     check.sum_up();
+    sdk_add_stated(document, products.Extent());
 }

@@ -6,8 +6,8 @@
 class STEPCAFControl_Reader;
 
 // Compares the volumes, areas and centroids that the file states with those of what arrived, and adds to the
-// account what differs, and how many agree. Call it when the document is as it is to be but for flattening
-// and filtering. The document keeps what was stated of its products, so that writers see what they would
-// lose.
+// account what differs, and how many agree. Without the option stepReadValidation the document only learns
+// that there were any, so that writers can say what is lost. Call it when the document is as it is to be but
+// for flattening and filtering.
 void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument const & document,
                            sdkContext & context);

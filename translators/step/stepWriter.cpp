@@ -3,11 +3,11 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
-#include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkStated.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
@@ -94,16 +94,19 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
 void stepWriter::add_validation(sdkDocument const & document)
 {
     auto const & options = m_context.options();
+    auto const & wanted = options.text("stepWriteValidation");
+    auto const stated = sdk_stated(document);
     // The first edition of AP203 has no entities for them.
     bool const held = options.text("stepWriteSchema") != "AP203";
-    if (held && options.boolean("stepWriteValidation")) {
-        step_add_validation(m_writer->ChangeWriter().WS(), document);
-        return;
-    }
-    if (auto const stated = sdk_count_attributes(document).stated; stated > 0) {
+    if (held && (wanted == "always" || (wanted == "stated" && stated > 0))) {
+        auto const products = step_add_validation(m_writer->ChangeWriter().WS(), document);
+        m_context.reporter().output("step::Volume, area and centroid of %d products were measured and are "
+                                    "stated in the output",
+                                    products);
+    } else if (stated > 0) {
         m_context.reporter().output(held ? "step::The volumes, areas and centroids that the source states "
                                            "for %d products are lost; to "
-                                           "have them written choose the option stepWriteValidation"
+                                           "have them written change the option stepWriteValidation"
                                          : "step::AP203 files hold no validation properties: the volumes, "
                                            "areas and centroids that the "
                                            "source states for %d products are lost",

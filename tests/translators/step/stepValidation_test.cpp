@@ -1,6 +1,6 @@
 #include "stepFormatTest.h"
 
-#include "sdk/geometry/sdkLosses.h"
+#include "sdk/sdkStated.h"
 
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
@@ -16,7 +16,7 @@ protected:
         sdkDocument document;
         ASSERT_TRUE(kit_read(*make_reader(side.context()), file, document));
         m_findings = side.context().account().findings();
-        m_stated = sdk_count_attributes(document).stated;
+        m_stated = sdk_stated(document);
         for (auto const & finding : m_findings) {
             EXPECT_TRUE(finding.text.fits()) << finding.text.key();
         }
@@ -24,14 +24,16 @@ protected:
 
     void read_text(std::string const & text) { read_file(folder().write("read.stp", text)); }
 
-    std::string written(TopoDS_Shape const & shape, Values const & values = {})
+    std::string written(TopoDS_Shape const & shape, Values values = {})
     {
+        values.emplace("stepWriteValidation", "always");
         EXPECT_TRUE(write(shape, path("written.stp"), values));
         return kit_read_file(path("written.stp"));
     }
 
-    std::string written_assembly(Values const & values = {})
+    std::string written_assembly(Values values = {})
     {
+        values.emplace("stepWriteValidation", "always");
         sdkDocument document;
         kit_add_assembly(document);
         EXPECT_TRUE(write(document, path("written.stp"), values));
@@ -106,11 +108,54 @@ TEST_F(StepValidation, OfAPartIsWritten)
     }
 }
 
-TEST_F(StepValidation, IsNotWrittenWhenItIsNotWanted)
+TEST_F(StepValidation, IsWrittenAsTheOptionSays)
 {
-    EXPECT_EQ(written(kit_cube(10), {{"stepWriteValidation", "false"}}).find("validation"),
-              std::string::npos);
-    EXPECT_EQ(written(kit_cube(10), {{"stepWriteSchema", "AP203"}}).find("validation"), std::string::npos);
+    auto const states = [&](std::string const & option, std::int64_t stated, std::string const & schema) {
+        sdkDocument document;
+        document.add_shape(kit_cube(10), "Part");
+        sdk_add_stated(document, stated);
+        EXPECT_TRUE(write(document, path("option.stp"),
+                          {{"stepWriteValidation", option}, {"stepWriteSchema", schema}}));
+        return kit_read_file(path("option.stp")).find("geometric validation property") != std::string::npos;
+    };
+    EXPECT_TRUE(states("always", 0, "AP214"));
+    EXPECT_TRUE(states("always", 2, "AP242"));
+    EXPECT_FALSE(states("stated", 0, "AP214"));
+    EXPECT_FALSE(said().says("volume"));
+    EXPECT_TRUE(states("stated", 2, "AP214"));
+    EXPECT_TRUE(said().says("Volume, area and centroid of 1 products were measured"));
+    EXPECT_FALSE(states("never", 0, "AP214"));
+    EXPECT_FALSE(said().says("lost"));
+    // What the source has stated is not dropped without a word.
+    EXPECT_FALSE(states("never", 2, "AP214"));
+    EXPECT_TRUE(said().says("states for 2 products are lost; to have them written change the option"));
+    EXPECT_FALSE(states("always", 2, "AP203"));
+    EXPECT_TRUE(said().says("AP203 files hold no validation properties"));
+}
+
+TEST_F(StepValidation, IsComparedOnlyWhenItIsWanted)
+{
+    auto const text = replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(50000.)");
+    auto const file = folder().write("read.stp", text);
+    read_file(file, {{"stepReadValidation", "false"}});
+    EXPECT_TRUE(findings().empty());
+    EXPECT_EQ(stated(), 1);
+    read_file(file, {{"stepReadValidation", "true"}});
+    EXPECT_FALSE(findings().empty());
+    EXPECT_EQ(stated(), 1);
+}
+
+TEST_F(StepValidation, StatedByTheSourceGoesFromStepToStep)
+{
+    written_assembly({{"vmrOptOutputUnits", "in"}});
+    for (char const * const structure : {"assembly", "flat"}) {
+        sdkDocument document;
+        ASSERT_TRUE(read(path("written.stp"), document, {{"stepReadStructure", structure}}));
+        ASSERT_TRUE(write(document, path("again.stp"), {{"vmrOptOutputUnits", "m"}}));
+        read_file(path("again.stp"));
+        SCOPED_TRACE(structure);
+        expect_all_agree(9);
+    }
 }
 
 TEST_F(StepValidation, IsInTheUnitOfTheOutput)

@@ -1,8 +1,6 @@
 #include "sdk/geometry/sdkLosses.h"
 
-#include <XCAFDoc_Area.hxx>
-#include <XCAFDoc_Centroid.hxx>
-#include <XCAFDoc_Volume.hxx>
+#include "sdk/sdkStated.h"
 
 namespace {
 
@@ -15,12 +13,6 @@ bool coloured(TDF_Label const & label)
         }
     }
     return false;
-}
-
-bool has_stated_properties(TDF_Label const & label)
-{
-    return label.IsAttribute(XCAFDoc_Volume::GetID()) || label.IsAttribute(XCAFDoc_Area::GetID()) ||
-           label.IsAttribute(XCAFDoc_Centroid::GetID());
 }
 
 void add_attributes(sdkDocument const & document, TDF_Label const & label, sdkAttributeCounts & counts)
@@ -41,7 +33,6 @@ sdkAttributeCounts sdk_count_attributes(sdkDocument const & document)
     document.shapes()->GetShapes(all);
     for (auto const & label : all) {
         add_attributes(document, label, counts);
-        counts.stated += has_stated_properties(label) ? 1 : 0;
         TDF_LabelSequence inner;
         if (XCAFDoc_ShapeTool::IsAssembly(label)) {
             XCAFDoc_ShapeTool::GetComponents(label, inner);
@@ -86,7 +77,7 @@ std::int64_t sdk_report_losses(sdkDocument const & document, sdkCapabilities con
         false,
         "geometry::%s files hold no validation properties: the volumes, areas and centroids that the source "
         "states for %d products are lost",
-        attributes.stated);
+        sdk_stated(document));
     report(capabilities.surfaces, "geometry::%s files hold no surfaces: %d faces become triangles",
            entities.faces - entities.facets_only);
     report(capabilities.curves, "geometry::%s files hold no curves: %d curves are left out", entities.curves);

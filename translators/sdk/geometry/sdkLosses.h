@@ -13,8 +13,6 @@ struct sdkAttributeCounts {
     std::int64_t named = 0;     // parts, assemblies and sub-shapes
     std::int64_t coloured = 0;  // the same and instances
     std::int64_t layered = 0;   // the same
-    // Parts and assemblies of which the source has stated volume, area or centroid.
-    std::int64_t stated = 0;
 };
 
 sdkAttributeCounts sdk_count_attributes(sdkDocument const & document);
