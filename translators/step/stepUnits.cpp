@@ -21,8 +21,9 @@
 
 namespace {
 
-// Units that are defined by units are followed so far; one that is defined by itself ends there.
-constexpr int deepest = 8;
+// Units that are defined by units are followed so far, such as foot, inch, centimetre, metre; one that is
+// defined by itself ends there.
+constexpr int deepest = 5;
 
 std::optional<stepUnit> unit_of(Handle(Standard_Transient) const & entity, int depth);
 

@@ -6,6 +6,7 @@
 
 #include <NCollection_Map.hxx>
 #include <STEPCAFControl_Reader.hxx>
+#include <Standard_Failure.hxx>
 #include <StepBasic_ProductDefinition.hxx>
 #include <StepData_StepModel.hxx>
 
@@ -85,14 +86,14 @@ public:
             return;
         }
         m_part = target.part.empty() ? m_context.file() : target.part;
-        auto arrived = target.measure(m_quick, 0);
-        // The quick integration is not good enough to accuse a translation.
-        if (double const error = worst_error(stated, arrived); error > agreeing && error <= failing) {
-            arrived = target.measure(m_accurate, accurate);
+        auto const arrived = measure(stated, target);
+        if (!arrived) {
+            m_unclear += stated.amounts();
+            return;
         }
-        bool const amounts_agree = compare_amounts(stated, arrived);
+        bool const amounts_agree = compare_amounts(stated, *arrived);
         if (stated.centroid) {
-            compare_centroid(stated, arrived, amounts_agree);
+            compare_centroid(stated, *arrived, amounts_agree);
         }
     }
 
@@ -106,12 +107,28 @@ public:
         if (m_unclear > 0) {
             note(std::nullopt, std::nullopt,
                  sdkText("step::%s: %d stated validation properties could not be compared, because their "
-                         "units or the shapes they belong to are not known",
+                         "units or the shapes they belong to are not known or cannot be measured",
                          m_context.file(), m_unclear));
         }
     }
 
 private:
+    // Nothing when the shape cannot be measured.
+    std::optional<sdkMassProperties> measure(stepStatedProperties const & stated,
+                                             stepPropertyTarget const & target)
+    {
+        try {
+            auto arrived = target.measure(m_quick, 0);
+            // The quick integration is not good enough to accuse a translation.
+            if (double const error = worst_error(stated, arrived); error > agreeing && error <= failing) {
+                arrived = target.measure(m_accurate, accurate);
+            }
+            return arrived.finite() ? std::optional(arrived) : std::nullopt;
+        } catch (Standard_Failure const &) {
+            return std::nullopt;
+        }
+    }
+
     // True when the file states a volume or an area and what it states agrees.
     bool compare_amounts(stepStatedProperties const & stated, sdkMassProperties const & arrived)
     {

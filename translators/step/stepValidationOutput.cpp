@@ -4,6 +4,7 @@
 #include "step/stepUnits.h"
 
 #include <NCollection_DataMap.hxx>
+#include <Standard_Failure.hxx>
 #include <StepBasic_DerivedUnit.hxx>
 #include <StepBasic_DerivedUnitElement.hxx>
 #include <StepBasic_HArray1OfDerivedUnitElement.hxx>
@@ -157,6 +158,15 @@ std::int64_t step_add_validation(Handle(XSControl_WorkSession) const & session, 
     auto const process = session->TransferWriter()->FinderProcess();
     Output output(Handle(StepData_StepModel)::DownCast(session->Model()));
     sdkMassPropertiesOfLabels measured;
+    auto const add = [&](TDF_Label const & label, StepShape_ShapeDefinitionRepresentation const & shown) {
+        try {
+            auto const properties = measured.of(label);
+            return properties.finite() && output.add(shown, properties);
+        } catch (Standard_Failure const &) {
+            // A product that cannot be measured states nothing of itself.
+            return false;
+        }
+    };
     TDF_LabelSequence labels;
     document.shapes()->GetShapes(labels);
     std::int64_t products = 0;
@@ -167,7 +177,7 @@ std::int64_t step_add_validation(Handle(XSControl_WorkSession) const & session, 
         if (!shape.IsNull() &&
             process->FindTypedTransient(TransferBRep::ShapeMapper(process, shape),
                                         STANDARD_TYPE(StepShape_ShapeDefinitionRepresentation), shown) &&
-            output.add(*shown, measured.of(label))) {
+            add(label, *shown)) {
             ++products;
         }
     }
