@@ -8,6 +8,7 @@
 #include "step/stepFile.h"
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
+#include "step/stepValidationCheck.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -147,6 +148,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_units();
     report_losses();
+    step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),
