@@ -1,0 +1,37 @@
+#include "sdk/sdkPlaced.h"
+
+#include "sdk/sdkScaler.h"
+
+#include <gp_Trsf.hxx>
+
+#include <cmath>
+
+double sdk_scale_of(TopLoc_Location const & place)
+{
+    if (place.IsIdentity()) {
+        return 1;
+    }
+    double const factor = place.Transformation().ScaleFactor();
+    return std::abs(factor - 1) <= TopLoc_Location::ScalePrec() ? 1 : factor;
+}
+
+TopLoc_Location sdk_rigid_part(TopLoc_Location const & place)
+{
+    if (sdk_scale_of(place) == 1) {
+        return place;
+    }
+    // A mirror is a negative factor here: what is left without it is a rotation. Changing the factor of a
+    // transformation in place would leave it believing that it is a mirror.
+    auto const whole = place.Transformation();
+    auto const turn = whole.HVectorialPart();
+    auto const shift = whole.TranslationPart();
+    gp_Trsf rigid;
+    rigid.SetValues(turn(1, 1), turn(1, 2), turn(1, 3), shift.X(), turn(2, 1), turn(2, 2), turn(2, 3),
+                    shift.Y(), turn(3, 1), turn(3, 2), turn(3, 3), shift.Z());
+    return TopLoc_Location(rigid);
+}
+
+TopoDS_Shape sdk_placed(TopoDS_Shape const & shape, TopLoc_Location const & place)
+{
+    return shape.IsNull() ? shape : sdkScaler()(shape.Moved(place, Standard_False), 1);
+}
