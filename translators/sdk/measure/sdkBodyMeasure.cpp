@@ -29,6 +29,17 @@ gp_Mat outer(gp_XYZ const & a)
             a.Y() * a.Z(), a.Z() * a.X(), a.Z() * a.Y(), a.Z() * a.Z()};
 }
 
+// The integral of x x' out of that of the inertia.
+gp_Mat second_moments(gp_Mat const & inertia)
+{
+    double const half_trace = (inertia.Value(1, 1) + inertia.Value(2, 2) + inertia.Value(3, 3)) / 2;
+    gp_Mat second = inertia.Multiplied(-1.0);
+    for (int axis = 1; axis <= 3; ++axis) {
+        second.SetValue(axis, axis, half_trace - inertia.Value(axis, axis));
+    }
+    return second;
+}
+
 bool has_surface(TopoDS_Face const & face)
 {
     TopLoc_Location location;
@@ -97,13 +108,8 @@ private:
         measure.faces.push_back({area, centroid});
         m_area += area;
         m_area_moment += arm * area;
-        // The library gives the inertia about the centroid; what is wanted is the integral of x x'.
-        double const half_trace = (inertia.Value(1, 1) + inertia.Value(2, 2) + inertia.Value(3, 3)) / 2;
-        gp_Mat second = inertia.Multiplied(-1.0);
-        for (int axis = 1; axis <= 3; ++axis) {
-            second.SetValue(axis, axis, half_trace - inertia.Value(axis, axis));
-        }
-        m_second += second + outer(arm).Multiplied(area);
+        // The library gives the inertia about the centroid.
+        m_second += second_moments(inertia) + outer(arm).Multiplied(area);
     }
 
     void add_volume(double volume, gp_Pnt const & centroid)
@@ -181,10 +187,11 @@ void extend(TopoDS_Shape const & body, Bnd_Box & extent)
 sdkBodyMeasure measure_curve(TopoDS_Shape const & body)
 {
     sdkBodyMeasure measure;
-    GProp_GProps line;
+    GProp_GProps line(reference_of(body));
     BRepGProp::LinearProperties(body, line);
     measure.length = line.Mass();
     measure.centroid = line.CentreOfMass();
+    measure.moments = second_moments(line.MatrixOfInertia());
     measure.edges = 1;
     extend(body, measure.extent);
     return measure;
@@ -243,7 +250,8 @@ sdkBodyMeasure sdkBodyMeasure::placed(gp_Trsf const & place) const
     result.centroid.Transform(place);
     auto const turn = place.HVectorialPart();
     result.moments = turn.Multiplied(moments).Multiplied(turn.Transposed());
-    result.moments.Multiply(scale * scale * scale * scale);
+    bool const line = area == 0 && length > 0;
+    result.moments.Multiply(scale * scale * scale * (line ? 1 : scale));
     result.extent = extent.IsVoid() ? extent : extent.Transformed(place);
     for (auto & face : result.faces) {
         face.area *= scale * scale;

@@ -71,16 +71,19 @@ void add_inside(TopoDS_Face const & face, int most, std::string const & part,
                 std::vector<sdkSurfacePoint> & points)
 {
     BRepAdaptor_Surface const surface(face, Standard_False);
-    if (surface.GetType() == GeomAbs_Plane) {
-        return;
-    }
     double u_first = 0;
     double u_last = 0;
     double v_first = 0;
     double v_last = 0;
     BRepTools::UVBounds(face, u_first, u_last, v_first, v_last);
+    if (Precision::IsInfinite(u_first) || Precision::IsInfinite(u_last) || Precision::IsInfinite(v_first) ||
+        Precision::IsInfinite(v_last)) {
+        return;
+    }
     BRepTopAdaptor_FClass2d const inside(face, Precision::PConfusion());
-    int const steps = std::max(2, static_cast<int>(std::sqrt(most)) - 2);
+    // Within its edges a plane can only bulge or be absent, which few points show.
+    int const steps =
+        surface.GetType() == GeomAbs_Plane ? 3 : std::max(2, static_cast<int>(std::sqrt(most)) - 2);
     for (int i = 1; i < steps; ++i) {
         for (int j = 1; j < steps; ++j) {
             gp_Pnt2d const at(u_first + (u_last - u_first) * i / steps,

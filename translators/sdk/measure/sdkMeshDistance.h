@@ -14,8 +14,8 @@ struct sdkSurfacePoint {
     std::string part;
 };
 
-// Points of all faces of the document at all their places: along their edges, and on curved faces between
-// them. At most so many for one face.
+// Points of all faces of the document at all their places: along their edges and between them. About so many
+// for one face at most, and fewer for a plane one.
 std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face = 64);
 
 // Distances of points from the triangles of a document, in millimetres.
