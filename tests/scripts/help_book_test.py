@@ -248,6 +248,17 @@ class Maker(unittest.TestCase):
         self.change("docs/help/en/pages/single.htm", "{{label Convert}}", "{{message host::%s is lost}}")
         self.refuses("the program has no text host::%s is lost")
 
+    def test_shows_in_english_what_has_not_been_translated_yet(self):
+        self.change("data/resource_layout.txt", "d.res.vmrOptOutputUnits::Unit of length", "d.res.vmrOptOutputUnits::Yardstick")
+        (self.root / "host").mkdir()
+        (self.root / "host/hostNew.cpp").write_text('say(sdkText("host::%d of the "\n    "shapes are blue", 3));\n')
+        self.change("docs/help/en/pages/single.htm", "{{label Translate}}", "{{message host::%d of the shapes are blue}}")
+        status, said, book = self.make("de")
+        self.assertEqual(status, 0, said)
+        pages = Book(book).pages
+        self.assertIn("Yardstick", text_of(pages["substituted/source/formats/step.htm"]))
+        self.assertIn("... of the shapes are blue", text_of(pages["substituted/source/pages/single.htm"]))
+
     def test_refuses_a_page_outside_the_contents_and_contents_that_differ(self):
         self.change("docs/help/de/contents.txt", "new/new.htm Neues in dieser Version\n", "")
         self.refuses("the contents of de are not those of the English book", "de")

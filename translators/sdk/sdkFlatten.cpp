@@ -6,6 +6,7 @@
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRep_Builder.hxx>
+#include <TDF_LabelMap.hxx>
 #include <TopAbs.hxx>
 #include <TopLoc_Location.hxx>
 #include <TopTools_DataMapOfShapeShape.hxx>
@@ -78,19 +79,18 @@ public:
     // The places are those from the assembly down to the label, the outermost first.
     void flatten(TDF_Label const & label, TopLoc_Location const & location, TDF_LabelSequence const & places)
     {
-        if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
-            add_part(label, location, places);
-            return;
-        }
-        TDF_LabelSequence components;
-        XCAFDoc_ShapeTool::GetComponents(label, components);
-        for (auto const & component : components) {
-            TDF_Label referred;
-            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-                TDF_LabelSequence inner = places;
-                inner.Append(component);
-                flatten(referred, location * XCAFDoc_ShapeTool::GetLocation(component), inner);
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            TDF_LabelSequence inner = places;
+            inner.Append(label);
+            flatten(referred, location * XCAFDoc_ShapeTool::GetLocation(label), inner);
+        } else if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+            TDF_LabelSequence components;
+            XCAFDoc_ShapeTool::GetComponents(label, components);
+            for (auto const & component : components) {
+                flatten(component, location, places);
             }
+        } else {
+            add_part(label, location, places);
         }
     }
 
@@ -108,7 +108,7 @@ private:
         for (auto const & detail : details) {
             TDF_Label copy;
             auto const placed = placement.placed(XCAFDoc_ShapeTool::GetShape(detail));
-            if (m_document.shapes()->AddSubShape(label, placed, copy)) {
+            if (!placed.IsNull() && m_document.shapes()->AddSubShape(label, placed, copy)) {
                 sdk_add_attributes(m_document, detail, copy);
             }
         }
@@ -118,22 +118,33 @@ private:
     sdkPlacing m_placing;
 };
 
-// Removes a shape that nothing uses, and then all that only it used.
-void remove_unused(sdkDocument & document, TDF_Label const & label)
+// Whatever a shape uses, and the shape itself: each behind all that it uses.
+void append_used(TDF_Label const & label, TDF_LabelMap & seen, TDF_LabelSequence & used)
 {
-    TDF_LabelSequence components;
-    XCAFDoc_ShapeTool::GetComponents(label, components);
-    TDF_LabelSequence used;
-    for (auto const & component : components) {
-        TDF_Label referred;
-        if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-            used.Append(referred);
+    if (!seen.Add(label)) {
+        return;
+    }
+    TDF_LabelSequence places;
+    XCAFDoc_ShapeTool::GetComponents(label, places);
+    places.Append(label);
+    for (auto const & place : places) {
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(place, referred)) {
+            append_used(referred, seen, used);
         }
     }
-    document.shapes()->RemoveShape(label, Standard_True);
-    for (auto const & referred : used) {
-        if (XCAFDoc_ShapeTool::IsShape(referred) && XCAFDoc_ShapeTool::IsFree(referred)) {
-            remove_unused(document, referred);
+    used.Append(label);
+}
+
+// Removes a shape that nothing uses, and then all that only it used. The toolkit removes the definition
+// together with a reference to it, so what that uses is looked up before.
+void remove_unused(sdkDocument & document, TDF_Label const & label)
+{
+    TDF_LabelMap seen;
+    TDF_LabelSequence used;
+    append_used(label, seen, used);
+    for (int at = used.Length(); at >= 1; --at) {
+        if (XCAFDoc_ShapeTool::IsShape(used(at)) && XCAFDoc_ShapeTool::IsFree(used(at))) {
+            document.shapes()->RemoveShape(used(at), Standard_True);
         }
     }
 }
@@ -143,15 +154,20 @@ void remove_unused(sdkDocument & document, TDF_Label const & label)
 int sdk_flatten(sdkDocument & document, TDF_LabelSequence const & free_shapes, sdkPlacing placing)
 {
     Flattening flattening(document, placing);
-    TDF_LabelSequence assemblies;
+    TDF_LabelSequence flattened;
+    int assemblies = 0;
     for (auto const & label : free_shapes) {
-        if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+        TDF_Label whole = label;
+        bool const placed = XCAFDoc_ShapeTool::GetReferredShape(label, whole);
+        bool const assembly = XCAFDoc_ShapeTool::IsAssembly(whole);
+        if (placed || assembly) {
             flattening.flatten(label, TopLoc_Location(), {});
-            assemblies.Append(label);
+            flattened.Append(label);
+            assemblies += assembly ? 1 : 0;
         }
     }
-    for (auto const & label : assemblies) {
+    for (auto const & label : flattened) {
         remove_unused(document, label);
     }
-    return assemblies.Length();
+    return assemblies;
 }

@@ -97,6 +97,11 @@ void remove_everywhere(sdkDocument & document, TDF_Label const & label)
     TDF_LabelSequence users;
     XCAFDoc_ShapeTool::GetUsers(label, users);
     for (auto const & user : users) {
+        if (!XCAFDoc_ShapeTool::IsComponent(user)) {
+            // A free shape that is no more than a place of the part.
+            document.shapes()->RemoveShape(user, Standard_True);
+            continue;
+        }
         auto const assembly = user.Father();
         document.shapes()->RemoveComponent(user);
         if (XCAFDoc_ShapeTool::NbComponents(assembly) == 0) {
