@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkStated.h"
 #include "translators/kit/kitFault.h"
 
 #include <TopExp_Explorer.hxx>
@@ -153,4 +154,15 @@ TEST_F(IgesWriter, KeepsMembersThatAreMirroredOrScaled)
             EXPECT_GT(sdk_measure(solid.Current()).volume, 0) << one.file;
         }
     }
+}
+
+TEST_F(IgesWriter, NamesTheValidationPropertiesThatAreLost)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "Part");
+    ASSERT_TRUE(write(document, path("none.igs")));
+    EXPECT_FALSE(said().says("validation"));
+    sdk_add_stated(document, 1);
+    ASSERT_TRUE(write(document, path("stated.igs")));
+    EXPECT_TRUE(said().says("IGES files hold no validation properties"));
 }
