@@ -2,6 +2,7 @@
 
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
+#include "iges/igesPlaces.h"
 #include "iges/igesSewing.h"
 #include "iges/igesUnits.h"
 #include "sdk/exchange/sdkChecks.h"
@@ -111,6 +112,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     TDF_LabelSequence const before = document.free_shapes();
     sdkShapeProcessing const processing(sdkHealing::standard);
     Handle(TDocStd_Document) handle = document.handle();
+    m_reader->add_own();
     bool const sewing = options.boolean("igesReadSolids");
     Message_ProgressScope scope(range, nullptr, 10);
     bool const transferred =
@@ -119,13 +121,14 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
         return sdkResult::cancelled();
     }
     sdk_report_transfer(m_reader->WS(), STANDARD_TYPE(IGESData_IGESEntity), m_context);
-    auto const added = document.free_shapes_since(before);
-    if (!transferred || added.IsEmpty()) {
+    if (!transferred || document.free_shapes_since(before).IsEmpty()) {
         return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));
     }
+    auto const name = sdk_file_stem(m_context.file());
+    iges_settle_places(document, document.free_shapes_since(before), name);
     if (sewing) {
         igesSewing sewer(document, options.real("igesReadSewTolerance"));
-        sewer.sew(added, sdk_file_stem(m_context.file()), scope.Next(3));
+        sewer.sew(document.free_shapes_since(before), name, scope.Next(3));
         if (scope.UserBreak()) {
             return sdkResult::cancelled();
         }

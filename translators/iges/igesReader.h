@@ -1,8 +1,7 @@
 #pragma once
 
+#include "iges/igesRoots.h"
 #include "sdk/sdkModule.h"
-
-#include <IGESCAFControl_Reader.hxx>
 
 #include <optional>
 
@@ -21,5 +20,5 @@ private:
     void settle_unit();
 
     sdkContext & m_context;
-    std::optional<IGESCAFControl_Reader> m_reader;
+    std::optional<igesRoots> m_reader;
 };
