@@ -1,5 +1,6 @@
 #include "iges/igesPlaces.h"
 
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkAttributes.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkPlaced.h"
@@ -60,4 +61,6 @@ void iges_settle_places(sdkDocument & document, TDF_LabelSequence const & labels
     if (!instances.IsEmpty()) {
         make_instances(document, instances, name);
     }
+    // Those within groups.
+    sdk_make_places_rigid(document);
 }
