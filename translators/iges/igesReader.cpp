@@ -1,9 +1,11 @@
 #include "iges/igesReader.h"
 
+#include "iges/igesAccount.h"
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
 #include "iges/igesPlaces.h"
 #include "iges/igesSewing.h"
+#include "iges/igesUnbounded.h"
 #include "iges/igesUnits.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
@@ -13,7 +15,6 @@
 
 #include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
-#include <IGESData_IGESEntity.hxx>
 #include <IGESData_IGESModel.hxx>
 #include <Message_ProgressScope.hxx>
 #include <TCollection_HAsciiString.hxx>
@@ -120,7 +121,9 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->WS(), STANDARD_TYPE(IGESData_IGESEntity), m_context);
+    sdk_report_transfer(m_reader->WS(), {}, m_context);
+    iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+    iges_drop_unbounded(document, document.free_shapes_since(before));
     if (!transferred || document.free_shapes_since(before).IsEmpty()) {
         return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));
     }
