@@ -11,6 +11,8 @@ void igesRoots::add_own()
 {
     auto const model = IGESModel();
     WS()->TransferReader()->SetActor(new igesActor(model));
+    // Without it there is no process to ask for results when there are no roots.
+    WS()->TransferReader()->BeginTransfer();
     // Fills the list; it asks the toolkit's own actor.
     NbRootsForTransfer();
     Interface_ShareFlags const used(WS()->Graph());

@@ -112,6 +112,37 @@ TEST_F(IgesAccount, AFileOfAnUnboundedPlaneHasNoShapes)
     EXPECT_NE(refusal("plane.igs", file.text()).find("no shapes that can be read"), std::string::npos);
 }
 
+TEST_F(IgesAccount, AFileOfNothingThatIsKnownHasNoShapes)
+{
+    igesText file;
+    file.add({168, "5.,4.,3.,0.,0.,0.,1.,0.,0.,0.,0.,1."});
+    EXPECT_NE(refusal("ellipsoid.igs", file.text()).find("no shapes that can be read"), std::string::npos);
+    EXPECT_EQ(account().findings().size(), 1u);
+}
+
+TEST_F(IgesAccount, GroupsThatGatherEachOtherHaveNoShapes)
+{
+    igesText file;
+    file.add({402, "1,3", 7});
+    file.add({402, "1,1", 7});
+    EXPECT_NE(refusal("circle.igs", file.text()).find("no shapes that can be read"), std::string::npos);
+}
+
+TEST_F(IgesAccount, SolidsThatReferToNothingAreNamed)
+{
+    igesText file;
+    file.add({150, block()});
+    file.add({164, "0,5.,0.,0.,1."});
+    file.add({184, "2,0,0,0,0"});
+    file.add({430, "0"});
+    file.add({150, "0.,1.,1.,0.,0.,0.,1.,0.,0.,1.,0.,0."});
+    sdkDocument document;
+    auto const account = read_account(folder().write("nothing.igs", file.text()), document);
+    EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+    EXPECT_EQ(account.findings().size(), 4u);
+    EXPECT_EQ(said().failed(), 4);
+}
+
 TEST_F(IgesAccount, DrawingAnnotationIsOneLoss)
 {
     igesText file;
