@@ -111,7 +111,8 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     TDF_LabelSequence const before = document.free_shapes();
-    sdkShapeProcessing const processing(sdkHealing::standard);
+    sdkShapeProcessing const processing(options.boolean("igesReadHealing") ? sdkHealing::standard
+                                                                           : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
     m_reader->add_own();
     bool const sewing = options.boolean("igesReadSolids");
