@@ -7,6 +7,7 @@
 #include "iges/igesSewing.h"
 #include "iges/igesUnbounded.h"
 #include "iges/igesUnits.h"
+#include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
@@ -98,12 +99,31 @@ void igesReader::settle_unit()
     auto section = model->GlobalSection();
     auto & reporter = m_context.reporter();
     reporter.output("iges::Length unit of the file is %s", unit_of(section));
+    iges_note_scale(section, m_context);
     auto const * const wanted = sdk_length_unit(m_context.options().text("igesReadUnits"));
     if (wanted) {
         section.SetUnitFlag(iges_unit_flag(*wanted));
         section.SetUnitName(new TCollection_HAsciiString(std::string(wanted->toolkit).c_str()));
         model->SetGlobalSection(section);
         reporter.output("iges::Its lengths are taken to be in %s, as the options ask", wanted->name);
+    } else {
+        iges_note_unknown_unit(section, m_context);
+    }
+}
+
+void igesReader::hide_blanked(sdkDocument & document)
+{
+    auto const hidden = iges_hide_blanked(m_reader->WS(), document);
+    if (hidden > 0 && m_reader->GetReadVisible()) {
+        m_context.account().add(
+            {.weight = sdkWeight::note,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .output = 0,
+             .text = sdkText("iges::%s: %d blanked entities are left out, as the options ask",
+                             m_context.file(), hidden)});
     }
 }
 
@@ -124,6 +144,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     sdk_report_transfer(m_reader->WS(), {}, m_context);
     iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+    hide_blanked(document);
     iges_drop_unbounded(document, document.free_shapes_since(before));
     if (!transferred || document.free_shapes_since(before).IsEmpty()) {
         return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));

@@ -18,6 +18,7 @@ public:
 private:
     sdkResult check_text(sdkInputFile const & file) const;
     void settle_unit();
+    void hide_blanked(sdkDocument & document);
 
     sdkContext & m_context;
     std::optional<igesRoots> m_reader;
