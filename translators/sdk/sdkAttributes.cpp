@@ -11,6 +11,9 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
             document.colours()->SetColor(to, colour, type);
         }
     }
+    if (!document.colours()->IsVisible(from)) {
+        document.colours()->SetVisibility(to, Standard_False);
+    }
     TDF_LabelSequence layers;
     document.layers()->GetLayers(from, layers);
     for (auto const & layer : layers) {
