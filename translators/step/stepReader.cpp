@@ -7,6 +7,7 @@
 #include "sdk/sdkLengthUnit.h"
 #include "step/stepActor.h"
 #include "step/stepFile.h"
+#include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
@@ -29,6 +30,7 @@
 #include <algorithm>
 #include <istream>
 #include <set>
+#include <vector>
 
 namespace {
 
@@ -92,8 +94,8 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     "again from the program that made it",
                     m_context.file()));
     }
-    m_references = step_constructive_references(file.text());
-    sdk_report_load(reader.WS(), m_context);
+    m_links = stepTextualLinks(reader.StepModel(), file.text());
+    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) { return m_links.explain(entity); });
     if (auto result = check_transformations(); !result) {
         return result;
     }
@@ -150,7 +152,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->ChangeReader().WS(), STANDARD_TYPE(StepShape_Face), m_context);
+    take_inventory();
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
@@ -179,12 +181,25 @@ void stepReader::build_missing()
         return;
     }
     stepProducts const products(model);
-    stepSolids solids(model, actor, process, m_references);
+    stepSolids solids(model, actor, process, m_links.operands());
     stepMappings mappings(products, solids, actor, process);
     for (int number = 1; number <= model->NbEntities(); ++number) {
         mappings.build(Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number)));
     }
     actor->ResetUnits();
+}
+
+void stepReader::take_inventory()
+{
+    auto & reader = m_reader->ChangeReader();
+    std::vector<Handle(Standard_Transient)> roots;
+    for (int number = 1; number <= reader.NbRootsForTransfer(); ++number) {
+        roots.push_back(reader.RootForTransfer(number));
+    }
+    stepInventory inventory(reader.WS(), m_links, m_context);
+    inventory.take(roots);
+    sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context,
+                        [&](auto const & entity) { return inventory.has_lost(entity); });
 }
 
 sdkResult stepReader::check_transformations() const
