@@ -4,7 +4,6 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
-#include "sdk/sdkLengthUnit.h"
 #include "step/stepActor.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
@@ -13,6 +12,7 @@
 #include "step/stepMappings.h"
 #include "step/stepProducts.h"
 #include "step/stepSolids.h"
+#include "step/stepUnits.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -21,7 +21,6 @@
 #include <StepGeom_CartesianTransformationOperator.hxx>
 #include <StepShape_Face.hxx>
 #include <StepShape_ShapeRepresentation.hxx>
-#include <TColStd_SequenceOfAsciiString.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <Transfer_TransientProcess.hxx>
 #include <XSControl_TransferReader.hxx>
@@ -29,7 +28,6 @@
 
 #include <algorithm>
 #include <istream>
-#include <set>
 #include <vector>
 
 namespace {
@@ -40,14 +38,6 @@ bool has_geometry(TDF_LabelSequence const & shapes)
     return std::any_of(parts.begin(), parts.end(), [](TDF_Label const & part) {
         return sdk_count_entities(XCAFDoc_ShapeTool::GetShape(part)).entities() > 0;
     });
-}
-
-// The sign of a unit that the file names in words; other names are left alone.
-std::string sign_of(std::string_view name)
-{
-    auto const known = std::find_if(sdk_length_units.begin(), sdk_length_units.end(),
-                                    [name](auto const & unit) { return unit.english == name; });
-    return std::string(known == sdk_length_units.end() ? name : known->name);
 }
 
 } // namespace
@@ -157,7 +147,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
     }
-    report_units();
+    step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
@@ -222,14 +212,23 @@ sdkResult stepReader::check_transformations() const
 sdkResult stepReader::without_shapes() const
 {
     auto const unknown = sdk_unknown_kinds(m_reader->Reader().WS());
+    auto const & file = m_context.file();
     if (unknown.empty()) {
         return sdkResult::read_error(
-            sdkText("step::%s has no shapes that can be read; its schema is %s", m_context.file(), m_schema));
+            m_schema.empty()
+                ? sdkText("step::%s has no shapes that can be read, and it names no schema", file)
+                : sdkText("step::%s has no shapes that can be read; its schema is %s", file, m_schema));
+    }
+    if (m_schema.empty()) {
+        return sdkResult::read_error(sdkText(
+            "step::%s has no shapes that can be read; it names no schema, and it has entities of kinds "
+            "that are not known: %s. Export it with exact geometry",
+            file, unknown));
     }
     return sdkResult::read_error(
         sdkText("step::%s has no shapes that can be read; its schema is %s, and it "
                 "has entities of kinds that are not known: %s. Export it with exact geometry",
-                m_context.file(), m_schema, unknown));
+                file, m_schema, unknown));
 }
 
 void stepReader::prepare_layers() const
@@ -246,26 +245,16 @@ void stepReader::report_losses() const
 {
     auto const losses = step_count_losses(m_reader->Reader().Model());
     if (losses.has_pmi()) {
-        m_context.reporter().output(
-            "step::Product and manufacturing information is not translated: %d dimensions, %d "
-            "geometric tolerances, %d datums, %d annotations and %d views are lost",
-            losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views);
-    }
-}
-
-void stepReader::report_units()
-{
-    TColStd_SequenceOfAsciiString lengths;
-    TColStd_SequenceOfAsciiString angles;
-    TColStd_SequenceOfAsciiString solid_angles;
-    m_reader->ChangeReader().FileUnits(lengths, angles, solid_angles);
-    std::set<std::string> names;
-    for (auto const & length : lengths) {
-        TCollection_AsciiString name = length;
-        name.LowerCase();
-        names.insert(sign_of(name.ToCString()));
-    }
-    for (auto const & name : names) {
-        m_context.reporter().output("step::Length unit of the file is %s", name);
+        m_context.account().add(
+            {.weight = sdkWeight::loss,
+             .kind = "annotation",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(losses.number()),
+             .output = 0.0,
+             .text = sdkText(
+                 "step::Product and manufacturing information is not translated: %d dimensions, %d "
+                 "geometric tolerances, %d datums, %d annotations and %d views are lost",
+                 losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views)});
     }
 }

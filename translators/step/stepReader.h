@@ -25,7 +25,6 @@ private:
     void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
-    void report_units();
 
     sdkContext & m_context;
     sdkStatics m_statics;
