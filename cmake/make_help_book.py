@@ -102,6 +102,8 @@ class Texts:
 
     def label(self, text):
         if text not in self.labels:
+            if text in self.texts_of_sources():
+                return shown(text.partition("::")[2])
             fail(f"no window has the label {text}")
         return self.labels[text]
 

@@ -205,7 +205,7 @@ class Maker(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name)
-        for name in ("docs/help", "data/locale", "translators"):
+        for name in ("docs/help", "data/locale", "translators", "host", "source"):
             shutil.copytree(ROOT / name, self.root / name)
         for name in ("data/resource_layout.txt", "data/export_overrides.txt"):
             shutil.copy(ROOT / name, self.root / name)
@@ -250,7 +250,6 @@ class Maker(unittest.TestCase):
 
     def test_shows_in_english_what_has_not_been_translated_yet(self):
         self.change("data/resource_layout.txt", "d.res.vmrOptOutputUnits::Unit of length", "d.res.vmrOptOutputUnits::Yardstick")
-        (self.root / "host").mkdir()
         (self.root / "host/hostNew.cpp").write_text('say(sdkText("host::%d of the "\n    "shapes are blue", 3));\n')
         self.change("docs/help/en/pages/single.htm", "{{label Translate}}", "{{message host::%d of the shapes are blue}}")
         status, said, book = self.make("de")

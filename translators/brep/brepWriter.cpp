@@ -6,6 +6,7 @@
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/geometry/sdkScale.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
@@ -39,6 +40,7 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     Message_ProgressScope scope(range, nullptr, 10);
     auto & reporter = m_context.reporter();
     auto const & options = m_context.options();
+    sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
     sdk_report_losses(document, m_context.promise().holds, "BREP", reporter);

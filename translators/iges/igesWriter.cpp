@@ -10,6 +10,7 @@
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkStated.h"
 
 #include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
@@ -90,6 +91,11 @@ void igesWriter::report_losses(sdkDocument & document)
                 "iges::IGES files hold ASCII names only: %d names have underscores for other characters",
                 names);
         }
+    }
+    if (auto const stated = sdk_stated(document); stated > 0) {
+        reporter.output("geometry::%s files hold no validation properties: the volumes, areas and centroids "
+                        "that the source states for %d products are lost",
+                        "IGES", stated);
     }
     TDF_LabelSequence layers;
     document.layers()->GetLayerLabels(layers);

@@ -1,34 +1,40 @@
 #include "sdk/sdkFlatten.h"
 
 #include "sdk/sdkAttributes.h"
+#include "sdk/sdkPlaced.h"
+#include "sdk/sdkScaler.h"
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRep_Builder.hxx>
 #include <TDF_LabelMap.hxx>
+#include <TopAbs.hxx>
 #include <TopLoc_Location.hxx>
+#include <TopTools_DataMapOfShapeShape.hxx>
 #include <TopoDS_Compound.hxx>
 
 #include <optional>
 
 namespace {
 
-// A copy of a shape whose place has become part of its geometry: a free shape of a document has no place of
-// its own.
+// A part at another place: a free shape of a document has no place of its own, so the place becomes part of
+// the geometry, or the part lies in a compound.
 class Placement {
 public:
     Placement(TopoDS_Shape const & shape, TopLoc_Location const & location, sdkPlacing placing)
         : m_location(location)
     {
-        // Triangles without a surface are not transformed.
-        if (placing == sdkPlacing::compound || sdk_count_entities(shape).facets_only > 0) {
-            TopoDS_Compound compound;
-            BRep_Builder builder;
-            builder.MakeCompound(compound);
-            builder.Add(compound, shape.Moved(location));
-            m_shape = compound;
-        } else {
+        bool const rigid = sdk_scale_of(location) == 1;
+        // Triangles without a surface are not transformed by the toolkit.
+        if (rigid && (placing == sdkPlacing::compound || sdk_count_entities(shape).facets_only > 0)) {
+            m_shape = in_compound(shape.Moved(location));
+        } else if (rigid) {
             m_transform.emplace(shape, location.Transformation(), Standard_True);
             m_shape = m_transform->Shape();
+        } else {
+            sdkScaler scaler([this](TopoDS_Shape const & before, TopoDS_Shape const & after, double) {
+                m_scaled.Bind(before, after);
+            });
+            m_shape = in_compound(scaler(shape.Moved(location, Standard_False), 1));
         }
     }
 
@@ -36,12 +42,33 @@ public:
 
     TopoDS_Shape placed(TopoDS_Shape const & detail) const
     {
-        return m_transform ? m_transform->ModifiedShape(detail) : detail.Moved(m_location);
+        if (m_transform) {
+            return m_transform->ModifiedShape(detail);
+        }
+        TopoDS_Shape scaled;
+        auto const base = detail.Located(TopLoc_Location()).Oriented(TopAbs_FORWARD);
+        if (!m_scaled.Find(base, scaled)) {
+            return detail.Moved(sdk_rigid_part(m_location));
+        }
+        auto const place = m_location * detail.Location();
+        auto const now = scaled.Located(sdk_rigid_part(place))
+                             .Oriented(TopAbs::Compose(detail.Orientation(), scaled.Orientation()));
+        return sdk_found_in(m_shape, now);
     }
 
 private:
+    static TopoDS_Shape in_compound(TopoDS_Shape const & shape)
+    {
+        TopoDS_Compound compound;
+        BRep_Builder builder;
+        builder.MakeCompound(compound);
+        builder.Add(compound, shape);
+        return compound;
+    }
+
     TopLoc_Location m_location;
     TopoDS_Shape m_shape;
+    TopTools_DataMapOfShapeShape m_scaled;
     std::optional<BRepBuilderAPI_Transform> m_transform;
 };
 

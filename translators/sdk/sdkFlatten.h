@@ -5,8 +5,8 @@
 // How a free shape, which has no place of its own in a document, holds a part that is placed elsewhere.
 enum class sdkPlacing {
     geometry, // as a copy whose geometry is moved
-    compound  // as a compound with the part at its place; costs nothing, and formats without structure do not
-              // mind
+    compound  // as a compound with the part at its place; costs nothing, unless the place scales or mirrors,
+              // and formats without structure do not mind
 };
 
 // Replaces each of the given free shapes that is an assembly, or a place of a definition that stands beside

@@ -2,8 +2,11 @@
 
 #include "sdk/sdkScaler.h"
 
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <gp_Trsf.hxx>
 
+#include <algorithm>
 #include <cmath>
 
 double sdk_scale_of(TopLoc_Location const & place)
@@ -34,4 +37,36 @@ TopLoc_Location sdk_rigid_part(TopLoc_Location const & place)
 TopoDS_Shape sdk_placed(TopoDS_Shape const & shape, TopLoc_Location const & place)
 {
     return shape.IsNull() ? shape : sdkScaler()(shape.Moved(place, Standard_False), 1);
+}
+
+TopoDS_Shape sdk_found_in(TopoDS_Shape const & whole, TopoDS_Shape const & wanted)
+{
+    if (whole.IsNull() || wanted.IsNull()) {
+        return {};
+    }
+    TopTools_IndexedMapOfShape candidates;
+    TopExp::MapShapes(whole, wanted.ShapeType(), candidates);
+    if (candidates.Contains(wanted)) {
+        return wanted;
+    }
+    auto const place = wanted.Location().Transformation();
+    for (int at = 1; at <= candidates.Extent(); ++at) {
+        auto const & one = candidates(at);
+        if (!one.IsPartner(wanted)) {
+            continue;
+        }
+        auto const other = one.Location().Transformation();
+        double apart = 0;
+        double size = 1;
+        for (int row = 1; row <= 3; ++row) {
+            for (int column = 1; column <= 4; ++column) {
+                apart = std::max(apart, std::abs(place.Value(row, column) - other.Value(row, column)));
+                size = std::max(size, std::abs(place.Value(row, column)));
+            }
+        }
+        if (apart <= 1e-12 * size) {
+            return one.Oriented(wanted.Orientation());
+        }
+    }
+    return {};
 }

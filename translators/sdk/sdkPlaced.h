@@ -18,3 +18,7 @@ TopLoc_Location sdk_rigid_part(TopLoc_Location const & place);
 // or that of the shape or of a member of its compounds, scales or mirrors, the result has a copy of the
 // geometry, else it shares it. A null shape gives a null shape.
 TopoDS_Shape sdk_placed(TopoDS_Shape const & shape, TopLoc_Location const & place);
+
+// The shape within a whole that shares its geometry with the wanted one and lies where it lies. Two places
+// that were made apart are never the same to the toolkit, though they may be equal. Null when there is none.
+TopoDS_Shape sdk_found_in(TopoDS_Shape const & whole, TopoDS_Shape const & wanted);

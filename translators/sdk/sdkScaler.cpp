@@ -15,7 +15,7 @@ namespace {
 
 TopLoc_Location scaled_place(TopLoc_Location const & location, double factor)
 {
-    if (factor == 1 && sdk_scale_of(location) == 1) {
+    if (location.IsIdentity() || (factor == 1 && sdk_scale_of(location) == 1)) {
         return location;
     }
     auto transformation = sdk_rigid_part(location).Transformation();

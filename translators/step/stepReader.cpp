@@ -11,8 +11,9 @@
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
 #include "step/stepProducts.h"
+#include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
-#include "step/stepUnits.h"
+#include "step/stepValidationCheck.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -149,6 +150,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
+    step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),

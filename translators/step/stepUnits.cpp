@@ -1,115 +1,123 @@
 #include "step/stepUnits.h"
 
-#include "sdk/sdkLengthUnit.h"
-#include "step/stepSolids.h"
-
-#include <Interface_InterfaceModel.hxx>
 #include <STEPConstruct_UnitContext.hxx>
+#include <StepBasic_AreaUnit.hxx>
+#include <StepBasic_ConversionBasedUnit.hxx>
+#include <StepBasic_ConversionBasedUnitAndLengthUnit.hxx>
+#include <StepBasic_DerivedUnit.hxx>
+#include <StepBasic_DerivedUnitElement.hxx>
+#include <StepBasic_HArray1OfNamedUnit.hxx>
+#include <StepBasic_LengthUnit.hxx>
+#include <StepBasic_MeasureWithUnit.hxx>
+#include <StepBasic_SiUnit.hxx>
+#include <StepBasic_SiUnitAndAreaUnit.hxx>
+#include <StepBasic_SiUnitAndLengthUnit.hxx>
+#include <StepBasic_SiUnitAndVolumeUnit.hxx>
 #include <StepGeom_GeomRepContextAndGlobUnitAssCtxAndGlobUncertaintyAssCtx.hxx>
 #include <StepGeom_GeometricRepresentationContextAndGlobalUnitAssignedContext.hxx>
-#include <StepGeom_Placement.hxx>
 #include <StepRepr_GlobalUnitAssignedContext.hxx>
-#include <StepRepr_RepresentationContext.hxx>
-#include <StepShape_GeometricSet.hxx>
-#include <StepShape_ShapeRepresentation.hxx>
-#include <StepShape_ShellBasedSurfaceModel.hxx>
 
-#include <map>
-#include <sstream>
-#include <string>
+#include <cmath>
 
 namespace {
 
-Handle(StepRepr_GlobalUnitAssignedContext) units_of(Handle(StepRepr_RepresentationContext) const & context)
+// Units that are defined by units are followed so far, such as foot, inch, centimetre, metre; one that is
+// defined by itself ends there.
+constexpr int deepest = 5;
+
+std::optional<stepUnit> unit_of(Handle(Standard_Transient) const & entity, int depth);
+
+std::optional<stepUnit> si_unit(StepBasic_SiUnit const & unit)
 {
-    if (auto const both =
-            Handle(StepGeom_GeomRepContextAndGlobUnitAssCtxAndGlobUncertaintyAssCtx)::DownCast(context);
-        !both.IsNull()) {
-        return both->GlobalUnitAssignedContext();
+    double const prefix = unit.HasPrefix() ? STEPConstruct_UnitContext::ConvertSiPrefix(unit.Prefix()) : 1.0;
+    if (unit.Name() != StepBasic_sunMetre) {
+        return std::nullopt;
     }
-    if (auto const units =
-            Handle(StepGeom_GeometricRepresentationContextAndGlobalUnitAssignedContext)::DownCast(context);
-        !units.IsNull()) {
-        return units->GlobalUnitAssignedContext();
-    }
-    return Handle(StepRepr_GlobalUnitAssignedContext)::DownCast(context);
+    return stepUnit{1000 * prefix, 1};
 }
 
-// Of one length unit; 0 when the context has none.
-double millimetres_of(Handle(StepRepr_RepresentationContext) const & context)
+std::optional<stepUnit> conversion_based(StepBasic_ConversionBasedUnit const & unit, int depth)
 {
-    auto const units = units_of(context);
-    STEPConstruct_UnitContext factors;
-    if (units.IsNull() || units->Units().IsNull()) {
-        return 0;
+    auto const & measure = unit.ConversionFactor();
+    if (measure.IsNull() || measure->ValueComponentMember().IsNull()) {
+        return std::nullopt;
     }
-    factors.ComputeFactors(units);
-    return factors.LengthDone() ? factors.LengthFactor() : 0;
+    auto result = unit_of(measure->UnitComponent().Value(), depth);
+    if (result) {
+        result->factor *= measure->ValueComponent();
+    }
+    return result;
 }
 
-std::string sign_of(double millimetres)
+std::optional<stepUnit> derived(StepBasic_DerivedUnit const & unit, int depth)
 {
-    if (auto const * unit = sdk_length_unit(millimetres); unit != nullptr) {
-        return std::string(unit->name);
+    stepUnit product{1, 0};
+    if (unit.Elements().IsNull()) {
+        return std::nullopt;
     }
-    std::ostringstream text;
-    text << millimetres << " mm";
-    return text.str();
-}
-
-bool has_geometry(StepRepr_Representation const & shape)
-{
-    for (int index = 1; !shape.Items().IsNull() && index <= shape.NbItems(); ++index) {
-        auto const item = shape.ItemsValue(index);
-        if (!item.IsNull() &&
-            (stepSolids::is_solid(item) || item->IsKind(STANDARD_TYPE(StepShape_ShellBasedSurfaceModel)) ||
-             item->IsKind(STANDARD_TYPE(StepShape_GeometricSet)))) {
-            return true;
+    for (int at = 1; at <= unit.NbElements(); ++at) {
+        auto const & element = unit.ElementsValue(at);
+        auto const one = element.IsNull() ? std::nullopt : unit_of(element->Unit(), depth);
+        if (!one) {
+            return std::nullopt;
         }
+        product.factor *= std::pow(one->factor, element->Exponent());
+        product.dimension += one->dimension * element->Exponent();
     }
-    return false;
+    return product;
+}
+
+std::optional<stepUnit> unit_of(Handle(Standard_Transient) const & entity, int depth)
+{
+    if (depth == deepest) {
+        return std::nullopt;
+    }
+    if (auto const si = Handle(StepBasic_SiUnit)::DownCast(entity); !si.IsNull()) {
+        return si_unit(*si);
+    }
+    if (auto const unit = Handle(StepBasic_ConversionBasedUnit)::DownCast(entity); !unit.IsNull()) {
+        return conversion_based(*unit, depth + 1);
+    }
+    if (auto const unit = Handle(StepBasic_DerivedUnit)::DownCast(entity); !unit.IsNull()) {
+        return derived(*unit, depth + 1);
+    }
+    return std::nullopt;
+}
+
+Handle(StepBasic_HArray1OfNamedUnit) units_of(Handle(StepRepr_RepresentationContext) const & context)
+{
+    using Plain = StepRepr_GlobalUnitAssignedContext;
+    using Geometric = StepGeom_GeometricRepresentationContextAndGlobalUnitAssignedContext;
+    using Uncertain = StepGeom_GeomRepContextAndGlobUnitAssCtxAndGlobUncertaintyAssCtx;
+    if (auto const plain = Handle(Plain)::DownCast(context); !plain.IsNull()) {
+        return plain->Units();
+    }
+    if (auto const geometric = Handle(Geometric)::DownCast(context); !geometric.IsNull()) {
+        return geometric->Units();
+    }
+    auto const uncertain = Handle(Uncertain)::DownCast(context);
+    return uncertain.IsNull() ? nullptr : uncertain->Units();
 }
 
 } // namespace
 
-void step_report_units(Handle(Interface_InterfaceModel) const & model, sdkContext & context)
+std::optional<stepUnit> step_unit(Handle(Standard_Transient) const & unit)
 {
-    std::map<std::string, int> found;
-    int without = 0;
-    for (int number = 1; number <= model->NbEntities(); ++number) {
-        auto const shape = Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number));
-        if (shape.IsNull() || !has_geometry(*shape)) {
-            continue;
+    auto const result = unit_of(unit, 0);
+    // An amount in an impossible unit is no amount.
+    return result && std::isfinite(result->factor) && result->factor > 0 ? result : std::nullopt;
+}
+
+Handle(StepBasic_NamedUnit) step_length_unit(Handle(StepRepr_RepresentationContext) const & context)
+{
+    auto const units = units_of(context);
+    if (units.IsNull()) {
+        return nullptr;
+    }
+    for (auto const & unit : *units) {
+        if (auto const one = step_unit(unit); one && one->dimension == 1) {
+            return unit;
         }
-        if (double const unit = millimetres_of(shape->ContextOfItems()); unit > 0) {
-            ++found[sign_of(unit)];
-        } else {
-            ++without;
-        }
     }
-    std::string all;
-    for (auto const & [sign, shapes] : found) {
-        context.reporter().output("step::Length unit of the file is %s", sign);
-        all += (all.empty() ? "" : ", ") + sign;
-    }
-    if (found.size() > 1) {
-        context.account().add(
-            {.kind = "unit-mixed",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(found.size()),
-             .text =
-                 sdkText("step::The parts of %s are in different length units: %s; each is converted from "
-                         "its own",
-                         context.file(), all)});
-    }
-    if (without > 0) {
-        context.account().add(
-            {.kind = "unit-assumed",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(without),
-             .text = sdkText("step::%s states no length unit for %d of its shapes; millimetres are assumed",
-                             context.file(), without)});
-    }
+    return nullptr;
 }

@@ -1,11 +1,21 @@
 #pragma once
 
-#include "sdk/sdkContext.h"
-
 #include <Standard_Handle.hxx>
 
-class Interface_InterfaceModel;
+#include <optional>
 
-// Tells the user the length units that the shapes of a file are in, each once. Adds a note when there are
-// several, and when shapes have none, so that millimetres are assumed.
-void step_report_units(Handle(Interface_InterfaceModel) const & model, sdkContext & context);
+class Standard_Transient;
+class StepBasic_NamedUnit;
+class StepRepr_RepresentationContext;
+
+// A unit of length, area or volume: millimetres to the power of its dimension.
+struct stepUnit {
+    double factor = 1;
+    double dimension = 1;
+};
+
+// The unit of a named or derived unit; nothing for one that is not made of lengths or is not understood.
+std::optional<stepUnit> step_unit(Handle(Standard_Transient) const & unit);
+
+// The unit of length of the coordinates in a representation; null when its context states none.
+Handle(StepBasic_NamedUnit) step_length_unit(Handle(StepRepr_RepresentationContext) const & context);

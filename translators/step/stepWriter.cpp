@@ -3,13 +3,16 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkStated.h"
 #include "step/stepFile.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
+#include "step/stepValidationOutput.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -66,6 +69,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     auto & reporter = m_context.reporter();
+    sdk_make_places_rigid(document);
     if (options.text("stepWriteStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, document.free_shapes(), sdkPlacing::geometry);
             assemblies > 0) {
@@ -91,9 +95,33 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
     reporter.processed(entities - failed);
+    add_validation(document);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
     return sdkResult::completed();
+}
+
+void stepWriter::add_validation(sdkDocument const & document)
+{
+    auto const & options = m_context.options();
+    auto const & wanted = options.text("stepWriteValidation");
+    auto const stated = sdk_stated(document);
+    // The first edition of AP203 has no entities for them.
+    bool const held = options.text("stepWriteSchema") != "AP203";
+    if (held && (wanted == "always" || (wanted == "stated" && stated > 0))) {
+        auto const products = step_add_validation(m_writer->ChangeWriter().WS(), document);
+        m_context.reporter().output("step::Volume, area and centroid of %d products were measured and are "
+                                    "stated in the output",
+                                    products);
+    } else if (stated > 0) {
+        m_context.reporter().output(held ? "step::The volumes, areas and centroids that the source states "
+                                           "for %d products are lost; to "
+                                           "have them written change the option stepWriteValidation"
+                                         : "step::AP203 files hold no validation properties: the volumes, "
+                                           "areas and centroids that the "
+                                           "source states for %d products are lost",
+                                    stated);
+    }
 }
 
 sdkResult stepWriter::write(std::string const & path, Message_ProgressRange const & range)

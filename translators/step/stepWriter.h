@@ -16,6 +16,8 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void add_validation(sdkDocument const & document);
+
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Writer> m_writer;

@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
 #include "stl/stlInput.h"
@@ -65,6 +66,7 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     Message_ProgressScope scope(range, nullptr, 10);
     auto & reporter = m_context.reporter();
     auto const & options = m_context.options();
+    sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
     bool const each = m_context.promise().holds.names;
@@ -134,7 +136,7 @@ void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & locatio
     }
     Solid solid{sdkDocument::name(label), {}};
     double const unit = sdk_output_unit(m_context.options()).millimetres;
-    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location);
+    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location, Standard_False);
     for (TopExp_Explorer face(placed, TopAbs_FACE); face.More(); face.Next()) {
         TopLoc_Location ignored;
         auto const & one = TopoDS::Face(face.Current());

@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkStated.h"
 
 class IgesWriter : public igesFormatTest {
 protected:
@@ -126,4 +127,15 @@ TEST_F(IgesWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
     EXPECT_TRUE(promise().read_back.empty());
     EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
     EXPECT_FALSE(promise().checked);
+}
+
+TEST_F(IgesWriter, NamesTheValidationPropertiesThatAreLost)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "Part");
+    ASSERT_TRUE(write(document, path("none.igs")));
+    EXPECT_FALSE(said().says("validation"));
+    sdk_add_stated(document, 1);
+    ASSERT_TRUE(write(document, path("stated.igs")));
+    EXPECT_TRUE(said().says("IGES files hold no validation properties"));
 }

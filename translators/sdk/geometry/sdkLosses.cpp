@@ -1,5 +1,7 @@
 #include "sdk/geometry/sdkLosses.h"
 
+#include "sdk/sdkStated.h"
+
 namespace {
 
 bool coloured(TDF_Label const & label)
@@ -71,6 +73,11 @@ std::int64_t sdk_report_losses(sdkDocument const & document, sdkCapabilities con
            attributes.coloured);
     report(capabilities.layers, "geometry::%s files hold no layers: the layers of %d shapes are lost",
            attributes.layered);
+    report(
+        false,
+        "geometry::%s files hold no validation properties: the volumes, areas and centroids that the source "
+        "states for %d products are lost",
+        sdk_stated(document));
     report(capabilities.surfaces, "geometry::%s files hold no surfaces: %d faces become triangles",
            entities.faces - entities.facets_only);
     report(capabilities.curves, "geometry::%s files hold no curves: %d curves are left out", entities.curves);

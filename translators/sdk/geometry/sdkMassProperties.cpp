@@ -3,6 +3,7 @@
 #include <BRepBndLib.hxx>
 #include <BRepGProp.hxx>
 #include <GProp_GProps.hxx>
+#include <Precision.hxx>
 #include <TopExp_Explorer.hxx>
 #include <gp_Trsf.hxx>
 
@@ -48,6 +49,12 @@ void add_faces(TopoDS_Shape const & shape, TopAbs_ShapeEnum avoided, double accu
 }
 
 } // namespace
+
+bool sdkMassProperties::finite() const
+{
+    auto const usable = [](double number) { return std::isfinite(number) && !Precision::IsInfinite(number); };
+    return usable(volume) && usable(area) && usable(volume_moment.Modulus()) && usable(area_moment.Modulus());
+}
 
 std::optional<gp_Pnt> sdkMassProperties::centroid() const
 {

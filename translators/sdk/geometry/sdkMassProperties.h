@@ -26,6 +26,8 @@ struct sdkMassProperties {
     gp_XYZ volume_moment{0, 0, 0};
     gp_XYZ area_moment{0, 0, 0};
 
+    // False for what was integrated over broken or unbounded geometry.
+    bool finite() const;
     // That of the solids, where there are none that of the faces; nothing where there is neither.
     std::optional<gp_Pnt> centroid() const;
     // Adds those of another shape at that place, which may be scaled or mirrored.

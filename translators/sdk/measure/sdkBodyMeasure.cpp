@@ -60,6 +60,7 @@ public:
         if (solid) {
             BRepGProp_Vinert volume;
             volume.SetLocation(m_reference);
+            domain.Init(face); // it serves for one integration only
             natural ? volume.Perform(surface) : volume.Perform(surface, domain);
             add_volume(volume.Mass(), volume.CentreOfMass());
         }

@@ -262,5 +262,10 @@ private:
 std::vector<sdkFinding> sdk_compare(sdkInventory const & source, sdkInventory const & output,
                                     sdkComparisonOptions const & options)
 {
+    if (!options.promise.hidden) {
+        auto visible = source;
+        std::erase_if(visible.bodies, [](sdkBody const & body) { return body.hidden; });
+        return Comparison(visible, output, options).findings();
+    }
     return Comparison(source, output, options).findings();
 }

@@ -1,5 +1,6 @@
 #include "sdk/geometry/sdkLosses.h"
 
+#include "sdk/sdkStated.h"
 #include "translators/kit/kitParts.h"
 #include "translators/kit/kitTrip.h"
 
@@ -54,5 +55,18 @@ TEST(Losses, NamesEachKindWithItsCount)
     EXPECT_TRUE(reporter.says("2 curves are left out"));
     EXPECT_TRUE(reporter.says("1 points are left out"));
     EXPECT_EQ(reporter.outputs.size(), 7U);
+    EXPECT_TRUE(reporter.misfits.empty());
+}
+
+TEST(Losses, NameWhatTheSourceHasStatedOfItsProducts)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "");
+    sdk_add_stated(document, 2);
+    sdk_add_stated(document, 1);
+    kitReporter reporter;
+    sdk_report_losses(document, {}, "STL", reporter);
+    EXPECT_TRUE(reporter.says("STL files hold no validation properties"));
+    EXPECT_TRUE(reporter.says("states for 3 products are lost"));
     EXPECT_TRUE(reporter.misfits.empty());
 }

@@ -2,9 +2,10 @@
 
 #include "translators/kit/kitParts.h"
 
-#include <BRepBuilderAPI_Transform.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <TopExp_Explorer.hxx>
+#include <gp_Pln.hxx>
 #include <gp_Trsf.hxx>
 
 #include <gtest/gtest.h>
@@ -89,6 +90,12 @@ TEST(MassProperties, AScaledAndMirroredPlacementScalesThem)
     EXPECT_NEAR(placed.volume, 8000, 1e-9);
     EXPECT_NEAR(placed.area, 2400, 1e-9);
     expect_point(placed.centroid(), gp_Pnt(-10, -10, -10));
+}
+
+TEST(MassProperties, OfAnUnboundedFaceAreNoNumbers)
+{
+    EXPECT_TRUE(sdk_mass_properties(kit_cube(10)).finite());
+    EXPECT_FALSE(sdk_mass_properties(BRepBuilderAPI_MakeFace(gp_Pln()).Face()).finite());
 }
 
 TEST(MassProperties, AnAccuracyIsReached)

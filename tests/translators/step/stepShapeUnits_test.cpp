@@ -1,6 +1,6 @@
 #include "stepTextTest.h"
 
-class StepUnits : public stepTextTest {
+class StepShapeUnits : public stepTextTest {
 protected:
     std::vector<std::string> kinds() const
     {
@@ -15,7 +15,7 @@ protected:
     static constexpr char const * block = "#100=CSG_SOLID('',#101);\n#101=BLOCK('',#16,6.,1.,1.);\n";
 };
 
-TEST_F(StepUnits, PartsInDifferentUnitsAreEachConverted)
+TEST_F(StepShapeUnits, PartsInDifferentUnitsAreEachConverted)
 {
     expect_volumes(fault("mm_in_assy.step"), {6000, 6000});
     EXPECT_TRUE(said().says("Length unit of the file is mm"));
@@ -24,14 +24,14 @@ TEST_F(StepUnits, PartsInDifferentUnitsAreEachConverted)
     EXPECT_NE(account().findings().front().text.formatted().find("in, mm"), std::string::npos);
 }
 
-TEST_F(StepUnits, OneUnitIsNoFinding)
+TEST_F(StepShapeUnits, OneUnitIsNoFinding)
 {
     expect_volumes(fault("nounit.step"), {6000});
     EXPECT_TRUE(said().says("Length unit of the file is mm"));
     EXPECT_TRUE(kinds().empty());
 }
 
-TEST_F(StepUnits, AUnitWithoutASignIsToldByItsLength)
+TEST_F(StepShapeUnits, AUnitWithoutASignIsToldByItsLength)
 {
     expect_volumes(file_of("#100",
                            std::string("#90=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(2.5),#92);\n"
@@ -43,7 +43,7 @@ TEST_F(StepUnits, AUnitWithoutASignIsToldByItsLength)
     EXPECT_TRUE(said().says("Length unit of the file is 2.5 mm"));
 }
 
-TEST_F(StepUnits, ShapesWithoutAUnitAreTakenForMillimetresAndToldSo)
+TEST_F(StepShapeUnits, ShapesWithoutAUnitAreTakenForMillimetresAndToldSo)
 {
     // The context has units of angle only; or it has no units.
     expect_volumes(file_of("#100", block, "(NAMED_UNIT(*)SI_UNIT($,.STERADIAN.)SOLID_ANGLE_UNIT())"), {6});

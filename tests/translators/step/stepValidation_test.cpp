@@ -1,0 +1,315 @@
+#include "stepFormatTest.h"
+
+#include "sdk/sdkStated.h"
+
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+
+#include <regex>
+
+class StepValidation : public stepFormatTest {
+protected:
+    // Reads a file and keeps what was found out about it.
+    void read_file(std::string const & file, Values const & values = {})
+    {
+        kitSide side(STEP_MANIFEST, "STEP", values, file);
+        sdkDocument document;
+        ASSERT_TRUE(kit_read(*make_reader(side.context()), file, document));
+        m_findings = side.context().account().findings();
+        m_stated = sdk_stated(document);
+        for (auto const & finding : m_findings) {
+            EXPECT_TRUE(finding.text.fits()) << finding.text.key();
+        }
+    }
+
+    void read_text(std::string const & text) { read_file(folder().write("read.stp", text)); }
+
+    std::string written(TopoDS_Shape const & shape, Values values = {})
+    {
+        values.emplace("stepWriteValidation", "always");
+        EXPECT_TRUE(write(shape, path("written.stp"), values));
+        return kit_read_file(path("written.stp"));
+    }
+
+    std::string written_assembly(Values values = {})
+    {
+        values.emplace("stepWriteValidation", "always");
+        sdkDocument document;
+        kit_add_assembly(document);
+        EXPECT_TRUE(write(document, path("written.stp"), values));
+        return kit_read_file(path("written.stp"));
+    }
+
+    // The findings of a kind; notes that sum up are "validation-property".
+    std::vector<sdkFinding> of_kind(std::string const & kind) const
+    {
+        std::vector<sdkFinding> found;
+        std::copy_if(m_findings.begin(), m_findings.end(), std::back_inserter(found),
+                     [&](auto const & finding) { return finding.kind == kind; });
+        return found;
+    }
+
+    void expect_all_agree(int number)
+    {
+        ASSERT_EQ(m_findings.size(), 1U) << m_findings.front().text.formatted();
+        EXPECT_EQ(m_findings.front().weight, sdkWeight::note);
+        EXPECT_EQ(m_findings.front().kind, "validation-property");
+        EXPECT_EQ(m_findings.front().source, number);
+        EXPECT_EQ(m_findings.front().output, number);
+    }
+
+    std::vector<sdkFinding> const & findings() const { return m_findings; }
+    std::int64_t stated() const { return m_stated; }
+
+private:
+    std::vector<sdkFinding> m_findings;
+    std::int64_t m_stated = 0;
+};
+
+namespace {
+
+std::string replaced(std::string text, std::string const & pattern, std::string const & by)
+{
+    std::regex const expression(pattern);
+    EXPECT_TRUE(std::regex_search(text, expression)) << pattern;
+    return std::regex_replace(text, expression, by);
+}
+
+std::string with_entities(std::string text, std::string const & entities)
+{
+    return text.insert(text.find("DATA;") + 5, "\n" + entities);
+}
+
+// The number of the first entity of a kind, with its number sign.
+std::string first(std::string const & text, std::string const & kind)
+{
+    std::smatch match;
+    EXPECT_TRUE(std::regex_search(text, match, std::regex("(#[0-9]+) *= *" + kind + "\\("))) << kind;
+    return match[1];
+}
+
+double amount(std::string const & text, std::string const & measure)
+{
+    std::smatch match;
+    EXPECT_TRUE(std::regex_search(text, match, std::regex(measure + "\\(([^)]*)\\)"))) << measure;
+    return std::stod(match[1]);
+}
+
+} // namespace
+
+TEST_F(StepValidation, OfAPartIsWritten)
+{
+    for (char const * const schema : {"AP214", "AP242"}) {
+        auto const text = written(kit_cube(10), {{"stepWriteSchema", schema}});
+        EXPECT_NE(text.find("PROPERTY_DEFINITION('geometric validation property'"), std::string::npos);
+        EXPECT_NEAR(amount(text, "VOLUME_MEASURE"), 1000, 1e-6);
+        EXPECT_NEAR(amount(text, "AREA_MEASURE"), 600, 1e-6);
+        EXPECT_TRUE(std::regex_search(text, std::regex(R"('centre point',\(5\.)"))) << text;
+    }
+}
+
+TEST_F(StepValidation, IsWrittenAsTheOptionSays)
+{
+    auto const states = [&](std::string const & option, std::int64_t stated, std::string const & schema) {
+        sdkDocument document;
+        document.add_shape(kit_cube(10), "Part");
+        sdk_add_stated(document, stated);
+        EXPECT_TRUE(write(document, path("option.stp"),
+                          {{"stepWriteValidation", option}, {"stepWriteSchema", schema}}));
+        return kit_read_file(path("option.stp")).find("geometric validation property") != std::string::npos;
+    };
+    EXPECT_TRUE(states("always", 0, "AP214"));
+    EXPECT_TRUE(states("always", 2, "AP242"));
+    EXPECT_FALSE(states("stated", 0, "AP214"));
+    EXPECT_FALSE(said().says("volume"));
+    EXPECT_TRUE(states("stated", 2, "AP214"));
+    EXPECT_TRUE(said().says("Volume, area and centroid of 1 products were measured"));
+    EXPECT_FALSE(states("never", 0, "AP214"));
+    EXPECT_FALSE(said().says("lost"));
+    // What the source has stated is not dropped without a word.
+    EXPECT_FALSE(states("never", 2, "AP214"));
+    EXPECT_TRUE(said().says("states for 2 products are lost; to have them written change the option"));
+    EXPECT_FALSE(states("always", 2, "AP203"));
+    EXPECT_TRUE(said().says("AP203 files hold no validation properties"));
+}
+
+TEST_F(StepValidation, IsComparedOnlyWhenItIsWanted)
+{
+    auto const text = replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(50000.)");
+    auto const file = folder().write("read.stp", text);
+    read_file(file, {{"stepReadValidation", "false"}});
+    EXPECT_TRUE(findings().empty());
+    EXPECT_EQ(stated(), 1);
+    read_file(file, {{"stepReadValidation", "true"}});
+    EXPECT_FALSE(findings().empty());
+    EXPECT_EQ(stated(), 1);
+}
+
+TEST_F(StepValidation, StatedByTheSourceGoesFromStepToStep)
+{
+    written_assembly({{"vmrOptOutputUnits", "in"}});
+    for (char const * const structure : {"assembly", "flat"}) {
+        sdkDocument document;
+        ASSERT_TRUE(read(path("written.stp"), document, {{"stepReadStructure", structure}}));
+        ASSERT_TRUE(write(document, path("again.stp"), {{"vmrOptOutputUnits", "m"}}));
+        read_file(path("again.stp"));
+        SCOPED_TRACE(structure);
+        expect_all_agree(9);
+    }
+}
+
+TEST_F(StepValidation, IsInTheUnitOfTheOutput)
+{
+    auto const inches = written(kit_cube(25.4), {{"vmrOptOutputUnits", "in"}});
+    EXPECT_NEAR(amount(inches, "VOLUME_MEASURE"), 1, 1e-9);
+    EXPECT_NEAR(amount(inches, "AREA_MEASURE"), 6, 1e-9);
+    EXPECT_TRUE(std::regex_search(inches, std::regex(R"('centre point',\(0?\.5)"))) << inches;
+    auto const metres = written(kit_cube(2000), {{"vmrOptOutputUnits", "m"}});
+    EXPECT_NEAR(amount(metres, "VOLUME_MEASURE"), 8, 1e-9);
+    EXPECT_NEAR(amount(metres, "AREA_MEASURE"), 24, 1e-9);
+}
+
+TEST_F(StepValidation, AgreesInEachUnit)
+{
+    for (char const * const unit : {"um", "mm", "cm", "m", "km", "uin", "mil", "in", "ft", "mi"}) {
+        written(BRepPrimAPI_MakeSphere(gp_Pnt(30, -20, 10), 25).Shape(), {{"vmrOptOutputUnits", unit}});
+        read_file(path("written.stp"));
+        SCOPED_TRACE(unit);
+        expect_all_agree(3);
+    }
+}
+
+TEST_F(StepValidation, OfAnAssemblyCountsEveryPlace)
+{
+    auto const text = written_assembly({{"vmrOptOutputUnits", "in"}});
+    std::regex const volume("VOLUME_MEASURE");
+    EXPECT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), volume), {}), 3);
+    read_file(path("written.stp"));
+    expect_all_agree(9);
+}
+
+TEST_F(StepValidation, OfFacesAloneHasNoVolume)
+{
+    auto const text = written(kit_compound(kit_loose_faces(kit_cube(10))));
+    EXPECT_EQ(text.find("VOLUME_MEASURE"), std::string::npos);
+    EXPECT_NEAR(amount(text, "AREA_MEASURE"), 600, 1e-6);
+    read_file(path("written.stp"));
+    expect_all_agree(2);
+    EXPECT_EQ(written(kit_wire()).find("validation"), std::string::npos);
+}
+
+TEST_F(StepValidation, ADifferentVolumeIsADifference)
+{
+    read_text(replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(1001.)"));
+    auto const found = of_kind("validation-volume");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].weight, sdkWeight::difference);
+    EXPECT_EQ(found[0].part, "Part");
+    EXPECT_EQ(found[0].place, first(kit_read_file(path("read.stp")), "PROPERTY_DEFINITION"))
+        << found[0].place;
+    EXPECT_NEAR(*found[0].source, 1001, 1e-6);
+    EXPECT_NEAR(*found[0].output, 1000, 1e-6);
+    EXPECT_NE(found[0].text.formatted().find("1001"), std::string::npos);
+    // The area and the centroid still agree.
+    EXPECT_EQ(of_kind("validation-property").at(0).output, 2);
+    EXPECT_EQ(of_kind("validation-property").at(0).source, 3);
+}
+
+TEST_F(StepValidation, MostOfTheVolumeMissingIsALoss)
+{
+    read_text(replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(50000.)"));
+    auto const found = of_kind("validation-volume");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].weight, sdkWeight::loss);
+}
+
+TEST_F(StepValidation, AnAreaBeyondOnePartInAHundredIsALossToo)
+{
+    read_text(replaced(written(kit_cube(10)), "([(=, ])AREA_MEASURE\\([^)]*\\)", "$1AREA_MEASURE(650.)"));
+    auto const found = of_kind("validation-area");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].weight, sdkWeight::loss);
+    EXPECT_NEAR(*found[0].source, 650, 1e-6);
+    EXPECT_NEAR(*found[0].output, 600, 1e-6);
+}
+
+TEST_F(StepValidation, AnotherCentroidIsADifferenceByTheSizeOfThePart)
+{
+    auto const text = written(kit_cube(10));
+    std::string const point = R"('centre point',\([^)]*\))";
+    // The box has a diagonal of 17.3.
+    read_text(replaced(text, point, "'centre point',(5.001,5.,5.)"));
+    EXPECT_TRUE(of_kind("validation-centroid").empty());
+    read_text(replaced(text, point, "'centre point',(5.01,5.,5.)"));
+    auto const found = of_kind("validation-centroid");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].weight, sdkWeight::difference);
+    EXPECT_NEAR(*found[0].output, 0.01, 1e-6);
+    EXPECT_NE(found[0].text.formatted().find("(5.01, 5, 5)"), std::string::npos);
+    // Far off, with volume and area as stated, nothing is missing.
+    read_text(replaced(text, point, "'centre point',(5.,5.,50.)"));
+    ASSERT_EQ(of_kind("validation-centroid").size(), 1U);
+    EXPECT_EQ(of_kind("validation-centroid")[0].weight, sdkWeight::difference);
+}
+
+TEST_F(StepValidation, AFarCentroidAloneIsALoss)
+{
+    auto text = replaced(written(kit_cube(10)), R"('centre point',\([^)]*\))", "'centre point',(5.,5.,50.)");
+    text = replaced(text, "'volume measure'|'surface area measure'", "'something else'");
+    read_text(text);
+    ASSERT_EQ(of_kind("validation-centroid").size(), 1U);
+    EXPECT_EQ(of_kind("validation-centroid")[0].weight, sdkWeight::loss);
+}
+
+TEST_F(StepValidation, OfASolidAreComparedWithThatSolid)
+{
+    auto const two =
+        kit_compound({kit_cube(10), BRepPrimAPI_MakeBox(gp_Pnt(100, 0, 0), gp_Pnt(120, 20, 20)).Shape()});
+    auto const text = written(two, {{"stepWriteSchema", "AP242"}});
+    std::smatch solids;
+    ASSERT_TRUE(std::regex_search(text, solids,
+                                  std::regex("(#[0-9]+) *= *MANIFOLD_SOLID_BREP[^#]*#[0-9]+\\);[^]*?"
+                                             "(#[0-9]+) *= *MANIFOLD_SOLID_BREP")));
+    auto const shape = first(text, "PRODUCT_DEFINITION_SHAPE");
+    auto const context = [&] {
+        std::smatch match;
+        EXPECT_TRUE(std::regex_search(text, match, std::regex("(#[0-9]+) *= *\\( *GEOMETRIC_REPR")));
+        return match[1].str();
+    }();
+    std::smatch unit;
+    ASSERT_TRUE(std::regex_search(text, unit, std::regex("(#[0-9]+) *= *DERIVED_UNIT\\(")));
+    auto const stated = [&](std::string const & volume) {
+        return "#90001=SHAPE_ASPECT('','second'," + shape +
+               ",.F.);\n"
+               "#90002=PROPERTY_DEFINITION('geometric validation property','',#90001);\n"
+               "#90003=PROPERTY_DEFINITION_REPRESENTATION(#90002,#90004);\n"
+               "#90004=REPRESENTATION('',(#90005)," +
+               context +
+               ");\n"
+               "#90005=MEASURE_REPRESENTATION_ITEM('volume measure',VOLUME_MEASURE(" +
+               volume + ")," + unit[1].str() + ");\n";
+    };
+    std::string const by_representation =
+        "#90010=PROPERTY_DEFINITION('','',#90001);\n#90011=SHAPE_DEFINITION_REPRESENTATION(#90010,#90012);\n"
+        "#90012=SHAPE_REPRESENTATION('',(" +
+        solids[2].str() + ")," + context + ");\n";
+    std::string const by_usage =
+        "#90010=ITEM_IDENTIFIED_REPRESENTATION_USAGE('','',#90001,#90004," + solids[2].str() + ");\n";
+    std::string const by_property =
+        "#90010=ITEM_IDENTIFIED_REPRESENTATION_USAGE('','',#90002,#90004," + solids[2].str() + ");\n";
+    for (auto const & link : {by_representation, by_usage, by_property}) {
+        SCOPED_TRACE(link);
+        read_text(with_entities(text, stated("8000.") + link));
+        expect_all_agree(4);
+        read_text(with_entities(text, stated("8100.") + link));
+        auto const found = of_kind("validation-volume");
+        ASSERT_EQ(found.size(), 1U);
+        EXPECT_EQ(found[0].place, "#90002");
+        EXPECT_EQ(found[0].part, "Part");
+        EXPECT_NEAR(*found[0].output, 8000, 1e-6);
+    }
+    // Without a link nobody knows which shape is meant.
+    read_text(with_entities(text, stated("8000.")));
+    EXPECT_EQ(of_kind("validation-property").size(), 2U);
+    EXPECT_TRUE(of_kind("validation-volume").empty());
+}
