@@ -4,6 +4,7 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
+#include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
@@ -14,6 +15,7 @@
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepValidationCheck.h"
+#include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -134,6 +136,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
+    int const hidden_before = sdk_hidden_labels(document).Length();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
@@ -150,6 +153,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
+    read_visibility(document, hidden_before);
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
@@ -192,6 +196,25 @@ void stepReader::take_inventory()
     inventory.take(roots);
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context,
                         [&](auto const & entity) { return inventory.has_lost(entity); });
+}
+
+void stepReader::read_visibility(sdkDocument & document, int hidden_before)
+{
+    auto const & options = m_context.options();
+    if (!options.boolean("stepReadColours") || !options.boolean("stepReadLayers")) {
+        step_read_visibility(m_reader->Reader().WS(), document);
+    }
+    int const hidden = sdk_hidden_labels(document).Length() - hidden_before;
+    if (hidden > 0) {
+        m_context.account().add(
+            {.kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .text =
+                 sdkText("step::%s hides %d bodies or surfaces; they stay hidden where the output can say so",
+                         m_context.file(), hidden)});
+    }
 }
 
 sdkResult stepReader::check_transformations() const

@@ -22,6 +22,7 @@ private:
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
     void build_missing();
+    void read_visibility(sdkDocument & document, int hidden_before);
     void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
