@@ -6,6 +6,7 @@
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
+#include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
@@ -194,8 +195,10 @@ void stepReader::take_inventory()
     }
     stepInventory inventory(reader.WS(), m_links, m_context);
     inventory.take(roots);
-    sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context,
-                        [&](auto const & entity) { return inventory.has_lost(entity); });
+    auto const absent = step_lose_absent_files(reader.WS(), m_context);
+    sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
+        return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
+    });
 }
 
 void stepReader::read_visibility(sdkDocument & document, int hidden_before)
