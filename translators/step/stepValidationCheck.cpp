@@ -97,7 +97,7 @@ public:
         }
     }
 
-    void sum_up()
+    void sum_up(int others)
     {
         if (m_stated > 0) {
             note(double(m_stated), double(m_agreeing),
@@ -109,6 +109,12 @@ public:
                  sdkText("step::%s: %d stated validation properties could not be compared, because their "
                          "units or the shapes they belong to are not known or cannot be measured",
                          m_context.file(), m_unclear));
+        }
+        if (others > 0) {
+            note(std::nullopt, std::nullopt,
+                 sdkText("step::%s: %d validation properties of other kinds (of assemblies, attributes, "
+                         "annotations, curves) are not compared and are lost",
+                         m_context.file(), others));
         }
     }
 
@@ -158,8 +164,9 @@ private:
             ++m_agreeing;
             return true;
         }
-        add(error > failing ? sdkWeight::loss : sdkWeight::difference, kind, place, stated, arrived,
-            sdkText(text, m_part, place, stated, arrived));
+        // A file that states 0 has not measured.
+        add(error > failing && stated != 0 ? sdkWeight::loss : sdkWeight::difference, kind, place, stated,
+            arrived, sdkText(text, m_part, place, stated, arrived));
         return false;
     }
 
@@ -216,7 +223,8 @@ void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument con
     stepPropertyTargets const targets(reader, document.shapes());
     Check check(context);
     NCollection_Map<Handle(Standard_Transient)> products;
-    for (auto const & stated : step_stated_properties(reader.Reader().Model())) {
+    auto const statements = step_stated_properties(reader.Reader().Model());
+    for (auto const & stated : statements.properties) {
         auto const target = targets.find(stated.definition);
         if (wanted) {
             check.compare(stated, target);
@@ -225,6 +233,6 @@ void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument con
             products.Add(target.product);
         }
     }
-    check.sum_up();
+    check.sum_up(statements.others);
     sdk_add_stated(document, products.Extent());
 }
