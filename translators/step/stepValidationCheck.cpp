@@ -19,8 +19,6 @@ namespace {
 // Relative errors: up to the first an amount agrees, beyond the second something is wrong with the shape.
 constexpr double agreeing = 1e-4;
 constexpr double failing = 1e-2;
-// That of the integration when an amount does not agree at once.
-constexpr double accurate = 1e-6;
 
 double error_of(double stated, double arrived)
 {
@@ -58,21 +56,6 @@ std::string coordinates(gp_Pnt const & point)
     return text.str();
 }
 
-double worst_error(stepStatedProperties const & stated, sdkMassProperties const & arrived)
-{
-    double worst = 0;
-    if (stated.volume) {
-        worst = error_of(*stated.volume, arrived.volume);
-    }
-    if (stated.area) {
-        worst = std::max(worst, error_of(*stated.area, area_beside(*stated.area, arrived)));
-    }
-    if (stated.centroid) {
-        worst = std::max(worst, centroid_error(*stated.centroid, arrived));
-    }
-    return worst;
-}
-
 class Check {
 public:
     explicit Check(sdkContext & context) : m_context(context) {}
@@ -86,7 +69,7 @@ public:
             return;
         }
         m_part = target.part.empty() ? m_context.file() : target.part;
-        auto const arrived = measure(stated, target);
+        auto const arrived = measure(target);
         if (!arrived) {
             m_unclear += stated.amounts();
             return;
@@ -120,15 +103,10 @@ public:
 
 private:
     // Nothing when the shape cannot be measured.
-    std::optional<sdkMassProperties> measure(stepStatedProperties const & stated,
-                                             stepPropertyTarget const & target)
+    std::optional<sdkMassProperties> measure(stepPropertyTarget const & target)
     {
         try {
-            auto arrived = target.measure(m_quick, 0);
-            // The quick integration is not good enough to accuse a translation.
-            if (double const error = worst_error(stated, arrived); error > agreeing && error <= failing) {
-                arrived = target.measure(m_accurate, accurate);
-            }
+            auto const arrived = target.measure(m_labels);
             return arrived.finite() ? std::optional(arrived) : std::nullopt;
         } catch (Standard_Failure const &) {
             return std::nullopt;
@@ -206,8 +184,7 @@ private:
     }
 
     sdkContext & m_context;
-    sdkMassPropertiesOfLabels m_quick;
-    sdkMassPropertiesOfLabels m_accurate{accurate};
+    sdkMassPropertiesOfLabels m_labels;
     std::string m_part;
     std::int64_t m_stated = 0;
     std::int64_t m_agreeing = 0;

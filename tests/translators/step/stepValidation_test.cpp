@@ -306,6 +306,20 @@ TEST_F(StepValidation, HasTheUnitThatStandsAtIt)
     expect_all_agree(3);
 }
 
+TEST_F(StepValidation, InAUnitOfLengthOrInNoneIsInThatOfTheShapes)
+{
+    auto text = written(kit_cube(25.4), {{"vmrOptOutputUnits", "in"}});
+    std::smatch length;
+    ASSERT_TRUE(std::regex_search(text, length, std::regex(R"(DERIVED_UNIT_ELEMENT\((#[0-9]+),)")));
+    text = replaced(text, R"((VOLUME_MEASURE\(\s*[^)]*\)),\s*#[0-9]+\))", "$1," + length[1].str() + ")");
+    text = replaced(text, R"(([^_]AREA_MEASURE\s*\(\s*[^)]*\)),\s*#[0-9]+\))", "$1,$$)");
+    // The unit of length need not be the first of its context.
+    text = replaced(text, R"(GLOBAL_UNIT_ASSIGNED_CONTEXT\s*\(\s*\(\s*(#[0-9]+),\s*(#[0-9]+),)",
+                    "GLOBAL_UNIT_ASSIGNED_CONTEXT(($2,$1,");
+    read_text(text);
+    expect_all_agree(3);
+}
+
 TEST_F(StepValidation, InAUnitThatIsNotUnderstoodIsNotCompared)
 {
     // The unit is defined by itself.
