@@ -30,6 +30,7 @@ public:
         last = number;
         ++count;
     }
+    utString text(char const *, char const * key, utTextArguments const &) const override { return key; }
 
     std::int64_t count = 0;
     std::int64_t last = -1;

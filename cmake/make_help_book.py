@@ -18,9 +18,13 @@ import zipfile
 
 LITERAL = r'"(?:[^"\\]|\\.)*"'
 ENTRY = re.compile(rf"^(?:msgctxt ((?:{LITERAL}\s*)+))?msgid ((?:{LITERAL}\s*)+)msgstr ((?:{LITERAL}\s*)+)", re.M)
+# A key with its context, and the literals that go on with it.
+KEY_IN_SOURCES = re.compile(r'"[\w.-]+::(?:[^"\\\n]|\\.)*"(?:\s*"(?:[^"\\\n]|\\.)*")*')
 CONVERSION = re.compile(r"%(?:\d+\$)?[-+ #0]*\d*(?:\.\d+)?[diouxXeEfgGs]")
 MACRO = re.compile(r"\{\{(\w+)(?:\s+([^{}]*))?\}\}")
 DOMAINS = ["vmrgrlib", "vmrengine", "vmrhost"]
+# Where texts of the program are written that no catalogue may have yet.
+SOURCES = ["include", "source", "program", "base", "host", "translators"]
 PROGRAM = "Crosswalk"
 FORMATS = ["STEP", "IGES", "BREP", "STL"]
 # The colours of a light desktop; source/nls/sglHelpColours.cpp has those that take their place on a dark one.
@@ -52,8 +56,10 @@ def number(value):
 class Texts:
     """The texts of the program, in English and in a language."""
 
-    def __init__(self, locale, language):
-        # The catalogues of this language hold every key there is; a check of the sources sees to that.
+    def __init__(self, root, language):
+        # The catalogues of this language hold every key there is, but for those that are newer than the last
+        # translation: like the program, the book shows these in English.
+        self.root, locale, self.uncatalogued = root, root / "data/locale", None
         self.keys = {}
         for domain in DOMAINS:
             for context, text in self.entries(locale / "de" / f"{domain}.po"):
@@ -81,11 +87,23 @@ class Texts:
         if not re.search(r"[^\W\d_]", text):
             return text  # numbers are the same everywhere
         if (context, text) not in self.keys:
-            fail(f"the program has no text {key}")
+            if key not in self.texts_of_sources():
+                fail(f"the program has no text {key}")
+            self.keys[(context, text)] = text
         return self.keys[(context, text)]
+
+    def texts_of_sources(self):
+        if self.uncatalogued is None:
+            files = sorted(path for folder in SOURCES for path in self.root.glob(f"{folder}/**/*.cpp"))
+            files.append(self.root / "data/resource_layout.txt")
+            self.uncatalogued = {unquoted(found).rstrip("\n") for path in files
+                                 for found in KEY_IN_SOURCES.findall(path.read_text())}
+        return self.uncatalogued
 
     def label(self, text):
         if text not in self.labels:
+            if text in self.texts_of_sources():
+                return shown(text.partition("::")[2])
             fail(f"no window has the label {text}")
         return self.labels[text]
 
@@ -137,7 +155,7 @@ class Book:
     def __init__(self, root, language, version):
         self.root, self.language, self.version = root, language, version
         self.sources = root / "docs/help"
-        self.texts = Texts(root / "data/locale", language)
+        self.texts = Texts(root, language)
         self.layout = Layout(root / "data/resource_layout.txt")
         self.formats = {}
         for path in sorted(root.glob("translators/*/*.json")):

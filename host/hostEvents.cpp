@@ -115,6 +115,13 @@ void hostEvents::finding(sdkFinding const & finding)
     add(line);
 }
 
+void hostEvents::verdict(char const * verdict)
+{
+    auto const line = line_of({{"event", "verdict"}, {"verdict", verdict}});
+    std::lock_guard const lock(m_mutex);
+    add(line);
+}
+
 void hostEvents::flush_if_due()
 {
     std::lock_guard const lock(m_mutex);

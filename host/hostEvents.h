@@ -22,6 +22,10 @@ public:
     void progress(int percent);
     void message(sdkStream stream, sdkText const & text);
     void finding(sdkFinding const & finding);
+    // "verified", "differs", "losses" or "not_verified".
+    void verdict(char const * verdict);
+    // Where the lines go.
+    int descriptor() const { return m_descriptor; }
 
     // Sends what has waited for long enough.
     void flush_if_due();

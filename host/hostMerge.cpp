@@ -1,5 +1,6 @@
 #include "host/hostMerge.h"
 
+#include "sdk/sdkAttributes.h"
 #include "sdk/sdkFiles.h"
 
 #include <TopLoc_Location.hxx>
@@ -27,11 +28,24 @@ void hostMerge::add(TDF_LabelSequence const & shapes, std::string const & input_
         whole = m_document.shapes()->NewShape();
         sdkDocument::set_name(whole, name);
         for (auto const & shape : added) {
-            m_document.shapes()->AddComponent(whole, shape, TopLoc_Location());
+            place(whole, shape);
         }
     }
-    auto const component = m_document.shapes()->AddComponent(m_assembly, whole, TopLoc_Location());
-    sdkDocument::set_name(component, name);
+    sdkDocument::set_name(place(m_assembly, whole), name);
+}
+
+// A component places a definition; a free shape that is no more than a place of one makes way for it.
+TDF_Label hostMerge::place(TDF_Label const & assembly, TDF_Label const & shape)
+{
+    TDF_Label definition;
+    if (!XCAFDoc_ShapeTool::GetReferredShape(shape, definition)) {
+        return m_document.shapes()->AddComponent(assembly, shape, TopLoc_Location());
+    }
+    auto const component =
+        m_document.shapes()->AddComponent(assembly, definition, XCAFDoc_ShapeTool::GetLocation(shape));
+    sdk_add_attributes(m_document, shape, component);
+    m_document.shapes()->RemoveShape(shape, Standard_False);
+    return component;
 }
 
 void hostMerge::finish()

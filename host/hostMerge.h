@@ -18,6 +18,8 @@ public:
     void finish();
 
 private:
+    TDF_Label place(TDF_Label const & assembly, TDF_Label const & shape);
+
     sdkDocument & m_document;
     TDF_Label m_assembly;
 };

@@ -16,6 +16,7 @@ public:
                                             bool for_reading, sdkText & failure);
 
     std::vector<sdkResource> const & resources() const { return m_manifest.format(m_format)->resources; }
+    bool can_read() const { return m_manifest.format(m_format)->reads; }
     // A module that does not keep what its manifest declares throws std::logic_error.
     std::unique_ptr<sdkReader> make_reader(sdkContext & context) const;
     std::unique_ptr<sdkWriter> make_writer(sdkContext & context) const;

@@ -20,12 +20,14 @@ constexpr double parse_share = 30;
 constexpr double read_transfer_share = 30;
 constexpr double write_transfer_share = 30;
 constexpr double write_share = 10;
+constexpr double verification_share = 25;
 
 } // namespace
 
 hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
                                  std::atomic<bool> const & cancelled)
-    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events), m_findings(events, m_reporter)
+    : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events),
+      m_findings(events, m_reporter), m_verification(job, events, cancelled)
 {
 }
 
@@ -70,7 +72,9 @@ sdkResult hostTranslation::translate()
     Handle(hostProgress) const progress = new hostProgress(m_events, m_cancelled);
     auto const inputs = static_cast<double>(m_job.inputs.size());
     constexpr double reading = parse_share + read_transfer_share;
-    Message_ProgressScope scope(progress->Start(), nullptr, reading + write_transfer_share + write_share);
+    double const writing =
+        write_transfer_share + write_share + (m_verification.wanted() ? verification_share : 0);
+    Message_ProgressScope scope(progress->Start(), nullptr, reading + writing);
 
     sdkDocument document;
     std::optional<hostMerge> merge;
@@ -89,7 +93,7 @@ sdkResult hostTranslation::translate()
     if (merge) {
         merge->finish();
     }
-    return write(document, scope.Next(write_transfer_share + write_share));
+    return write(document, scope.Next(writing));
 }
 
 // Both sides may have the same wrong value of a general option.
@@ -118,6 +122,7 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
     sdkOptions const options(module->resources(), input.options, problems, input.refused);
     tell(problems);
     sdkContext context(options, m_reporter, input.file);
+    context.account().want(m_verification.wanted());
     auto const reader = module->make_reader(context);
     if (auto result = reader->parse(input.file, scope.Next(parse_share)); !result) {
         return result;
@@ -132,7 +137,9 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     m_file = m_job.final_name;
     m_writing = true;
     m_events.file(m_job.final_name, "writing");
-    Message_ProgressScope scope(range, nullptr, write_transfer_share + write_share);
+    Message_ProgressScope scope(range, nullptr,
+                                write_transfer_share + write_share +
+                                    (m_verification.wanted() ? verification_share : 0));
 
     sdkText failure;
     auto const module = hostModule::load(m_job.output.module, m_job.output.format, false, failure);
@@ -143,7 +150,8 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     sdkOptions const options(module->resources(), m_job.output.options, problems, m_job.output.refused);
     tell(problems);
     sdkContext context(options, m_reporter, m_job.final_name);
-    auto const writer = module->make_writer(context);
+    m_verification.begin(document, options, module->can_read());
+    auto writer = module->make_writer(context);
     if (auto result = writer->transfer(document, scope.Next(write_transfer_share)); !result) {
         return result;
     }
@@ -155,5 +163,11 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     if (auto result = writer->write(m_job.output.file, scope.Next(write_share)); !result) {
         return result;
     }
-    return sdk_check_written(m_job.output.file, m_job.final_name);
+    if (auto result = sdk_check_written(m_job.output.file, m_job.final_name); !result) {
+        return result;
+    }
+    // What the writer holds is not needed while the output is read back.
+    writer.reset();
+    m_findings.tell(context.account().findings());
+    return m_verification.conclude(context, m_findings, scope.Next(verification_share));
 }

@@ -3,6 +3,7 @@
 #include "host/hostChannel.h"
 #include "host/hostFindings.h"
 #include "host/hostJob.h"
+#include "host/hostVerification.h"
 
 #include "sdk/sdkModule.h"
 
@@ -40,6 +41,7 @@ private:
     std::atomic<bool> const & m_cancelled;
     hostReporter m_reporter;
     hostFindings m_findings;
+    hostVerification m_verification;
     std::set<std::string> m_told; // problems of options
     std::string m_file;
     bool m_writing = false;

@@ -10,5 +10,10 @@ vmrnlsConnector::vmrnlsConnector(vmrnlsTranslator const * translator, vmrnlsForm
 
 void vmrnlsConnector::write(char const * domain, char const * key, utTextArguments const & arguments)
 {
-    m_displayer->display(m_texts.vtsprintf(domain, key, arguments).c_str());
+    m_displayer->display(text(domain, key, arguments).c_str());
+}
+
+utString vmrnlsConnector::text(char const * domain, char const * key, utTextArguments const & arguments) const
+{
+    return m_texts.vtsprintf(domain, key, arguments);
 }

@@ -13,6 +13,7 @@ public:
                     vmrnlsDisplayer * displayer);
 
     void write(char const * domain, char const * key, utTextArguments const & arguments) override;
+    utString text(char const * domain, char const * key, utTextArguments const & arguments) const override;
 
 private:
     vmrnlsTranslatorAndFormatter m_texts;

@@ -98,6 +98,10 @@ void s2sHostConversation::take(std::string_view line)
         take_event(*progress);
     } else if (auto const file = std::get_if<s2sHostFile>(&event)) {
         take_event(*file);
+    } else if (auto const finding = std::get_if<s2sHostFinding>(&event)) {
+        take_event(*finding);
+    } else if (auto const verdict = std::get_if<s2sHostVerdict>(&event)) {
+        m_verification.verdict = verdict->verdict;
     } else if (auto const end = std::get_if<s2sHostEnd>(&event)) {
         m_end = *end;
     } else if (std::holds_alternative<std::monostate>(event) && !m_said_nonsense) {
@@ -120,6 +124,27 @@ void s2sHostConversation::take_event(s2sHostMessage const & event)
 {
     if (auto const stream = event.error ? m_parts.error_stream : m_parts.output_stream)
         stream->write(event.domain.c_str(), event.key.c_str(), event.arguments);
+}
+
+void s2sHostConversation::take_event(s2sHostFinding const & event)
+{
+    m_verification.findings.add(
+        {event.weight, event.kind, event.part, event.place, event.source, event.output, text_of(event)});
+}
+
+/// Empty when the job has no stream, since it is the streams that know the user's language.
+utString s2sHostConversation::text_of(s2sHostFinding const & event) const
+{
+    auto const stream = m_parts.output_stream ? m_parts.output_stream : m_parts.error_stream;
+    if (!stream)
+        return {};
+    // The texts of the host stand in the catalogues as its messages have them, with the end of their line.
+    auto key = event.key;
+    if (!key.view().ends_with('\n'))
+        key += "\n";
+    auto text = stream->text(event.domain.c_str(), key.c_str(), event.arguments);
+    text.remove_trailing_chars("\n");
+    return text;
 }
 
 s2sHostEnd s2sHostConversation::ended_without_word(s2sHostExit const & exit)

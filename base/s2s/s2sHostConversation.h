@@ -3,11 +3,13 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "s2s/s2sEngineParts.h"
 #include "s2s/s2sHostAtWork.h"
 #include "s2s/s2sHostEvent.h"
 #include "s2s/s2sSideWork.h"
+#include "s2s/s2sVerification.h"
 
 /// What passes between the engine and the host of the translation whose turn it is: gives what the host says
 /// to the channel and to the streams, and carries a request to stop.
@@ -22,6 +24,9 @@ public:
     /// may end; messages about how the host came to its end have been said.
     s2sHostEnd hold();
 
+    /// What the host said about source and output, after hold(). To be taken once.
+    s2sVerification take_verification() { return std::move(m_verification); }
+
 private:
     void listen();
     void wait();
@@ -31,6 +36,8 @@ private:
     void take_event(s2sHostFile const & event);
     void take_event(s2sHostProgress const & event);
     void take_event(s2sHostMessage const & event);
+    void take_event(s2sHostFinding const & event);
+    utString text_of(s2sHostFinding const & event) const;
     s2sHostEnd ended_without_word(s2sHostExit const & exit);
 
     using Clock = std::chrono::steady_clock;
@@ -42,6 +49,7 @@ private:
     s2sSideWork & m_side_work;
     int m_wake; // descriptor that tells of a request to stop; -1 for none
     std::optional<s2sHostEnd> m_end;
+    s2sVerification m_verification;
     std::optional<Clock::time_point> m_deadline; // for a host that has been asked to stop
     bool m_killed = false;
     bool m_said_nonsense = false;

@@ -51,6 +51,23 @@ constexpr std::pair<std::string_view, NumberField> number_fields[] = {{"percent"
                                                                       {"source", &Fields::source},
                                                                       {"output", &Fields::output}};
 
+constexpr std::pair<std::string_view, sdbWeight> weights[] = {
+    {"note", sdbWeightNote}, {"difference", sdbWeightDifference}, {"loss", sdbWeightLoss}};
+constexpr std::pair<std::string_view, sdbVerdict> verdicts[] = {{"verified", sdbVerdictVerified},
+                                                                {"differs", sdbVerdictDiffers},
+                                                                {"losses", sdbVerdictLosses},
+                                                                {"not_verified", sdbVerdictNotVerified}};
+
+template <class Value, std::size_t size>
+std::optional<Value> value_named(std::pair<std::string_view, Value> const (&table)[size],
+                                 std::optional<std::string> const & name)
+{
+    for (auto const & [value_name, value] : table)
+        if (name == value_name)
+            return value;
+    return std::nullopt;
+}
+
 template <class Table>
 auto field_named(Table const & table, std::string_view name) -> decltype(table[0].second)
 {
@@ -172,9 +189,10 @@ s2sHostEvent message_event(Fields & fields)
 
 s2sHostEvent finding_event(Fields & fields)
 {
-    if (!fields.weight || !fields.kind || !fields.domain || !fields.key || !fields.legal_arguments)
+    auto const weight = value_named(weights, fields.weight);
+    if (!weight || !fields.kind || !fields.domain || !fields.key || !fields.legal_arguments)
         return {};
-    return s2sHostFinding{std::move(*fields.weight),
+    return s2sHostFinding{*weight,
                           std::move(*fields.kind),
                           fields.part.value_or(std::string()),
                           fields.place.value_or(std::string()),
@@ -185,11 +203,12 @@ s2sHostEvent finding_event(Fields & fields)
                           std::move(fields.arguments)};
 }
 
-s2sHostEvent verdict_event(Fields & fields)
+s2sHostEvent verdict_event(Fields const & fields)
 {
-    if (!fields.verdict)
+    auto const verdict = value_named(verdicts, fields.verdict);
+    if (!verdict)
         return {};
-    return s2sHostVerdict{std::move(*fields.verdict)};
+    return s2sHostVerdict{*verdict};
 }
 
 int count_of(double number)

@@ -5,6 +5,8 @@
 #include <variant>
 
 #include "s2s/s2sThreadStatus.h"
+#include "sdb/sdbFinding.h"
+#include "sdb/sdbVerdict.h"
 #include "ut/utString.h"
 #include "ut/utTextArguments.h"
 
@@ -28,7 +30,7 @@ struct s2sHostMessage {
 
 /// Something that the user has to know about a source, or about an output beside its source.
 struct s2sHostFinding {
-    utString weight; ///< "note", "difference" or "loss"
+    sdbWeight weight = sdbWeightNote;
     utString kind;
     utString part;
     utString place;
@@ -41,7 +43,7 @@ struct s2sHostFinding {
 
 /// What holding the output against the source came to.
 struct s2sHostVerdict {
-    utString verdict; ///< "verified", "differs", "losses" or "not_verified"
+    sdbVerdict verdict = sdbVerdictNone; ///< never none
 };
 
 /// The last event of a translation.

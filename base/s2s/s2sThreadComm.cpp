@@ -1,6 +1,7 @@
 #include "s2s/s2sThreadComm.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -93,11 +94,12 @@ void s2sThreadComm::begin_translation(s2sTranslationElements const & elements)
     m_progress = 0;
 }
 
-void s2sThreadComm::finish_translation(s2sThreadStatus status, int processed, int failed)
+void s2sThreadComm::finish_translation(s2sThreadStatus status, int processed, int failed,
+                                       s2sVerification verification)
 {
     std::lock_guard const lock(m_mutex);
     if (!m_details.empty())
-        m_details.back().finish(status, processed, failed);
+        m_details.back().finish(status, processed, failed, std::move(verification));
 }
 
 void s2sThreadComm::set_progress(int percent)

@@ -42,7 +42,9 @@ public:
 
     /// What follows is for the job.
     void begin_translation(s2sTranslationElements const & elements);
-    void finish_translation(s2sThreadStatus status, int processed, int failed); ///< the one begun last
+    /// The one begun last.
+    void finish_translation(s2sThreadStatus status, int processed, int failed,
+                            s2sVerification verification = {});
     void set_progress(int percent);
     void set_thread_has_died(); ///< the last call of a job
     bool termination_requested() const;

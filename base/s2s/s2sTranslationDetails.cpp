@@ -1,5 +1,7 @@
 #include "s2s/s2sTranslationDetails.h"
 
+#include <utility>
+
 namespace {
 
 std::shared_ptr<s2sTranslationElements const> const & no_elements()
@@ -9,21 +11,31 @@ std::shared_ptr<s2sTranslationElements const> const & no_elements()
     return elements;
 }
 
+std::shared_ptr<s2sVerification const> const & no_verification()
+{
+    static auto const verification = std::make_shared<s2sVerification const>();
+    return verification;
+}
+
 } // namespace
 
 s2sTranslationDetails::s2sTranslationDetails(s2sThreadStatus status)
-    : m_status(status), m_elements(no_elements())
+    : m_status(status), m_elements(no_elements()), m_verification(no_verification())
 {
 }
 
 s2sTranslationDetails::s2sTranslationDetails(s2sTranslationElements const & elements)
-    : m_elements(std::make_shared<s2sTranslationElements const>(elements))
+    : m_elements(std::make_shared<s2sTranslationElements const>(elements)), m_verification(no_verification())
 {
 }
 
-void s2sTranslationDetails::finish(s2sThreadStatus status, int processed, int failed)
+void s2sTranslationDetails::finish(s2sThreadStatus status, int processed, int failed,
+                                   s2sVerification verification)
 {
     m_status = status;
     m_processed = processed;
     m_failed = failed;
+    // Most translations that fail have found nothing, and their outcome must not take memory.
+    m_verification = verification.empty() ? no_verification()
+                                          : std::make_shared<s2sVerification const>(std::move(verification));
 }

@@ -4,6 +4,7 @@
 
 #include "s2s/s2sThreadStatus.h"
 #include "s2s/s2sTranslationElements.h"
+#include "s2s/s2sVerification.h"
 
 /// The engine's record of one translation: a value, cheap to copy, as the translation stood at the moment of
 /// asking.
@@ -20,11 +21,16 @@ public:
     /// Valid as long as this object or a copy of it lives.
     s2sTranslationElements const & elements() const { return *m_elements; }
 
-    void finish(s2sThreadStatus status, int processed, int failed);
+    sdbVerdict verdict() const { return m_verification->verdict; }
+    /// Valid as long as this object or a copy of it lives.
+    sdbFindings const & findings() const { return m_verification->findings; }
+
+    void finish(s2sThreadStatus status, int processed, int failed, s2sVerification verification);
 
 private:
     s2sThreadStatus m_status = s2sThreadNotEnded;
     int m_processed = 0;
     int m_failed = 0;
     std::shared_ptr<s2sTranslationElements const> m_elements;
+    std::shared_ptr<s2sVerification const> m_verification;
 };

@@ -1,6 +1,7 @@
 #include "s2s/s2sTranslationRun.h"
 
 #include <exception>
+#include <utility>
 
 #include "s2s/s2sHostConversation.h"
 #include "s2s/s2sHostProgram.h"
@@ -32,7 +33,12 @@ s2sThreadStatus s2sTranslationRun::run(std::unique_ptr<s2sHostAtWork> host)
     }
     if (end.status == s2sThreadCompleted)
         m_parts.comm.set_progress(100);
-    m_parts.comm.finish_translation(end.status, end.processed, end.failed);
+    // A verdict is about an output that is in its place, and a user who cancels wants to hear no more.
+    if (end.status != s2sThreadCompleted || end.processed == 0)
+        m_verification.verdict = sdbVerdictNone;
+    if (end.status == s2sThreadCancelled)
+        m_verification = {};
+    m_parts.comm.finish_translation(end.status, end.processed, end.failed, std::move(m_verification));
     return end.status;
 }
 
@@ -74,7 +80,9 @@ void s2sTranslationRun::tell_ignored_options() const
 
 s2sHostEnd s2sTranslationRun::translate(s2sHostAtWork & host)
 {
-    auto end = s2sHostConversation(m_parts, m_elements.output_elements().file(), host, m_side_work).hold();
+    s2sHostConversation conversation(m_parts, m_elements.output_elements().file(), host, m_side_work);
+    auto end = conversation.hold();
+    m_verification = conversation.take_verification();
     if (end.status != s2sThreadCompleted || end.processed == 0)
         return end;
     auto const files = s2s_places_of(host.folder(), host.place());

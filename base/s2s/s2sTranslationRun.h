@@ -9,6 +9,7 @@
 #include "s2s/s2sHostEvent.h"
 #include "s2s/s2sSideWork.h"
 #include "s2s/s2sTranslationElements.h"
+#include "s2s/s2sVerification.h"
 
 /// The work of one translation whose turn has come: the checks before it, the translator host, and the output
 /// put in its place.
@@ -32,4 +33,5 @@ private:
     s2sTranslationElements const & m_elements;
     std::vector<std::filesystem::path> const & m_inputs;
     s2sSideWork & m_side_work;
+    s2sVerification m_verification;
 };

@@ -1,4 +1,5 @@
 set(SDB_RESOURCE_SOURCES
+  sdbFindings.cpp
   sdbOrderedStringPairs.cpp
   sdbResourceHandler.cpp
   sdbResourceType.cpp

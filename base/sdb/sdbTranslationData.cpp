@@ -16,6 +16,19 @@ sdbProgressFinish sdbTranslationData::status(int index) const
     return found ? *found : sdbProgressUnknown;
 }
 
+sdbVerdict sdbTranslationData::verdict(int index) const
+{
+    auto const found = element(m_verdicts, index);
+    return found ? *found : sdbVerdictNone;
+}
+
+sdbFindings const & sdbTranslationData::findings(int index) const
+{
+    static sdbFindings const none;
+    auto const found = element(m_findings, index);
+    return found ? *found : none;
+}
+
 utString const & sdbTranslationData::text(coPageArr<utString> const & list, int index)
 {
     static utString const none = utString::make_invalid();

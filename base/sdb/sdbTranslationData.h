@@ -1,13 +1,15 @@
 #pragma once
 
 #include "co/coPageArr.h"
+#include "sdb/sdbFindings.h"
 #include "sdb/sdbProgressFinish.h"
 #include "sdb/sdbTranslationType.h"
+#include "sdb/sdbVerdict.h"
 #include "vmr/vmrTableInstance.h"
 
 /// The record of one finished translation or batch. Its lists are filled in the order of the files, one call
 /// for each; each list counts on its own. An index that a list does not have gives an invalid text, an
-/// invalid table and the status sdbProgressUnknown.
+/// invalid table, the status sdbProgressUnknown, the verdict sdbVerdictNone and no findings.
 class sdbTranslationData {
 public:
     void set_type(sdbTranslationType type) { m_type = type; }
@@ -38,6 +40,12 @@ public:
     void set_error_messages(utString const & messages) { m_error_messages.append(messages); }
     utString const & error_messages(int index) const { return text(m_error_messages, index); }
 
+    /// What came of comparing each output with its source.
+    void set_verdict(sdbVerdict verdict) { m_verdicts.append(verdict); }
+    sdbVerdict verdict(int index) const;
+    void set_findings(sdbFindings const & findings) { m_findings.append(findings); }
+    sdbFindings const & findings(int index) const;
+
 private:
     struct Side {
         coPageArr<utString> files;
@@ -54,4 +62,6 @@ private:
     coPageArr<sdbProgressFinish> m_status;
     coPageArr<utString> m_output_messages;
     coPageArr<utString> m_error_messages;
+    coPageArr<sdbVerdict> m_verdicts;
+    coPageArr<sdbFindings> m_findings;
 };

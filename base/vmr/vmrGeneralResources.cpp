@@ -24,6 +24,16 @@ vmrResourceDeclaration flag(char const * name)
     return declaration;
 }
 
+vmrResourceDeclaration verification()
+{
+    vmrResourceDeclaration declaration;
+    declaration.name = "vmrOptVerify";
+    declaration.kind = vmrResourceKind::choice;
+    declaration.choices = {"none", "counts", "full"};
+    declaration.default_value = "full";
+    return declaration;
+}
+
 vmrResourceDeclaration tolerance(char const * name, char const * value)
 {
     vmrResourceDeclaration declaration;
@@ -43,6 +53,7 @@ std::vector<vmrResourceDeclaration> const & vmr_general_resources()
         units(),
         flag("vmrOptProcessWireframe"),
         flag("vmrOptProcessSurfaces"),
+        verification(),
         tolerance("vmrTolTriangulate3d", "0.1"),
         tolerance("vmrTolPolygonizeCurve2d", "0.01"),
         tolerance("vmrTolPolygonizeCurve3d", "0.01"),

@@ -82,11 +82,14 @@ void sglBatchProgressDialog::finish_translation_data(sdbProgressFinish)
     utString output = output_text();
     utString errors = error_text();
     for (int i = 0; i < data.num_output_files(); ++i) {
-        auto const status = sgl_finish_of(channel()->translation_details(i).status());
+        auto const details = channel()->translation_details(i);
+        auto const status = sgl_finish_of(details.status());
         bool const cancelled = status == sdbProgressCancelled;
         data.set_translation_status(status);
         data.set_output_messages(cancelled ? utString() : sgl_record_text(sgl_cut_batch_section(output)));
         data.set_error_messages(cancelled ? utString() : sgl_record_text(sgl_cut_batch_section(errors)));
+        data.set_verdict(details.verdict());
+        data.set_findings(details.findings());
     }
     register_record();
 }

@@ -71,6 +71,9 @@ void sglGUIProgressDialog::finish_translation_data(sdbProgressFinish status)
     m_record->set_translation_status(status);
     m_record->set_output_messages(cancelled ? utString() : sgl_record_text(output_text()));
     m_record->set_error_messages(cancelled ? utString() : sgl_record_text(error_text()));
+    auto const details = channel()->current_translation_details();
+    m_record->set_verdict(details.verdict());
+    m_record->set_findings(details.findings());
     register_record();
 }
 

@@ -5,6 +5,7 @@
 
 #include "s2s/s2sBatchMarker.h"
 #include "sdu/sduServices.h"
+#include "translation/sglVerificationText.h"
 #include "vmr/coResourceIterator.h"
 
 namespace {
@@ -91,6 +92,7 @@ void sglTranslationDataDisplayer::display_translation(int index)
         display_output(index);
     display_messages(m_record->output_messages(index), 1065);
     display_messages(m_record->error_messages(index), 1066);
+    display_verification(m_record->verdict(index), m_record->findings(index));
 }
 
 void sglTranslationDataDisplayer::display_inputs(int index)
@@ -149,6 +151,18 @@ void sglTranslationDataDisplayer::display_messages(utString const & messages, un
     utString piece;
     while (next_piece(messages, separator, from, piece))
         display_text(piece);
+    decrement_depth();
+}
+
+void sglTranslationDataDisplayer::display_verification(sdbVerdict verdict, sdbFindings const & findings)
+{
+    if (verdict == sdbVerdictNone && findings.empty())
+        return;
+    increment_depth(sgl_verification_heading(verdict));
+    for (auto const & finding : findings.kept())
+        display_text(sgl_finding_line(finding));
+    if (findings.left_out() != 0)
+        display_text(sgl_findings_left_out_line(findings.left_out()));
     decrement_depth();
 }
 

@@ -30,4 +30,13 @@ struct kitRecord {
         data.set_error_messages(error_text);
         return *this;
     }
+    kitRecord & verified(sdbVerdict verdict, std::vector<sdbFinding> const & findings = {})
+    {
+        sdbFindings all;
+        for (auto const & finding : findings)
+            all.add(finding);
+        data.set_verdict(verdict);
+        data.set_findings(all);
+        return *this;
+    }
 };

@@ -11,6 +11,7 @@ struct kitOutcome {
     s2sThreadStatus status = s2sThreadCompleted;
     int processed = 1;
     int failed = 0;
+    s2sVerification verification = {};
 };
 
 /// A job that does no work: it goes through its translations in the channel and leaves the outcomes that a
@@ -31,7 +32,8 @@ public:
             m_channel.begin_translation(m_elements);
             if (while_running)
                 while_running();
-            m_channel.finish_translation(outcome.status, outcome.processed, outcome.failed);
+            m_channel.finish_translation(outcome.status, outcome.processed, outcome.failed,
+                                         outcome.verification);
             if (outcome.status != s2sThreadCompleted)
                 result = 0;
         }

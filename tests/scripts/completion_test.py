@@ -19,13 +19,14 @@ class Completion(unittest.TestCase):
     def test_input_options_are_those_with_an_effect_on_reading(self):
         self.assertEqual(options_after("a.stl -t STEP -res_opt"),
                          {"stlReadMergeTolerance", "stlReadUnit", "vmrOptProcessSurfaces", "vmrOptProcessWireframe"})
+        self.assertNotIn("vmrOptVerify", options_after("a.step -t STEP -res_opt"))
         self.assertIn("stepReadNames", options_after("a.step -t STEP -res_opt"))
         self.assertNotIn("vmrTolCurveOnSurface3d", options_after("a.step -t STEP -res_opt"))
         self.assertIn("vmrTolCurveOnSurface3d", options_after("a.brep -t STEP -res_opt"))
 
     def test_output_options_are_those_of_the_output(self):
         offered = options_after("a.step -t STL -o b.stl -res_opt")
-        self.assertLessEqual({"stlAngularDeflection", "vmrOptOutputUnits", "vmrTolTriangulate3d"}, offered)
+        self.assertLessEqual({"stlAngularDeflection", "vmrOptOutputUnits", "vmrOptVerify", "vmrTolTriangulate3d"}, offered)
         self.assertFalse([name for name in offered if "Read" in name or name.startswith("step")])
 
     def test_resource_file_of_the_output_comes_directly_behind_it(self):

@@ -1,6 +1,7 @@
 #include "brep/brepFlatten.h"
 
 #include "sdk/geometry/sdkJoin.h"
+#include "sdk/sdkPlaced.h"
 
 #include <vector>
 
@@ -9,7 +10,7 @@ namespace {
 void collect(TDF_Label const & label, TopLoc_Location const & location, std::vector<TopoDS_Shape> & shapes)
 {
     if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
-        shapes.push_back(XCAFDoc_ShapeTool::GetShape(label).Moved(location));
+        shapes.push_back(sdk_placed(XCAFDoc_ShapeTool::GetShape(label), location));
         return;
     }
     TDF_LabelSequence components;

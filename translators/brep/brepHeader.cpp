@@ -40,3 +40,33 @@ brepHeader brep_header(std::string_view content)
     }
     return header;
 }
+
+bool brep_is_whole(std::string_view content)
+{
+    auto const header = brep_header(content);
+    if (header.form == brepForm::neither || header.too_new()) {
+        return false;
+    }
+    if (header.form == brepForm::binary) {
+        return true;
+    }
+    // The list of the parts of a shape ends with an asterisk. Orientation, number and place of the chief
+    // shape come behind the last.
+    auto const list = content.rfind('*');
+    if (list == std::string_view::npos) {
+        return false;
+    }
+    auto line = content.substr(list + 1);
+    skip_blanks(line);
+    if (line.empty() || std::string_view("+-ie").find(line.front()) == std::string_view::npos) {
+        return false;
+    }
+    line.remove_prefix(1);
+    int shape = 0;
+    int place = -1;
+    auto const * const end = line.data() + line.size();
+    auto const number = std::from_chars(line.data(), end, shape);
+    line.remove_prefix(static_cast<std::size_t>(number.ptr - line.data()));
+    skip_blanks(line);
+    return std::from_chars(line.data(), end, place).ec == std::errc() && shape > 0 && place >= 0;
+}

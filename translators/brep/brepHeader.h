@@ -17,3 +17,7 @@ struct brepHeader {
 };
 
 brepHeader brep_header(std::string_view content);
+
+// True when the content has a header of a version that is known and, in the text form, the line at its end
+// that names the chief shape. The binary form has no mark at its end.
+bool brep_is_whole(std::string_view content);

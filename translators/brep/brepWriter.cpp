@@ -1,11 +1,14 @@
 #include "brep/brepWriter.h"
 
 #include "brep/brepFlatten.h"
+#include "brep/brepHeader.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/geometry/sdkScale.h"
+#include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
 
 #include <BRepTools.hxx>
@@ -17,17 +20,30 @@
 #include <ostream>
 #include <typeinfo>
 
+brepWriter::brepWriter(sdkContext & context) : m_context(context)
+{
+    auto const & options = context.options();
+    bool const nested = options.text("brepWriteStructure") == "nested";
+    auto & promise = context.promise();
+    promise.made = true;
+    promise.holds = {
+        .structure = nested, .names = false, .colours = false, .layers = false, .visibility = false};
+    promise.exact_curves = options.text("brepWriteCurves") == "exact";
+    promise.read_back["brepReadUnit"] = sdk_output_unit(options).name;
+    if (nested) {
+        promise.read_back["brepReadStructure"] = "assembly";
+    }
+}
+
 sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
     Message_ProgressScope scope(range, nullptr, 10);
     auto & reporter = m_context.reporter();
     auto const & options = m_context.options();
+    sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
-    bool const nested = options.text("brepWriteStructure") == "nested";
-    sdkCapabilities const capabilities{
-        .structure = nested, .names = false, .colours = false, .layers = false};
-    sdk_report_losses(document, capabilities, "BREP", reporter);
+    sdk_report_losses(document, m_context.promise().holds, "BREP", reporter);
     if (auto result = make_facets(document, scope.Next(4)); !result) {
         return result;
     }
@@ -40,7 +56,9 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
         return sdkResult::completed();
     }
     auto const & unit = sdk_output_unit(options);
-    m_shape = sdk_scaled(nested ? sdk_whole_shape(document) : brep_flattened(document), 1 / unit.millimetres);
+    m_shape =
+        sdk_scaled(m_context.promise().holds.structure ? sdk_whole_shape(document) : brep_flattened(document),
+                   1 / unit.millimetres);
     if (auto result = tessellate(unit.millimetres, scope.Next(4)); !result) {
         return result;
     }
@@ -137,5 +155,6 @@ sdkResult brepWriter::write(std::string const & path, Message_ProgressRange cons
         return sdkResult::write_error(sdkText(
             "brep::%s could not be written: %s; try the other form of the format", m_context.file(), reason));
     }
+    m_context.promise().checked = result && sdk_file_passes(path, brep_is_whole);
     return result;
 }

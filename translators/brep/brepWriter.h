@@ -7,7 +7,7 @@
 // Writes boundary representation files of Open CASCADE, text and binary, of one shape that has all there is.
 class brepWriter : public sdkWriter {
 public:
-    explicit brepWriter(sdkContext & context) : m_context(context) {}
+    explicit brepWriter(sdkContext & context);
 
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;

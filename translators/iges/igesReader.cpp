@@ -109,7 +109,8 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     TDF_LabelSequence const before = document.free_shapes();
-    sdkShapeProcessing const processing(sdkHealing::standard);
+    sdkShapeProcessing const processing(options.boolean("igesReadHealing") ? sdkHealing::standard
+                                                                           : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
     bool const sewing = options.boolean("igesReadSolids");
     Message_ProgressScope scope(range, nullptr, 10);

@@ -1,5 +1,6 @@
 #include "iges/igesWriter.h"
 
+#include "iges/igesFile.h"
 #include "iges/igesNames.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
@@ -36,6 +37,20 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
     m_writer->SetNameMode(options.boolean("igesWriteNames"));
     m_writer->SetColorMode(options.boolean("igesWriteColours"));
     m_writer->SetLayerMode(options.boolean("igesWriteLayers"));
+    bool const solids = options.boolean("igesWriteSolids");
+    auto & promise = context.promise();
+    promise.made = true;
+    promise.holds = {.structure = false,
+                     .names = options.boolean("igesWriteNames"),
+                     .colours = options.boolean("igesWriteColours"),
+                     .layers = options.boolean("igesWriteLayers"),
+                     .solids = solids};
+    promise.ascii_names = true;
+    promise.exact_curves = options.text("igesWriteCurves") == "exact";
+    if (solids) {
+        // What was written as a solid must come back as one by itself.
+        promise.read_back["igesReadSolids"] = "false";
+    }
 }
 
 sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
@@ -109,7 +124,10 @@ sdkResult igesWriter::write(std::string const & path, Message_ProgressRange cons
     fill_header();
     std::ostream stream(&file);
     m_writer->Write(stream);
-    return file.close(m_context.file());
+    auto result = file.close(m_context.file());
+    m_context.promise().checked =
+        result && sdk_file_passes(path, [](std::string_view text) { return igesFile(text).is_whole(); });
+    return result;
 }
 
 void igesWriter::fill_header()

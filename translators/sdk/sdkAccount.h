@@ -23,9 +23,14 @@ public:
     void add(sdkFinding finding);
     std::vector<sdkFinding> const & findings() const { return m_findings; }
 
+    // False when nobody will look at what takes time to find out: faults of the source itself.
+    bool wanted() const { return m_wanted; }
+    void want(bool wanted) { m_wanted = wanted; }
+
 private:
     static constexpr std::size_t index(sdkSourceKind kind) { return static_cast<std::size_t>(kind); }
 
     std::array<std::int64_t, 6> m_held{};
     std::vector<sdkFinding> m_findings;
+    bool m_wanted = true;
 };

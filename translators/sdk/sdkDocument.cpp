@@ -97,7 +97,7 @@ TDF_LabelSequence sdkDocument::parts() const
     m_shapes->GetShapes(all);
     TDF_LabelSequence parts;
     for (auto const & label : all) {
-        if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
+        if (!XCAFDoc_ShapeTool::IsAssembly(label) && !XCAFDoc_ShapeTool::IsReference(label)) {
             parts.Append(label);
         }
     }
@@ -115,17 +115,12 @@ TDF_LabelSequence sdkDocument::parts_of(TDF_LabelSequence const & shapes)
         if (!seen.Add(label)) {
             continue;
         }
-        if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            waiting.Append(referred);
+        } else if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+            XCAFDoc_ShapeTool::GetComponents(label, waiting);
+        } else {
             parts.Append(label);
-            continue;
-        }
-        TDF_LabelSequence components;
-        XCAFDoc_ShapeTool::GetComponents(label, components);
-        for (auto const & component : components) {
-            TDF_Label referred;
-            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-                waiting.Append(referred);
-            }
         }
     }
     return parts;

@@ -39,10 +39,12 @@ public:
     Handle(XCAFDoc_ColorTool) const & colours() const { return m_colours; }
     Handle(XCAFDoc_LayerTool) const & layers() const { return m_layers; }
 
+    // What nothing else uses. One of them may be no more than a place of a definition that stands beside it
+    // (XCAFDoc_ShapeTool::IsReference), when a shape was added that had a place of its own.
     TDF_LabelSequence free_shapes() const;
     // The free shapes that are not among those that were there before.
     TDF_LabelSequence free_shapes_since(TDF_LabelSequence const & before) const;
-    // The definitions that are no assemblies, each once however often it is used.
+    // The definitions that are no assemblies, each once however often and wherever it is used.
     TDF_LabelSequence parts() const;
     // Those of them that the given shapes are or use.
     static TDF_LabelSequence parts_of(TDF_LabelSequence const & shapes);

@@ -1,5 +1,7 @@
 #include "sdk/sdkFiles.h"
 
+#include "sdk/sdkInputFile.h"
+
 #include <filesystem>
 #include <system_error>
 
@@ -30,4 +32,11 @@ sdkResult sdk_check_written(std::string const & path, std::string const & shown)
             sdkText("host::%s could not be written: there is no content for it", shown));
     }
     return sdkResult::completed();
+}
+
+bool sdk_file_passes(std::string const & path, std::function<bool(std::string_view)> const & is_whole)
+{
+    sdkInputFile file;
+    sdkText ignored;
+    return file.open(path, ignored) && is_whole(file.text());
 }

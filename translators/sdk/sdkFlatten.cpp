@@ -1,33 +1,40 @@
 #include "sdk/sdkFlatten.h"
 
 #include "sdk/sdkAttributes.h"
+#include "sdk/sdkPlaced.h"
+#include "sdk/sdkScaler.h"
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRep_Builder.hxx>
+#include <TDF_LabelMap.hxx>
+#include <TopAbs.hxx>
 #include <TopLoc_Location.hxx>
+#include <TopTools_DataMapOfShapeShape.hxx>
 #include <TopoDS_Compound.hxx>
 
 #include <optional>
 
 namespace {
 
-// A copy of a shape whose place has become part of its geometry: a free shape of a document has no place of
-// its own.
+// A part at another place: a free shape of a document has no place of its own, so the place becomes part of
+// the geometry, or the part lies in a compound.
 class Placement {
 public:
     Placement(TopoDS_Shape const & shape, TopLoc_Location const & location, sdkPlacing placing)
         : m_location(location)
     {
-        // Triangles without a surface are not transformed.
-        if (placing == sdkPlacing::compound || sdk_count_entities(shape).facets_only > 0) {
-            TopoDS_Compound compound;
-            BRep_Builder builder;
-            builder.MakeCompound(compound);
-            builder.Add(compound, shape.Moved(location));
-            m_shape = compound;
-        } else {
+        bool const rigid = sdk_scale_of(location) == 1;
+        // Triangles without a surface are not transformed by the toolkit.
+        if (rigid && (placing == sdkPlacing::compound || sdk_count_entities(shape).facets_only > 0)) {
+            m_shape = in_compound(shape.Moved(location));
+        } else if (rigid) {
             m_transform.emplace(shape, location.Transformation(), Standard_True);
             m_shape = m_transform->Shape();
+        } else {
+            sdkScaler scaler([this](TopoDS_Shape const & before, TopoDS_Shape const & after, double) {
+                m_scaled.Bind(before, after);
+            });
+            m_shape = in_compound(scaler(shape.Moved(location, Standard_False), 1));
         }
     }
 
@@ -35,12 +42,33 @@ public:
 
     TopoDS_Shape placed(TopoDS_Shape const & detail) const
     {
-        return m_transform ? m_transform->ModifiedShape(detail) : detail.Moved(m_location);
+        if (m_transform) {
+            return m_transform->ModifiedShape(detail);
+        }
+        TopoDS_Shape scaled;
+        auto const base = detail.Located(TopLoc_Location()).Oriented(TopAbs_FORWARD);
+        if (!m_scaled.Find(base, scaled)) {
+            return detail.Moved(sdk_rigid_part(m_location));
+        }
+        auto const place = m_location * detail.Location();
+        auto const now = scaled.Located(sdk_rigid_part(place))
+                             .Oriented(TopAbs::Compose(detail.Orientation(), scaled.Orientation()));
+        return sdk_found_in(m_shape, now);
     }
 
 private:
+    static TopoDS_Shape in_compound(TopoDS_Shape const & shape)
+    {
+        TopoDS_Compound compound;
+        BRep_Builder builder;
+        builder.MakeCompound(compound);
+        builder.Add(compound, shape);
+        return compound;
+    }
+
     TopLoc_Location m_location;
     TopoDS_Shape m_shape;
+    TopTools_DataMapOfShapeShape m_scaled;
     std::optional<BRepBuilderAPI_Transform> m_transform;
 };
 
@@ -51,19 +79,18 @@ public:
     // The places are those from the assembly down to the label, the outermost first.
     void flatten(TDF_Label const & label, TopLoc_Location const & location, TDF_LabelSequence const & places)
     {
-        if (!XCAFDoc_ShapeTool::IsAssembly(label)) {
-            add_part(label, location, places);
-            return;
-        }
-        TDF_LabelSequence components;
-        XCAFDoc_ShapeTool::GetComponents(label, components);
-        for (auto const & component : components) {
-            TDF_Label referred;
-            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-                TDF_LabelSequence inner = places;
-                inner.Append(component);
-                flatten(referred, location * XCAFDoc_ShapeTool::GetLocation(component), inner);
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            TDF_LabelSequence inner = places;
+            inner.Append(label);
+            flatten(referred, location * XCAFDoc_ShapeTool::GetLocation(label), inner);
+        } else if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+            TDF_LabelSequence components;
+            XCAFDoc_ShapeTool::GetComponents(label, components);
+            for (auto const & component : components) {
+                flatten(component, location, places);
             }
+        } else {
+            add_part(label, location, places);
         }
     }
 
@@ -91,22 +118,33 @@ private:
     sdkPlacing m_placing;
 };
 
-// Removes a shape that nothing uses, and then all that only it used.
-void remove_unused(sdkDocument & document, TDF_Label const & label)
+// Whatever a shape uses, and the shape itself: each behind all that it uses.
+void append_used(TDF_Label const & label, TDF_LabelMap & seen, TDF_LabelSequence & used)
 {
-    TDF_LabelSequence components;
-    XCAFDoc_ShapeTool::GetComponents(label, components);
-    TDF_LabelSequence used;
-    for (auto const & component : components) {
-        TDF_Label referred;
-        if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-            used.Append(referred);
+    if (!seen.Add(label)) {
+        return;
+    }
+    TDF_LabelSequence places;
+    XCAFDoc_ShapeTool::GetComponents(label, places);
+    places.Append(label);
+    for (auto const & place : places) {
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(place, referred)) {
+            append_used(referred, seen, used);
         }
     }
-    document.shapes()->RemoveShape(label, Standard_True);
-    for (auto const & referred : used) {
-        if (XCAFDoc_ShapeTool::IsShape(referred) && XCAFDoc_ShapeTool::IsFree(referred)) {
-            remove_unused(document, referred);
+    used.Append(label);
+}
+
+// Removes a shape that nothing uses, and then all that only it used. The toolkit removes the definition
+// together with a reference to it, so what that uses is looked up before.
+void remove_unused(sdkDocument & document, TDF_Label const & label)
+{
+    TDF_LabelMap seen;
+    TDF_LabelSequence used;
+    append_used(label, seen, used);
+    for (int at = used.Length(); at >= 1; --at) {
+        if (XCAFDoc_ShapeTool::IsShape(used(at)) && XCAFDoc_ShapeTool::IsFree(used(at))) {
+            document.shapes()->RemoveShape(used(at), Standard_True);
         }
     }
 }
@@ -116,15 +154,20 @@ void remove_unused(sdkDocument & document, TDF_Label const & label)
 int sdk_flatten(sdkDocument & document, TDF_LabelSequence const & free_shapes, sdkPlacing placing)
 {
     Flattening flattening(document, placing);
-    TDF_LabelSequence assemblies;
+    TDF_LabelSequence flattened;
+    int assemblies = 0;
     for (auto const & label : free_shapes) {
-        if (XCAFDoc_ShapeTool::IsAssembly(label)) {
+        TDF_Label whole = label;
+        bool const placed = XCAFDoc_ShapeTool::GetReferredShape(label, whole);
+        bool const assembly = XCAFDoc_ShapeTool::IsAssembly(whole);
+        if (placed || assembly) {
             flattening.flatten(label, TopLoc_Location(), {});
-            assemblies.Append(label);
+            flattened.Append(label);
+            assemblies += assembly ? 1 : 0;
         }
     }
-    for (auto const & label : assemblies) {
+    for (auto const & label : flattened) {
         remove_unused(document, label);
     }
-    return assemblies.Length();
+    return assemblies;
 }

@@ -15,6 +15,8 @@ struct sdkPromise {
     bool exact_curves = true;
     // Names have been reduced to ASCII: each other character is an underscore.
     bool ascii_names = false;
+    // Hidden bodies are in the output, hidden or not; else they are left out.
+    bool hidden = true;
     // How far triangles may lie from surfaces, in millimetres; 0 where the format holds surfaces.
     double deflection = 0;
     // Options with which the reader of the same format has to read the output, such as its unit of length.

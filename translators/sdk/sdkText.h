@@ -23,6 +23,15 @@ public:
     {
     }
 
+    // With arguments that have come from elsewhere.
+    static sdkText from(std::string key, std::vector<sdkArgument> arguments)
+    {
+        sdkText text;
+        text.m_key = std::move(key);
+        text.m_arguments = std::move(arguments);
+        return text;
+    }
+
     bool empty() const { return m_key.empty(); }
     std::string const & key() const { return m_key; }
     std::vector<sdkArgument> const & arguments() const { return m_arguments; }

@@ -23,5 +23,7 @@ struct stepFile {
     // What FILE_SCHEMA names, such as "AUTOMOTIVE_DESIGN", joined by commas.
     std::string schema;
 
+    bool is_whole() const { return begins && sections_end && ends; }
+
     explicit stepFile(std::string_view text);
 };

@@ -5,18 +5,26 @@
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
+#include "step/stepActor.h"
 #include "step/stepFile.h"
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
+#include "step/stepMappings.h"
+#include "step/stepProducts.h"
+#include "step/stepSolids.h"
 #include "step/stepValidationCheck.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
+#include <StepData_StepModel.hxx>
 #include <StepGeom_CartesianPoint.hxx>
 #include <StepGeom_CartesianTransformationOperator.hxx>
 #include <StepShape_Face.hxx>
+#include <StepShape_ShapeRepresentation.hxx>
 #include <TColStd_SequenceOfAsciiString.hxx>
 #include <TCollection_HAsciiString.hxx>
+#include <Transfer_TransientProcess.hxx>
+#include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 
 #include <algorithm>
@@ -85,6 +93,7 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     "again from the program that made it",
                     m_context.file()));
     }
+    m_references = step_constructive_references(file.text());
     sdk_report_load(reader.WS(), m_context);
     if (auto result = check_transformations(); !result) {
         return result;
@@ -137,6 +146,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
                                                                            : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
     Message_ProgressScope scope(range, nullptr, 1);
+    build_missing();
     bool const transferred = m_reader->Transfer(handle, scope.Next());
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
@@ -157,6 +167,26 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     sdk_filter_by_options(document, sdkDocument::parts_of(document.free_shapes_since(before)), m_context);
     return sdkResult::completed();
+}
+
+void stepReader::build_missing()
+{
+    auto const & reader = m_reader->ChangeReader();
+    auto const transfer = reader.WS()->TransferReader();
+    auto const model = reader.StepModel();
+    auto const process = transfer->TransientProcess();
+    Handle(STEPControl_ActorRead) const actor = new stepActor(*process);
+    transfer->SetActor(actor);
+    if (!transfer->BeginTransfer()) {
+        return;
+    }
+    stepProducts const products(model);
+    stepSolids solids(model, actor, process, m_references);
+    stepMappings mappings(products, solids, actor, process);
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        mappings.build(Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number)));
+    }
+    actor->ResetUnits();
 }
 
 sdkResult stepReader::check_transformations() const

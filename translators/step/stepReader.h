@@ -3,6 +3,7 @@
 #include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
+#include "step/stepReferences.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
@@ -20,6 +21,7 @@ private:
     sdkResult check_text(sdkInputFile & file);
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
+    void build_missing();
     void prepare_layers() const;
     void report_losses() const;
     void report_units();
@@ -28,4 +30,5 @@ private:
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Reader> m_reader;
     std::string m_schema;
+    stepReferences m_references;
 };

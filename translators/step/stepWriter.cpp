@@ -3,11 +3,13 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkStated.h"
+#include "step/stepFile.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
@@ -54,12 +56,20 @@ stepWriter::stepWriter(sdkContext & context) : m_context(context)
     m_writer->SetColorMode(options.boolean("stepWriteColours"));
     m_writer->SetLayerMode(options.boolean("stepWriteLayers"));
     m_writer->SetPropsMode(Standard_False);
+    auto & promise = context.promise();
+    promise.made = true;
+    promise.holds.structure = options.text("stepWriteStructure") == "assembly";
+    promise.holds.names = options.boolean("stepWriteNames");
+    promise.holds.colours = options.boolean("stepWriteColours");
+    promise.holds.layers = options.boolean("stepWriteLayers");
+    promise.exact_curves = options.text("stepWriteCurves") == "exact";
 }
 
 sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
     auto const & options = m_context.options();
     auto & reporter = m_context.reporter();
+    sdk_make_places_rigid(document);
     if (options.text("stepWriteStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, document.free_shapes(), sdkPlacing::geometry);
             assemblies > 0) {
@@ -130,5 +140,9 @@ sdkResult stepWriter::write(std::string const & path, Message_ProgressRange cons
     std::ostream stream(&encoding);
     text.Print(stream);
     encoding.finish();
-    return file.close(m_context.file());
+    auto result = file.close(m_context.file());
+    m_context.promise().checked = result && sdk_file_passes(path, [](std::string_view content) {
+                                      return stepFile(content).is_whole();
+                                  });
+    return result;
 }

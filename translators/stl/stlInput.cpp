@@ -43,3 +43,21 @@ stlForm stl_form(std::string_view content)
     }
     return has_header && !readable ? stlForm::binary : stlForm::neither;
 }
+
+bool stl_is_whole(std::string_view content)
+{
+    switch (stl_form(content)) {
+    case stlForm::binary:
+        return content.size() == stl_binary_size(stl_binary_count(content));
+    case stlForm::text: {
+        if (!content.ends_with('\n')) {
+            return false;
+        }
+        content.remove_suffix(1);
+        return content.substr(content.find_last_of('\n') + 1).starts_with("endsolid");
+    }
+    case stlForm::neither:
+        break;
+    }
+    return false;
+}

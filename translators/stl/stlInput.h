@@ -24,3 +24,7 @@ enum class stlForm { text, binary, neither };
 // Tells the forms apart by the length that a binary file announces, and by its first bytes: there are binary
 // files whose header begins as text files do.
 stlForm stl_form(std::string_view content);
+
+// True when the content ends where its form says: with the last triangle that a binary file announces, with
+// the end of a solid in a text file.
+bool stl_is_whole(std::string_view content);

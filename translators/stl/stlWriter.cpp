@@ -2,8 +2,10 @@
 
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
+#include "stl/stlInput.h"
 #include "stl/stlName.h"
 #include "stl/stlOutput.h"
 
@@ -28,6 +30,11 @@ bool is_text(sdkOptions const & options)
     return options.text("stlWriteForm") == "text";
 }
 
+sdkTessellationTolerances tolerances(sdkOptions const & options)
+{
+    return sdk_tessellation_tolerances(options, options.real("stlAngularDeflection"));
+}
+
 bool too_large(stlCorners const & corners)
 {
     return !std::isfinite(corners[0].SquareModulus() + corners[1].SquareModulus() +
@@ -36,26 +43,37 @@ bool too_large(stlCorners const & corners)
 
 } // namespace
 
+stlWriter::stlWriter(sdkContext & context) : m_context(context)
+{
+    auto const & options = context.options();
+    auto & promise = context.promise();
+    promise.made = true;
+    promise.holds = {.structure = false,
+                     .names = is_text(options) && options.text("stlWriteParts") == "each",
+                     .colours = false,
+                     .layers = false,
+                     .curves = false,
+                     .points = false,
+                     .surfaces = false,
+                     .visibility = false,
+                     .solids = false};
+    promise.deflection = tolerances(options).linear;
+    promise.read_back["stlReadUnit"] = sdk_output_unit(options).name;
+}
+
 sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
 {
     Message_ProgressScope scope(range, nullptr, 10);
     auto & reporter = m_context.reporter();
     auto const & options = m_context.options();
+    sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
-    bool const each = is_text(options) && options.text("stlWriteParts") == "each";
-    sdkCapabilities const capabilities{.structure = false,
-                                       .names = each,
-                                       .colours = false,
-                                       .layers = false,
-                                       .curves = false,
-                                       .points = false,
-                                       .surfaces = false};
-    auto const lost = sdk_report_losses(document, capabilities, "STL", reporter);
+    bool const each = m_context.promise().holds.names;
+    auto const lost = sdk_report_losses(document, m_context.promise().holds, "STL", reporter);
     reporter.failed(lost);
 
-    auto const tessellation = sdk_tessellate(
-        document, sdk_tessellation_tolerances(options, options.real("stlAngularDeflection")), scope.Next(9));
+    auto const tessellation = sdk_tessellate(document, tolerances(options), scope.Next(9));
     if (tessellation.cancelled) {
         return sdkResult::cancelled();
     }
@@ -118,7 +136,7 @@ void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & locatio
     }
     Solid solid{sdkDocument::name(label), {}};
     double const unit = sdk_output_unit(m_context.options()).millimetres;
-    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location);
+    auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location, Standard_False);
     for (TopExp_Explorer face(placed, TopAbs_FACE); face.More(); face.Next()) {
         TopLoc_Location ignored;
         auto const & one = TopoDS::Face(face.Current());
@@ -191,5 +209,7 @@ sdkResult stlWriter::write(std::string const & path, Message_ProgressRange const
             each_triangle(solid, output);
         }
     }
-    return file.close(m_context.file());
+    auto result = file.close(m_context.file());
+    m_context.promise().checked = result && sdk_file_passes(path, stl_is_whole);
+    return result;
 }

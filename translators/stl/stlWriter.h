@@ -8,7 +8,7 @@
 // Writes stereolithography files, text or binary, of all faces of the document.
 class stlWriter : public sdkWriter {
 public:
-    explicit stlWriter(sdkContext & context) : m_context(context) {}
+    explicit stlWriter(sdkContext & context);
 
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;

@@ -55,6 +55,19 @@ TEST(Connector, TranslatesBeforeItFormats)
     EXPECT_EQ(sink.texts, (std::vector<std::string>{"3 Teile hat die Datei a.stp\n", "Size 0,5"}));
 }
 
+TEST(Connector, GivesTheTextOfAMessageWithoutDisplayingIt)
+{
+    Surroundings const surroundings;
+    nlsDomainManager::language("de");
+    vmrnlsTranslatorWithDatabases const translator(TEST_LOCALE_FOLDER);
+    vmrnlsFormatterSimple const formatter(",");
+    Sink sink;
+    vmrnlsConnector const connector(&translator, &formatter, &sink);
+    EXPECT_EQ(connector.text("sample", "cl::File %s has %d parts\n", ut_text_arguments("a.stp", 3)),
+              utString("3 Teile hat die Datei a.stp\n"));
+    EXPECT_TRUE(sink.texts.empty());
+}
+
 TEST(Connector, TakesMessagesFromSeveralThreads)
 {
     Surroundings const surroundings;

@@ -33,6 +33,28 @@ int open_descriptors()
     return static_cast<int>(std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
 }
 
+namespace {
+
+std::string text_of(Message const & message)
+{
+    auto text = message.key;
+    if (auto const context = text.find("::"); context != std::string::npos)
+        text.erase(0, context + 2);
+    std::size_t at = 0;
+    for (auto const & argument : message.arguments) {
+        at = text.find('%', at);
+        if (at == std::string::npos)
+            break;
+        std::ostringstream shown;
+        std::visit([&](auto const & value) { shown << value; }, argument);
+        text.replace(at, 2, shown.str());
+        at += shown.str().size();
+    }
+    return text;
+}
+
+} // namespace
+
 void Recorder::write(char const * domain, char const * key, utTextArguments const & arguments)
 {
     Message const message{domain, key, arguments};
@@ -51,25 +73,16 @@ std::vector<Message> Recorder::messages() const
     return m_messages;
 }
 
+utString Recorder::text(char const * domain, char const * key, utTextArguments const & arguments) const
+{
+    return std::string(domain) + "/" + text_of({domain, key, arguments});
+}
+
 std::string Recorder::text() const
 {
     std::string all;
-    for (auto const & message : messages()) {
-        auto text = message.key;
-        if (auto const context = text.find("::"); context != std::string::npos)
-            text.erase(0, context + 2);
-        std::size_t at = 0;
-        for (auto const & argument : message.arguments) {
-            at = text.find('%', at);
-            if (at == std::string::npos)
-                break;
-            std::ostringstream shown;
-            std::visit([&](auto const & value) { shown << value; }, argument);
-            text.replace(at, 2, shown.str());
-            at += shown.str().size();
-        }
-        all += text;
-    }
+    for (auto const & message : messages())
+        all += text_of(message);
     return all;
 }
 

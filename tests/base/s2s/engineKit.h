@@ -36,6 +36,8 @@ struct Message {
 class Recorder : public vmrabsOutput {
 public:
     void write(char const * domain, char const * key, utTextArguments const & arguments) override;
+    /// The text with its arguments in place of the conversions, without its context, behind "domain/".
+    utString text(char const * domain, char const * key, utTextArguments const & arguments) const override;
 
     std::vector<Message> messages() const;
     /// All messages with their arguments in place of the conversions, without contexts.

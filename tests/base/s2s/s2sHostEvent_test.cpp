@@ -56,6 +56,51 @@ TEST(HostEvent, ReadsTheEnd)
     EXPECT_EQ(event.failed, 2147483647);
 }
 
+TEST(HostEvent, ReadsAFindingWithItsAmounts)
+{
+    auto const event = read<s2sHostFinding>(
+        R"({"event":"finding","weight":"loss","kind":"volume","part":"Bolt","place":"#12","source":5250,"output":0.5,"domain":"vmrhost","key":"k::%s %g","args":["Bolt",0.5]})");
+    EXPECT_EQ(event.weight, sdbWeightLoss);
+    EXPECT_EQ(event.kind, utString("volume"));
+    EXPECT_EQ(event.part, utString("Bolt"));
+    EXPECT_EQ(event.place, utString("#12"));
+    EXPECT_EQ(event.source, 5250);
+    EXPECT_EQ(event.output, 0.5);
+    EXPECT_EQ(event.domain, utString("vmrhost"));
+    EXPECT_EQ(event.key, utString("k::%s %g"));
+    EXPECT_EQ(event.arguments, ut_text_arguments("Bolt", 0.5));
+}
+
+TEST(HostEvent, ReadsAFindingThatHasNoPartNoPlaceAndNoAmounts)
+{
+    auto const event = read<s2sHostFinding>(
+        R"({"event":"finding","weight":"difference","kind":"colours","domain":"d","key":"k","args":[]})");
+    EXPECT_EQ(event.weight, sdbWeightDifference);
+    EXPECT_EQ(event.part, utString(""));
+    EXPECT_EQ(event.place, utString(""));
+    EXPECT_FALSE(event.source);
+    EXPECT_FALSE(event.output);
+}
+
+TEST(HostEvent, ReadsEveryVerdictAndNoOther)
+{
+    std::pair<std::string, sdbVerdict> const verdicts[] = {{"verified", sdbVerdictVerified},
+                                                           {"differs", sdbVerdictDiffers},
+                                                           {"losses", sdbVerdictLosses},
+                                                           {"not_verified", sdbVerdictNotVerified}};
+    for (auto const & [name, verdict] : verdicts)
+        EXPECT_EQ(read<s2sHostVerdict>(R"({"event":"verdict","verdict":")" + name + "\"}").verdict, verdict);
+    EXPECT_FALSE(is_understood(R"({"event":"verdict","verdict":"splendid"})"));
+    EXPECT_FALSE(is_understood(R"({"event":"verdict"})"));
+}
+
+TEST(HostEvent, RefusesAFindingOfNoKnownWeight)
+{
+    EXPECT_FALSE(is_understood(
+        R"({"event":"finding","weight":"heavy","kind":"volume","domain":"d","key":"k","args":[]})"));
+    EXPECT_FALSE(is_understood(R"({"event":"finding","kind":"volume","domain":"d","key":"k","args":[]})"));
+}
+
 TEST(HostEvent, IgnoresFieldsThatItDoesNotKnow)
 {
     EXPECT_TRUE(is_understood(R"({"event":"progress","percent":1,"since":[1,{}]})"));

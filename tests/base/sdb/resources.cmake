@@ -1,5 +1,6 @@
 vmr_test(test_sdb_resources
   SOURCES
+    sdbFindings_test.cpp
     sdbOrderedStringPairs_test.cpp
     sdbResourceHandler_test.cpp
     sdbResourceType_test.cpp

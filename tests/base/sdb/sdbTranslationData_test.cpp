@@ -46,6 +46,22 @@ TEST(TranslationData, KeepsOneStatusForEachOutputOfABatch)
     EXPECT_EQ(data.status(2), sdbProgressCancelled);
 }
 
+TEST(TranslationData, KeepsTheVerdictAndTheFindingsOfEachOutput)
+{
+    sdbTranslationData data;
+    data.set_verdict(sdbVerdictVerified);
+    data.set_findings({});
+    data.set_verdict(sdbVerdictLosses);
+    sdbFindings findings;
+    findings.add({sdbWeightLoss, "not-translated", "Bolt", "#12", 3, 2, "One face of Bolt is lost"});
+    data.set_findings(findings);
+    EXPECT_EQ(data.verdict(0), sdbVerdictVerified);
+    EXPECT_TRUE(data.findings(0).empty());
+    EXPECT_EQ(data.verdict(1), sdbVerdictLosses);
+    ASSERT_EQ(data.findings(1).kept().size(), 1u);
+    EXPECT_EQ(data.findings(1).kept()[0].text, utString("One face of Bolt is lost"));
+}
+
 TEST(TranslationData, KeepsItsOwnCopyOfATable)
 {
     sdbTranslationData data;
@@ -65,6 +81,8 @@ TEST(TranslationData, KnowsNothingOfAnIndexThatItDoesNotHave)
         EXPECT_TRUE(data.output_messages(index).invalid());
         EXPECT_TRUE(data.input_resource_table(index).invalid());
         EXPECT_EQ(data.status(index), sdbProgressUnknown);
+        EXPECT_EQ(data.verdict(index), sdbVerdictNone);
+        EXPECT_TRUE(data.findings(index).empty());
     }
     EXPECT_EQ(data.type(), sdbTranslationSingle);
     EXPECT_EQ(data.num_output_files(), 0);

@@ -32,6 +32,16 @@ TEST(GeneralResources, OfferUnitsThatCanAllBeRead)
     }
 }
 
+TEST(GeneralResources, VerifyEveryOutputInFullUnlessAskedOtherwise)
+{
+    auto const verify = vmr_look_up_resource("vmrOptVerify");
+    ASSERT_NE(verify, nullptr);
+    EXPECT_EQ(verify->default_value, "full");
+    for (auto const name : {"none", "counts", "full"})
+        EXPECT_EQ(verify->canonical(name), name);
+    EXPECT_FALSE(verify->canonical("some"));
+}
+
 TEST(GeneralResources, TakeNoToleranceOfNothing)
 {
     for (auto const name : {"vmrTolTriangulate3d", "vmrTolPolygonizeCurve2d", "vmrTolPolygonizeCurve3d",

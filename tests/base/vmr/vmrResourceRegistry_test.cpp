@@ -94,7 +94,7 @@ TEST(ResourceRegistry, CanBeReadOnOneThreadWhileAnotherRegisters)
             int count = 0;
             for (coResourceIterator it(vmr_resource_table_inquire()); ++it;)
                 ++count;
-            wrong += count < 7 || !vmr_look_up_resource("vmrOptOutputUnits");
+            wrong += count < 8 || !vmr_look_up_resource("vmrOptOutputUnits");
         }
     });
     for (int i = 0; i < 200; ++i)

@@ -12,6 +12,7 @@ public:
         m_key = key;
         m_arguments = arguments;
     }
+    utString text(char const *, char const * key, utTextArguments const &) const override { return key; }
 
     std::string m_domain;
     std::string m_key;

@@ -37,3 +37,15 @@ TEST(BrepHeader, TakesNothingElse)
     }
     EXPECT_EQ(brep_header(std::string(5000, ' ').append("CASCADE Topology V1")).form, brepForm::neither);
 }
+
+TEST(BrepIsWhole, SeesTheLineOfTheChiefShape)
+{
+    EXPECT_TRUE(brep_is_whole("\nCASCADE Topology V2, (c)\nTShapes 1\nCo\n1100000\n+2 0 *\n\n+1 0 \n"));
+    EXPECT_TRUE(brep_is_whole("\nCASCADE Topology V3, (c)\n+2 0 +2 1 *\n\n-12 3"));
+    EXPECT_FALSE(brep_is_whole("\nCASCADE Topology V3, (c)\n+2 0 +2 1 *\n"));
+    EXPECT_FALSE(brep_is_whole("\nCASCADE Topology V3, (c)\n+2 0 +2 1 *\n\n+"));
+    EXPECT_FALSE(brep_is_whole("\nCASCADE Topology V3, (c)\n+2 0 +2 1 *\n\n+1"));
+    EXPECT_FALSE(brep_is_whole("\nCASCADE Topology V9, (c)\n+2 0 *\n\n+1 0"));
+    EXPECT_FALSE(brep_is_whole("something else *\n\n+1 0"));
+    EXPECT_FALSE(brep_is_whole(""));
+}

@@ -233,3 +233,23 @@ TEST_F(BrepWriter, SaysWhyAFileCouldNotBeWritten)
         EXPECT_TRUE(contains(absent.text().formatted(), "No such file or directory"));
     }
 }
+
+TEST_F(BrepWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("cube.brep"), {{"vmrOptOutputUnits", "in"}}));
+    EXPECT_TRUE(promise().made);
+    EXPECT_TRUE(promise().checked);
+    EXPECT_TRUE(promise().exact_curves);
+    EXPECT_TRUE(promise().holds.surfaces && promise().holds.solids && promise().holds.points);
+    EXPECT_FALSE(promise().holds.structure || promise().holds.names || promise().holds.colours);
+    EXPECT_EQ(promise().read_back.at("brepReadUnit"), "in");
+    ASSERT_TRUE(write(
+        kit_cube(10), path("cube.brep"),
+        {{"brepWriteStructure", "nested"}, {"brepWriteCurves", "polyline"}, {"brepWriteForm", "binary"}}));
+    EXPECT_TRUE(promise().checked);
+    EXPECT_TRUE(promise().holds.structure);
+    EXPECT_EQ(promise().read_back.at("brepReadStructure"), "assembly");
+    EXPECT_FALSE(promise().exact_curves);
+    EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
+    EXPECT_FALSE(promise().checked);
+}

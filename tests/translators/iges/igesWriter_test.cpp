@@ -111,6 +111,24 @@ TEST_F(IgesWriter, CompletesWithoutAFileWhenThereIsNothingToWrite)
     EXPECT_FALSE(std::filesystem::exists(path("empty.igs")));
 }
 
+TEST_F(IgesWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("cube.igs")));
+    EXPECT_TRUE(promise().made);
+    EXPECT_TRUE(promise().checked);
+    EXPECT_TRUE(promise().ascii_names);
+    EXPECT_TRUE(promise().holds.solids && promise().holds.names && promise().holds.colours);
+    EXPECT_FALSE(promise().holds.structure);
+    EXPECT_EQ(promise().read_back.at("igesReadSolids"), "false");
+    ASSERT_TRUE(
+        write(kit_cube(10), path("cube.igs"),
+              {{"igesWriteSolids", "false"}, {"igesWriteNames", "false"}, {"igesWriteCurves", "polyline"}}));
+    EXPECT_FALSE(promise().holds.solids || promise().holds.names || promise().exact_curves);
+    EXPECT_TRUE(promise().read_back.empty());
+    EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
+    EXPECT_FALSE(promise().checked);
+}
+
 TEST_F(IgesWriter, NamesTheValidationPropertiesThatAreLost)
 {
     sdkDocument document;

@@ -11,7 +11,7 @@ sdkResult kitFormatTest::write(sdkDocument & document, std::string const & file,
 {
     kitSide side(m_manifest, m_format, values, file);
     auto const result = kit_write(*make_writer(side.context()), document, side.reporter(), file);
-    keep(side.reporter());
+    keep(side);
     return result;
 }
 
@@ -27,7 +27,7 @@ sdkResult kitFormatTest::read(std::string const & file, sdkDocument & document, 
 {
     kitSide side(m_manifest, m_format, values, file);
     auto const result = kit_read(*make_reader(side.context()), file, document);
-    keep(side.reporter());
+    keep(side);
     return result;
 }
 
@@ -43,9 +43,12 @@ std::string kitFormatTest::refusal(std::string const & name, std::string const &
     return result.text().formatted();
 }
 
-void kitFormatTest::keep(kitReporter const & reporter)
+void kitFormatTest::keep(kitSide & side)
 {
+    auto const & reporter = side.reporter();
     m_said = reporter;
+    m_account = side.context().account();
+    m_promise = side.context().promise();
     EXPECT_TRUE(reporter.misfits.empty()) << reporter.misfits.front();
 }
 

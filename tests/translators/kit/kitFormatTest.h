@@ -36,14 +36,20 @@ protected:
 
     // What was said, and counted, in the last write or read.
     kitReporter const & said() const { return m_said; }
+    // What the reader found in its file, or the writer lost, in the last write or read.
+    sdkAccount const & account() const { return m_account; }
+    // What the writer said of its output in the last write.
+    sdkPromise const & promise() const { return m_promise; }
 
 private:
-    void keep(kitReporter const & reporter);
+    void keep(kitSide & side);
 
     std::string m_manifest;
     std::string m_format;
     kitTempFolder m_folder;
     kitReporter m_said;
+    sdkAccount m_account;
+    sdkPromise m_promise;
 };
 
 // The same for a format whose parts are these.

@@ -71,4 +71,26 @@ TEST_P(Flatten, TakesFacesThatHaveOnlyTriangles)
     EXPECT_EQ(document.count_entities().facets_only, 1);
 }
 
+TEST_P(Flatten, PutsScalesAndMirrorsIntoTheGeometry)
+{
+    for (auto const & shape : {kit_cube(10), kit_facet_cube()}) {
+        sdkDocument document;
+        auto const cube = document.add_shape(shape, "Cube");
+        TDF_Label face;
+        bool const solid = document.shapes()->AddSubShape(
+            cube, TopExp_Explorer(XCAFDoc_ShapeTool::GetShape(cube), TopAbs_FACE).Current(), face);
+        // The facets are one face, which is no part of itself.
+        document.colours()->SetColor(solid ? face : cube, kit_red(), XCAFDoc_ColorSurf);
+        auto const assembly = document.shapes()->NewShape();
+        gp_Trsf twice;
+        twice.SetScale(gp_Pnt(-10, 0, 0), -2);
+        document.shapes()->AddComponent(assembly, cube, TopLoc_Location(twice));
+        sdk_flatten(document, document.free_shapes(), GetParam());
+        ASSERT_EQ(document.parts().Length(), 1);
+        EXPECT_NEAR(sdk_measure(document).volume, 8000, 1e-6);
+        EXPECT_NEAR(sdk_measure(document).box.CornerMin().X(), -50, 1e-5);
+        EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Placings, Flatten, testing::Values(sdkPlacing::geometry, sdkPlacing::compound));

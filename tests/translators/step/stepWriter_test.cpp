@@ -3,6 +3,8 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
 
+#include <BRepPrimAPI_MakeCone.hxx>
+
 class StepWriter : public stepFormatTest {};
 
 namespace {
@@ -125,4 +127,33 @@ TEST_F(StepWriter, KeepsAWire)
     ASSERT_TRUE(read(path("wire.stp"), document));
     EXPECT_EQ(document.count_entities().curves, 2);
     EXPECT_EQ(document.count_entities().faces, 0);
+}
+
+TEST_F(StepWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
+{
+    ASSERT_TRUE(write(kit_cube(10), path("cube.stp")));
+    EXPECT_TRUE(promise().made);
+    EXPECT_TRUE(promise().checked);
+    EXPECT_TRUE(promise().holds.structure && promise().holds.names && promise().holds.solids);
+    ASSERT_TRUE(write(
+        kit_cube(10), path("cube.stp"),
+        {{"stepWriteStructure", "flat"}, {"stepWriteColours", "false"}, {"stepWriteCurves", "polyline"}}));
+    EXPECT_FALSE(promise().holds.structure || promise().holds.colours || promise().exact_curves);
+    EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
+    EXPECT_FALSE(promise().checked);
+}
+
+TEST_F(StepWriter, KeepsConesThatNarrowAlongTheirAxis)
+{
+    auto const cone = BRepPrimAPI_MakeCone(10, 5, 20).Solid();
+    auto const before = sdk_measure(cone);
+    ASSERT_TRUE(write(cone, path("cone.stp")));
+    EXPECT_TRUE(said().errors.empty());
+    sdkDocument document;
+    ASSERT_TRUE(read(path("cone.stp"), document));
+    auto const after = sdk_measure(document);
+    EXPECT_EQ(after.solids, 1);
+    EXPECT_EQ(after.faces, 3);
+    EXPECT_NEAR(after.volume, before.volume, 1e-6);
+    EXPECT_NEAR(after.area, before.area, 1e-6);
 }

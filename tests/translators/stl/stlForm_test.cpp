@@ -32,3 +32,17 @@ TEST(StlForm, ComputesTheSizeOfTheLargestFileWithoutOverflow)
     EXPECT_EQ(stl_binary_size(0), 84U);
     EXPECT_EQ(stl_binary_size(0xFFFFFFFFU), 84U + 50U * 0xFFFFFFFFULL);
 }
+
+TEST(StlIsWhole, SeesTheEndOfEachForm)
+{
+    EXPECT_TRUE(stl_is_whole("solid a\nendsolid a\n"));
+    EXPECT_TRUE(stl_is_whole("solid a\nendsolid a\nsolid b\nendsolid\n"));
+    EXPECT_FALSE(stl_is_whole("solid a\nendsolid a"));
+    EXPECT_FALSE(stl_is_whole("solid a\nendsolid a\nsolid b\n"));
+    EXPECT_FALSE(stl_is_whole(""));
+    std::string binary(84, '\0');
+    binary[80] = 1;
+    EXPECT_FALSE(stl_is_whole(binary));
+    EXPECT_TRUE(stl_is_whole(binary + std::string(50, '\0')));
+    EXPECT_FALSE(stl_is_whole(binary + std::string(51, '\0')));
+}

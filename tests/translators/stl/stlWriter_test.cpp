@@ -245,3 +245,20 @@ TEST_F(StlWriter, SaysWhyAFileCouldNotBeWritten)
         EXPECT_TRUE(contains(absent.text().formatted(), "No such file or directory"));
     }
 }
+
+TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
+{
+    for (auto const * form : {"text", "binary"}) {
+        ASSERT_TRUE(
+            write(kit_cube(10), path("cube.stl"),
+                  {{"stlWriteForm", form}, {"vmrOptOutputUnits", "cm"}, {"vmrTolTriangulate3d", "0.25"}}));
+        EXPECT_TRUE(promise().made);
+        EXPECT_TRUE(promise().checked) << form;
+        EXPECT_EQ(promise().deflection, 0.25);
+        EXPECT_EQ(promise().read_back.at("stlReadUnit"), "cm");
+        EXPECT_EQ(promise().holds.names, std::string(form) == "text");
+        EXPECT_FALSE(promise().holds.surfaces || promise().holds.curves || promise().holds.structure);
+        EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
+        EXPECT_FALSE(promise().checked);
+    }
+}

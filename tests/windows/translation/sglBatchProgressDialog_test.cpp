@@ -125,6 +125,22 @@ TEST_F(BatchProgressDialog, CountsEntriesThatNeverBeganAmongTheCancelled)
     EXPECT_EQ(last_record().status(2), sdbProgressCancelled);
 }
 
+TEST_F(BatchProgressDialog, RecordsTheVerdictOnEachEntry)
+{
+    s2sVerification lossy{sdbVerdictLosses, {}};
+    lossy.findings.add({sdbWeightLoss, "not-translated", "", "#12", {}, {}, "#12 is lost"});
+    auto const said = summary_of(
+        {{s2sThreadCompleted, 1, 0, lossy}, {s2sThreadCompleted, 1, 0, {sdbVerdictVerified, {}}}}, 3);
+    EXPECT_THAT(said, Not(HasSubstr("#12")));
+    auto const & record = last_record();
+    EXPECT_EQ(record.verdict(0), sdbVerdictLosses);
+    ASSERT_EQ(record.findings(0).kept().size(), 1u);
+    EXPECT_EQ(record.findings(0).kept()[0].text, utString("#12 is lost"));
+    EXPECT_EQ(record.verdict(1), sdbVerdictVerified);
+    EXPECT_TRUE(record.findings(1).empty());
+    EXPECT_EQ(record.verdict(2), sdbVerdictNone) << "it never began";
+}
+
 TEST_F(BatchProgressDialog, CutsTheStreamsApart)
 {
     at_work = [](sglGUIProgressDialog & dialog, int index) {

@@ -63,6 +63,26 @@ TEST_F(ProgressDialog, TellsOfACleanEndAndWaitsForOk)
     EXPECT_EQ(getNlsHelp()->translating(), 0);
 }
 
+TEST_F(ProgressDialog, RecordsTheVerdictAndTheFindings)
+{
+    kitRequest request;
+    fill(request);
+    request.outcomes[0].verification.verdict = sdbVerdictDiffers;
+    request.outcomes[0].verification.findings.add(
+        {sdbWeightDifference, "volume", "Bolt", "", 3, 2, "Bolt: 2 mm3 instead of 3 mm3"});
+    kitDialog dialog(info(), frame(), nullptr);
+    std::string const log = folder() / "details.hrklog";
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    boxes.expect_file(log);
+    boxes.expect_message(wxID_OK);
+    run_to_end(request, dialog, [&] { dialog.save_details(); });
+    EXPECT_EQ(last_record().verdict(0), sdbVerdictDiffers);
+    EXPECT_EQ(last_record().findings(0).kept().size(), 1u);
+    EXPECT_THAT(kit_read_file(log), testing::EndsWith("\n  Verification : Differences\n"
+                                                      "    Difference : Bolt: 2 mm3 instead of 3 mm3\n"));
+}
+
 TEST_F(ProgressDialog, ShowsTheStateOfARun)
 {
     kitRequest request;

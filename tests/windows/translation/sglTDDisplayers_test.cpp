@@ -16,7 +16,8 @@ protected:
     {
         record.input("/parts/a.step", "STEP")
             .output("/out/a.igs", "IGES")
-            .ended(sdbProgressFailed, "", "one\r\ntwo");
+            .ended(sdbProgressFailed, "", "one\r\ntwo")
+            .verified(sdbVerdictDiffers, {{sdbWeightDifference, "volume", "Bolt", "", 3, 2, "Bolt is less"}});
     }
     static vmrabsAppInfo const * info() { return app().application_information(); }
 
@@ -55,7 +56,7 @@ TEST_F(ReportInWindows, IsTheSameInAPaneAndInATreeAsInALog)
     EXPECT_EQ(sglTDTreeDisplayer(&record.data, info(), tree).display(), 1);
 
     wxString shown = pane->GetValue();
-    EXPECT_EQ(shown.Replace("\r\n", "\n"), 13u) << shown;
+    EXPECT_EQ(shown.Replace("\r\n", "\n"), 15u) << shown;
     EXPECT_EQ(shown.utf8_string(), "before\n" + log.str());
     EXPECT_EQ(outline(*tree, tree->GetRootItem()), log.str());
 }

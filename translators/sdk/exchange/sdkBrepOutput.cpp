@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
 
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
@@ -35,6 +36,7 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
 {
     Message_ProgressScope scope(range, nullptr, 3);
     bool const had_something = !document.empty();
+    sdk_make_places_rigid(document);
     sdk_filter_by_options(document, document.parts(), m_context);
     m_count = document.count_entities();
     if (m_count.entities() == 0) {

@@ -1,6 +1,7 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 
 #include <BRep_Tool.hxx>
+#include <Geom_ConicalSurface.hxx>
 #include <Geom_ElementarySurface.hxx>
 #include <Geom_OffsetSurface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
@@ -14,8 +15,9 @@
 
 namespace {
 
-// Surfaces whose axes are left-handed must be turned round before they are written.
-bool is_left_handed(Handle(Geom_Surface) surface)
+// Elementary surfaces with left-handed axes, and cones that narrow along their axis, must be described anew
+// before they are written: neither format has a place for them.
+bool needs_another_description(Handle(Geom_Surface) surface)
 {
     for (;;) {
         if (auto const trimmed = Handle(Geom_RectangularTrimmedSurface)::DownCast(surface);
@@ -27,15 +29,19 @@ bool is_left_handed(Handle(Geom_Surface) surface)
             break;
         }
     }
+    if (auto const cone = Handle(Geom_ConicalSurface)::DownCast(surface);
+        !cone.IsNull() && cone->SemiAngle() < 0) {
+        return true;
+    }
     auto const elementary = Handle(Geom_ElementarySurface)::DownCast(surface);
     return !elementary.IsNull() && !elementary->Position().Direct();
 }
 
-bool has_left_handed_surface(TopoDS_Shape const & shape)
+bool has_surface_to_describe_anew(TopoDS_Shape const & shape)
 {
     TopLoc_Location location;
     for (TopExp_Explorer explorer(shape, TopAbs_FACE); explorer.More(); explorer.Next()) {
-        if (is_left_handed(BRep_Tool::Surface(TopoDS::Face(explorer.Current()), location))) {
+        if (needs_another_description(BRep_Tool::Surface(TopoDS::Face(explorer.Current()), location))) {
             return true;
         }
     }
@@ -52,7 +58,7 @@ public:
                               Standard_Boolean non_manifold) const override
     {
         bool const writing = std::string_view(sequence).starts_with("write.");
-        if (writing ? !has_left_handed_surface(shape) : m_reading == sdkHealing::none) {
+        if (writing ? !has_surface_to_describe_anew(shape) : m_reading == sdkHealing::none) {
             return shape;
         }
         return XSAlgo_AlgoContainer::ProcessShape(shape, precision, tolerance, resource_file, sequence, info,

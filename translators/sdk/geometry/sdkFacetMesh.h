@@ -1,7 +1,6 @@
 #pragma once
 
 #include <TopTools_ListOfShape.hxx>
-#include <TopoDS_Shape.hxx>
 #include <gp_XYZ.hxx>
 
 #include <array>
@@ -18,37 +17,57 @@ public:
     sdkFacetMesh(TopTools_ListOfShape const & faces, double tolerance);
 
     std::vector<gp_XYZ> const & points() const { return m_points; }
+    gp_XYZ const & point(int number) const { return m_points[static_cast<std::size_t>(number)]; }
     std::vector<Triangle> const & triangles() const { return m_triangles; }
+    Triangle const & triangle(int number) const { return m_triangles[static_cast<std::size_t>(number)]; }
+    // The cross product of two sides: it points to where the triangle looks, and its length is twice the
+    // area.
+    gp_XYZ area_vector(int triangle) const;
+    // The triangle beyond the side that goes from corner `side` to the next; negative where there is none,
+    // or more than one.
+    int neighbour(int triangle, int side) const
+    {
+        return m_neighbours[static_cast<std::size_t>(triangle)][static_cast<std::size_t>(side)];
+    }
+
     // Triangles without area, which are not among the others.
     std::int64_t dropped() const { return m_dropped; }
-
     // How many triangles were turned so that neighbours look to the same side.
     std::int64_t turned() const { return m_turned; }
     // How many triangles belong to sets with borders.
     std::int64_t open() const { return m_open; }
 
-    // A shell of planar faces for each set of triangles that are connected. Only an edge of two triangles
-    // connects: where more of them meet, solids touch, or the mesh is none. A shell without borders is marked
-    // as closed.
-    std::vector<TopoDS_Shape> shells() const;
+    // Triangles that are connected make a set. Only an edge of two triangles connects: where more of them
+    // meet, solids touch, or the mesh is none.
+    int sets() const { return static_cast<int>(m_closed.size()); }
+    int set(int triangle) const { return m_sets[static_cast<std::size_t>(triangle)]; }
+    // True when the set has no border.
+    bool closed(int set) const { return m_closed[static_cast<std::size_t>(set)]; }
 
 private:
-    // One side of one triangle.
+    // One side of one triangle: the edge that it lies on, and three times the triangle plus the corner at
+    // which it begins.
     struct Side {
         std::uint64_t edge;
-        std::size_t triangle;
-        bool forward;
+        std::uint32_t number;
     };
 
     void collect(TopTools_ListOfShape const & faces, double tolerance);
     std::vector<Side> sorted_sides() const;
-    void connect();
+    void find_neighbours(std::vector<Side> const & sides);
+    void find_sets();
+    void reach_from(int seed, std::vector<char> & turned);
+    void find_borders(std::vector<Side> const & sides);
 
     std::vector<gp_XYZ> m_points;
     std::vector<Triangle> m_triangles;
-    std::vector<std::size_t> m_sets; // per triangle, the set that it is connected with
-    std::vector<bool> m_closed;      // per set
+    std::vector<std::array<int, 3>> m_neighbours;
+    std::vector<int> m_sets;    // per triangle
+    std::vector<bool> m_closed; // per set
     std::int64_t m_dropped = 0;
     std::int64_t m_turned = 0;
     std::int64_t m_open = 0;
 };
+
+// One number for the edge between two points, whichever comes first.
+std::uint64_t sdk_facet_edge(int one, int other);

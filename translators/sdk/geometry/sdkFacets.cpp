@@ -1,6 +1,6 @@
 #include "sdk/geometry/sdkFacets.h"
 
-#include "sdk/geometry/sdkFacetMesh.h"
+#include "sdk/geometry/sdkFacetShells.h"
 #include "sdk/geometry/sdkJoin.h"
 #include "sdk/geometry/sdkSolids.h"
 
@@ -109,15 +109,17 @@ private:
             return {};
         }
         m_counts.turned += mesh.turned();
-        auto shells = mesh.shells();
-        if (m_options.tolerance > 0 && mesh.open() > 0 && mesh.open() <= most_to_sew) {
+        auto shells = sdk_facet_shells(mesh, m_options.merge_coplanar);
+        bool const sew = m_options.tolerance > 0 && mesh.open() > 0 && mesh.open() <= most_to_sew;
+        if (sew) {
             shells = sewn(shells);
         }
         if (m_options.solids) {
             shells = sdk_make_solids(shells);
         }
         auto shape = sdk_join(shells);
-        if (m_options.merge_coplanar) {
+        if (m_options.merge_coplanar && sew) {
+            // Faces that sewing brought together.
             shape = merged(shape);
         }
         count(shape);

@@ -1,5 +1,8 @@
 #include "sdk/geometry/sdkPartEdit.h"
 
+#include "sdk/sdkPlaced.h"
+#include "sdk/sdkScaler.h"
+
 #include <BRep_Builder.hxx>
 #include <Message_ProgressScope.hxx>
 #include <NCollection_DataMap.hxx>
@@ -24,7 +27,7 @@ TopoDS_Shape at_place_of(TopoDS_Shape const & shape, TopoDS_Shape const & place)
     if (shape.IsNull()) {
         return shape;
     }
-    auto const moved = shape.Moved(place.Location());
+    auto const moved = shape.Moved(sdk_rigid_part(place.Location()));
     return moved.Oriented(TopAbs::Compose(place.Orientation(), shape.Orientation()));
 }
 
@@ -45,7 +48,11 @@ public:
                 m_history.replace(base, edited);
             }
         }
-        return edited.IsNull() ? edited : edited.Moved(shape.Location());
+        if (edited.IsNull()) {
+            return edited;
+        }
+        auto const moved = edited.Moved(shape.Location(), Standard_False);
+        return sdk_scale_of(shape.Location()) == 1 ? moved : m_scaler(moved, 1);
     }
 
 private:
@@ -79,6 +86,9 @@ private:
     TDF_Label m_part;
     sdkShapeEdit const & m_edit;
     sdkShapeHistory m_history;
+    sdkScaler m_scaler{[this](TopoDS_Shape const & before, TopoDS_Shape const & after, double factor) {
+        m_history.scale(before, after, factor);
+    }};
     NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> m_done;
 };
 
@@ -87,6 +97,11 @@ void remove_everywhere(sdkDocument & document, TDF_Label const & label)
     TDF_LabelSequence users;
     XCAFDoc_ShapeTool::GetUsers(label, users);
     for (auto const & user : users) {
+        if (!XCAFDoc_ShapeTool::IsComponent(user)) {
+            // A free shape that is no more than a place of the part.
+            document.shapes()->RemoveShape(user, Standard_True);
+            continue;
+        }
         auto const assembly = user.Father();
         document.shapes()->RemoveComponent(user);
         if (XCAFDoc_ShapeTool::NbComponents(assembly) == 0) {
@@ -118,7 +133,10 @@ std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Sh
     document.shapes()->SetShape(part, shape);
     std::int64_t gone = 0;
     for (auto const & [detail, before] : places) {
-        auto const now = history.now(before);
+        auto now = history.now(before);
+        if (!history.scaled_nothing()) {
+            now = sdk_found_in(shape, now);
+        }
         if (now.IsNull() || !document.shapes()->IsSubShape(part, now)) {
             forget_detail(document, detail);
             ++gone;
@@ -133,7 +151,7 @@ std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Sh
 
 void sdkShapeHistory::replace(TopoDS_Shape const & before, TopoDS_Shape const & after)
 {
-    auto const back = before.Location().Inverted();
+    auto const back = sdk_rigid_part(before.Location()).Inverted();
     auto const base = without_place(before);
     auto const orientation = TopAbs::Compose(before.Orientation(), TopAbs_FORWARD);
     m_after.UnBind(base);
@@ -147,10 +165,23 @@ void sdkShapeHistory::replace(TopoDS_Shape const & before, TopoDS_Shape const & 
 TopoDS_Shape sdkShapeHistory::now(TopoDS_Shape const & before) const
 {
     TopoDS_Shape after;
-    if (!m_after.Find(without_place(before), after)) {
-        return before;
+    bool const replaced = m_after.Find(without_place(before), after);
+    auto const scaled = m_scaled.find(sdk_scale_of(before.Location()));
+    if (scaled != m_scaled.end() && !(replaced && after.IsNull())) {
+        auto const base = replaced ? after : without_place(before);
+        TopoDS_Shape larger;
+        if (scaled->second.Find(without_place(base), larger)) {
+            return at_place_of(larger.Moved(base.Location())
+                                   .Oriented(TopAbs::Compose(base.Orientation(), larger.Orientation())),
+                               before);
+        }
     }
-    return at_place_of(after, before);
+    return replaced ? at_place_of(after, before) : before;
+}
+
+void sdkShapeHistory::scale(TopoDS_Shape const & before, TopoDS_Shape const & after, double factor)
+{
+    m_scaled[factor].Bind(before, after);
 }
 
 sdkEditCounts sdk_edit_parts(sdkDocument & document, TDF_LabelSequence const & parts,

@@ -8,21 +8,29 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 
 // What the shapes inside a part became while it was edited, so that names, colours and layers can follow
-// them. Places do not matter: a shape that is used several times has one history.
+// them. Places do not matter: a shape that is used several times has one history, and one more for each
+// factor by which a place scales or mirrors it.
 class sdkShapeHistory {
 public:
-    // A null shape afterwards says that the shape is gone.
+    // A null shape afterwards says that the shape is gone. Places are such as shapes can have.
     void replace(TopoDS_Shape const & before, TopoDS_Shape const & after);
+    // A shape got another geometry where its place has that factor (sdk_scale_of()); both come without a
+    // place.
+    void scale(TopoDS_Shape const & before, TopoDS_Shape const & after, double factor);
 
     // What stands at the place of a shape now: the shape itself when it was not replaced, null when it is
     // gone.
     TopoDS_Shape now(TopoDS_Shape const & before) const;
 
+    bool scaled_nothing() const { return m_scaled.empty(); }
+
 private:
     TopTools_DataMapOfShapeShape m_after;
+    std::map<double, TopTools_DataMapOfShapeShape> m_scaled;
 };
 
 // One edit of one shape of a part. The shape comes without a place of its own. It is the part's
@@ -41,7 +49,8 @@ struct sdkEditCounts {
     bool cancelled = false;   // the parts edited so far stay edited
 };
 
-// Edits parts of a document. Assemblies follow; those that have nothing left are removed.
+// Edits parts of a document. Assemblies follow; those that have nothing left are removed. Places within parts
+// that scale or mirror become part of the geometry, whatever the edit does.
 sdkEditCounts sdk_edit_parts(sdkDocument & document, TDF_LabelSequence const & parts,
                              sdkShapeEdit const & edit, Message_ProgressRange const & range = {});
 

@@ -1,12 +1,16 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 
+#include "sdk/geometry/sdkMeasures.h"
 #include "translators/kit/kitParts.h"
 
 #include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepPrimAPI_MakeCone.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <Geom_ConicalSurface.hxx>
 #include <Geom_Plane.hxx>
 #include <STEPControl_Controller.hxx>
+#include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <XSAlgo.hxx>
@@ -38,6 +42,18 @@ bool is_direct(TopoDS_Shape const & face)
     return plane->Position().Direct();
 }
 
+// Of the only conical face.
+double half_angle(TopoDS_Shape const & shape)
+{
+    for (TopExp_Explorer face(shape, TopAbs_FACE); face.More(); face.Next()) {
+        auto const surface = BRep_Tool::Surface(TopoDS::Face(face.Current()));
+        if (auto const cone = Handle(Geom_ConicalSurface)::DownCast(surface); !cone.IsNull()) {
+            return cone->SemiAngle();
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 class ShapeProcessing : public testing::Test {
@@ -58,6 +74,17 @@ TEST_F(ShapeProcessing, TurnsLeftHandedSurfacesRoundBeforeTheyAreWritten)
     auto const face = left_handed_face();
     ASSERT_FALSE(is_direct(face));
     EXPECT_TRUE(is_direct(processed(face, "write.step.sequence")));
+}
+
+TEST_F(ShapeProcessing, TurnsConesThatNarrowAlongTheirAxisRoundBeforeTheyAreWritten)
+{
+    sdkShapeProcessing const processing(sdkHealing::standard);
+    auto const cone = BRepPrimAPI_MakeCone(10, 5, 20).Solid();
+    ASSERT_LT(half_angle(cone), 0);
+    auto const after = processed(cone, "write.step.sequence");
+    EXPECT_GT(half_angle(after), 0);
+    EXPECT_NEAR(sdk_measure(after).volume, sdk_measure(cone).volume, 1e-6);
+    EXPECT_EQ(sdk_measure(after).solids, 1);
 }
 
 TEST_F(ShapeProcessing, HealsWhatIsReadOrNot)

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/hostWitness.h"
+#include "sdk/measure/sdkInventory.h"
+#include "sdk/measure/sdkMeshDistance.h"
+
+#include <Message_ProgressIndicator.hxx>
+
+#include <optional>
+#include <string>
+
+// What goes on in the process of the witness: measures the document, waits for the question, reads the output
+// back, compares, answers.
+class hostWitnessWork {
+public:
+    hostWitnessWork(sdkDocument const & document, hostEvidence const & evidence, int question, int answer);
+
+    // Returns when the answer is sent or nobody asks any more.
+    void run();
+
+private:
+    hostTestimony testify(hostQuestion const & question);
+    std::optional<std::vector<sdkFinding>> attempt(hostQuestion const & question, bool repair,
+                                                   sdkText & reason);
+    std::string read_line() const;
+
+    sdkDocument const & m_document;
+    hostEvidence const & m_evidence;
+    int m_question;
+    int m_answer;
+    sdkInventory m_source;
+    Handle(Message_ProgressIndicator) m_progress;
+};

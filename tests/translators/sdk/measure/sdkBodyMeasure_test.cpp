@@ -1,0 +1,138 @@
+#include "sdk/measure/sdkBodyMeasure.h"
+#include "translators/kit/kitParts.h"
+
+#include <BRepBuilderAPI_Transform.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCone.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
+#include <gp_Ax2.hxx>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+using std::numbers::pi;
+
+sdkBodyMeasure measure(TopoDS_Shape const & shape)
+{
+    return sdk_measure_body(shape, sdkMeasureLevel::full);
+}
+
+// A solid with one of its faces turned over.
+TopoDS_Shape with_turned_face(TopoDS_Shape const & solid)
+{
+    BRep_Builder builder;
+    TopoDS_Shell shell;
+    builder.MakeShell(shell);
+    bool first = true;
+    for (TopExp_Explorer face(solid, TopAbs_FACE); face.More(); face.Next()) {
+        builder.Add(shell, first ? face.Current().Reversed() : face.Current());
+        first = false;
+    }
+    TopoDS_Solid turned;
+    builder.MakeSolid(turned);
+    builder.Add(turned, shell);
+    return turned;
+}
+
+} // namespace
+
+TEST(BodyMeasure, OfABoxIsExact)
+{
+    auto const box = measure(BRepPrimAPI_MakeBox(gp_Pnt(1, 2, 3), 10, 20, 30).Solid());
+    EXPECT_NEAR(box.volume, 6000, 1e-9);
+    EXPECT_NEAR(box.area, 2200, 1e-9);
+    EXPECT_LT(box.centroid.Distance(gp_Pnt(6, 12, 18)), 1e-12);
+    EXPECT_EQ(box.faces.size(), 6U);
+    EXPECT_EQ(box.shells, 1);
+    EXPECT_EQ(box.edges, 12);
+    EXPECT_EQ(box.free_edges, 0);
+    EXPECT_EQ(box.turned_edges, 0);
+    EXPECT_LT(box.extent.CornerMin().Distance(gp_Pnt(1, 2, 3)), 1e-12);
+    EXPECT_LT(box.extent.CornerMax().Distance(gp_Pnt(11, 22, 33)), 1e-12);
+}
+
+TEST(BodyMeasure, HoldsTheSecondMomentsOfTheArea)
+{
+    // Of the six faces of a cube of side 2 about its centre: 2 of 4 at distance 1, and 4 of 4/3 within.
+    auto const cube = measure(BRepPrimAPI_MakeBox(gp_Pnt(5, 5, 5), 2, 2, 2).Solid());
+    double const expected = 2 * 4 + 4 * (2 * 8.0 / 12);
+    for (int row = 1; row <= 3; ++row) {
+        for (int column = 1; column <= 3; ++column) {
+            EXPECT_NEAR(cube.moments.Value(row, column), row == column ? expected : 0, 1e-9);
+        }
+    }
+}
+
+TEST(BodyMeasure, OfRoundBodiesFollowsTheirFormulas)
+{
+    auto const cylinder = measure(BRepPrimAPI_MakeCylinder(10, 20).Solid());
+    EXPECT_NEAR(cylinder.volume, 2000 * pi, 1e-6);
+    EXPECT_NEAR(cylinder.area, 600 * pi, 1e-6);
+    auto const ball = measure(BRepPrimAPI_MakeSphere(10).Solid());
+    EXPECT_NEAR(ball.volume, 4000 * pi / 3, 1e-6);
+    EXPECT_NEAR(ball.area, 400 * pi, 1e-6);
+}
+
+TEST(BodyMeasure, LosesNoDigitsFarFromTheOrigin)
+{
+    auto const box = measure(BRepPrimAPI_MakeBox(gp_Pnt(1e6, 1e6, 1e6), 1, 1, 1).Solid());
+    EXPECT_NEAR(box.volume, 1, 1e-8);
+}
+
+TEST(BodyMeasure, NoticesAFaceThatIsTurnedOver)
+{
+    auto const turned = measure(with_turned_face(BRepPrimAPI_MakeBox(10, 20, 30).Solid()));
+    EXPECT_EQ(turned.turned_edges, 4);
+    EXPECT_EQ(turned.free_edges, 0);
+}
+
+TEST(BodyMeasure, CountsTheEdgesAroundAHole)
+{
+    BRep_Builder builder;
+    TopoDS_Shell shell;
+    builder.MakeShell(shell);
+    auto const box = BRepPrimAPI_MakeBox(10, 20, 30).Solid();
+    TopExp_Explorer face(box, TopAbs_FACE);
+    for (face.Next(); face.More(); face.Next()) {
+        builder.Add(shell, face.Current());
+    }
+    EXPECT_EQ(measure(shell).free_edges, 4);
+}
+
+TEST(BodyMeasure, OfTrianglesIsThatOfTheirPlanes)
+{
+    auto const cube = measure(TopExp_Explorer(kit_facet_cube(), TopAbs_FACE).Current());
+    EXPECT_NEAR(cube.volume, 1000, 1e-9);
+    EXPECT_NEAR(cube.area, 600, 1e-9);
+    EXPECT_EQ(cube.triangles, 12);
+}
+
+TEST(BodyMeasure, CanBePlacedInsteadOfMeasuredAgain)
+{
+    auto const solid = BRepPrimAPI_MakeCone(gp_Ax2(gp_Pnt(1, 2, 3), gp_Dir(1, 1, 1)), 10, 4, 20).Solid();
+    gp_Trsf place;
+    place.SetRotation(gp_Ax1(gp_Pnt(3, 1, 2), gp_Dir(0.3, -1, 2)), 0.7);
+    gp_Trsf scale;
+    scale.SetScale(gp_Pnt(1, 1, 1), 2.5);
+    place.Multiply(scale);
+    auto const computed = measure(solid).placed(place);
+    auto const measured = measure(BRepBuilderAPI_Transform(solid, place, true).Shape());
+    EXPECT_NEAR(computed.volume, measured.volume, 1e-9 * measured.volume);
+    EXPECT_NEAR(computed.area, measured.area, 1e-9 * measured.area);
+    EXPECT_LT(computed.centroid.Distance(measured.centroid), 1e-9);
+    for (int row = 1; row <= 3; ++row) {
+        for (int column = 1; column <= 3; ++column) {
+            EXPECT_NEAR(computed.moments.Value(row, column), measured.moments.Value(row, column),
+                        1e-7 * measured.moments.Value(1, 1));
+        }
+    }
+}

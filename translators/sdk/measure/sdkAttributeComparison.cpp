@@ -1,0 +1,153 @@
+#include "sdk/measure/sdkAttributeComparison.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <string>
+
+namespace {
+
+std::string as_written(std::string const & name, sdkPromise const & promise)
+{
+    if (!promise.ascii_names) {
+        return name;
+    }
+    std::string ascii;
+    for (unsigned char const byte : name) {
+        // One underscore for each character, however many bytes it has.
+        if (byte < 0x80) {
+            ascii += static_cast<char>(byte);
+        } else if (byte >= 0xC0) {
+            ascii += '_';
+        }
+    }
+    return ascii;
+}
+
+// Of a colour by name: how much of the body has it.
+std::string main_colour(std::map<std::string, double> const & colours)
+{
+    auto const largest = std::max_element(colours.begin(), colours.end(),
+                                          [](auto const & a, auto const & b) { return a.second < b.second; });
+    return largest == colours.end() ? std::string() : largest->first;
+}
+
+bool near_colour(std::string const & a, std::string const & b)
+{
+    if (a == b || a.size() != b.size() || a.empty()) {
+        return a == b;
+    }
+    // Rounding may take a step of 1/255.
+    for (std::size_t at = 1; at + 1 < a.size(); at += 2) {
+        if (std::abs(std::stoi(a.substr(at, 2), nullptr, 16) - std::stoi(b.substr(at, 2), nullptr, 16)) > 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Each colour of the source has about the same share in the output. What has no colour in the source may get
+// the one that a format gives everything.
+bool same_colours(std::map<std::string, double> const & source, std::map<std::string, double> const & output)
+{
+    for (auto const & [colour, share] : source) {
+        double found = 0;
+        for (auto const & [other, part] : output) {
+            found += near_colour(colour, other) ? part : 0;
+        }
+        if (!colour.empty() && std::abs(found - share) > 1.0e-3 * std::max(found, share)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string shown(std::string const & colour)
+{
+    // The last two digits are of interest only where something shines through.
+    return colour.size() == 9 && colour.ends_with("ff") ? colour.substr(0, 7) : colour;
+}
+
+} // namespace
+
+void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkPromise const & promise,
+                            std::vector<sdkFinding> & findings)
+{
+    auto const & holds = promise.holds;
+    auto const add = [&](char const * kind, sdkText text) {
+        findings.push_back({sdkWeight::difference, kind, source.title(), source.place(), std::nullopt,
+                            std::nullopt, std::move(text)});
+    };
+    if (holds.names && !source.part.empty() && output.names.count(as_written(source.part, promise)) == 0) {
+        add("name",
+            sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
+                    source.part, source.place(), output.part));
+    }
+    if (holds.colours && !same_colours(source.colours, output.colours)) {
+        auto const found = main_colour(output.colours);
+        add("colour",
+            found.empty()
+                ? sdkText("measure::%s at %s has the colour %s in the source and none in the output",
+                          source.title(), source.place(), shown(main_colour(source.colours)))
+                : sdkText("measure::%s at %s has the colour %s in the source and %s in the output",
+                          source.title(), source.place(), shown(main_colour(source.colours)), shown(found)));
+    }
+    if (holds.layers && !source.layers.empty() &&
+        !std::includes(output.layers.begin(), output.layers.end(), source.layers.begin(),
+                       source.layers.end())) {
+        add("layer", sdkText("measure::%s at %s is in the layer \"%s\" in the source and not in the output",
+                             source.title(), source.place(), *source.layers.begin()));
+    }
+    if (holds.visibility && source.hidden != output.hidden) {
+        add("visibility", source.hidden
+                              ? sdkText("measure::%s at %s is hidden in the source and visible in the output",
+                                        source.title(), source.place())
+                              : sdkText("measure::%s at %s is visible in the source and hidden in the output",
+                                        source.title(), source.place()));
+    }
+}
+
+void sdk_compare_names(sdkInventory const & source, sdkInventory const & output, sdkPromise const & promise,
+                       std::vector<sdkFinding> & findings)
+{
+    std::set<std::string> there;
+    for (auto const & body : output.bodies) {
+        there.insert(body.names.begin(), body.names.end());
+    }
+    std::set<std::string> told;
+    for (auto const & body : source.bodies) {
+        if (!body.part.empty() && there.count(as_written(body.part, promise)) == 0 &&
+            told.insert(body.part).second) {
+            findings.push_back({sdkWeight::difference, "name", body.part, body.place(), std::nullopt,
+                                std::nullopt,
+                                sdkText("measure::The name \"%s\" is not in the output", body.part)});
+        }
+    }
+}
+
+void sdk_compare_structure(sdkInventory const & source, sdkInventory const & output,
+                           std::vector<sdkFinding> & findings)
+{
+    if (source.instances != output.instances) {
+        findings.push_back(
+            {source.instances > output.instances ? sdkWeight::loss : sdkWeight::difference,
+             "instances",
+             {},
+             {},
+             static_cast<double>(source.instances),
+             static_cast<double>(output.instances),
+             sdkText("measure::The assemblies of the source have %d instances and those of the output %d",
+                     source.instances, output.instances)});
+    }
+    if (source.assemblies != output.assemblies) {
+        findings.push_back({source.assemblies > output.assemblies ? sdkWeight::loss : sdkWeight::difference,
+                            "assemblies",
+                            {},
+                            {},
+                            static_cast<double>(source.assemblies),
+                            static_cast<double>(output.assemblies),
+                            sdkText("measure::The source has %d assemblies and the output %d",
+                                    source.assemblies, output.assemblies)});
+    }
+}

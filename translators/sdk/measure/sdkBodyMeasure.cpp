@@ -1,0 +1,253 @@
+#include "sdk/measure/sdkBodyMeasure.h"
+
+#include "sdk/measure/sdkEdgeDeviation.h"
+#include "sdk/measure/sdkMeshMeasure.h"
+
+#include <BRepAdaptor_Curve.hxx>
+#include <BRepGProp.hxx>
+#include <BRepGProp_Domain.hxx>
+#include <BRepGProp_Face.hxx>
+#include <BRepGProp_Sinert.hxx>
+#include <BRepGProp_Vinert.hxx>
+#include <BRep_Tool.hxx>
+#include <TopExp.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Iterator.hxx>
+
+#include <NCollection_DataMap.hxx>
+
+#include <cmath>
+
+namespace {
+
+gp_Mat outer(gp_XYZ const & a)
+{
+    return {a.X() * a.X(), a.X() * a.Y(), a.X() * a.Z(), a.Y() * a.X(), a.Y() * a.Y(),
+            a.Y() * a.Z(), a.Z() * a.X(), a.Z() * a.Y(), a.Z() * a.Z()};
+}
+
+bool has_surface(TopoDS_Face const & face)
+{
+    TopLoc_Location location;
+    return !BRep_Tool::Surface(face, location).IsNull();
+}
+
+int kind_count(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind)
+{
+    TopTools_IndexedMapOfShape all;
+    TopExp::MapShapes(shape, kind, all);
+    return all.Extent();
+}
+
+// Sums over faces. Everything is taken about a point of the body, so that bodies far from the origin lose no
+// digits.
+class Sums {
+public:
+    explicit Sums(gp_Pnt const & reference) : m_reference(reference) {}
+
+    void add_face(TopoDS_Face const & face, bool solid, sdkBodyMeasure & measure)
+    {
+        bool const natural = face.NbChildren() == 0;
+        BRepGProp_Face surface(face);
+        BRepGProp_Domain domain(face);
+        BRepGProp_Sinert area;
+        area.SetLocation(m_reference);
+        natural ? area.Perform(surface) : area.Perform(surface, domain);
+        add_area(area.Mass(), area.CentreOfMass(), area.MatrixOfInertia(), measure);
+        if (solid) {
+            BRepGProp_Vinert volume;
+            volume.SetLocation(m_reference);
+            domain.Init(face); // it serves for one integration only
+            natural ? volume.Perform(surface) : volume.Perform(surface, domain);
+            add_volume(volume.Mass(), volume.CentreOfMass());
+        }
+    }
+
+    void add_mesh(TopoDS_Face const & face, sdkBodyMeasure & measure)
+    {
+        auto const mesh = sdk_measure_mesh(face, m_reference);
+        measure.triangles += mesh.triangles;
+        measure.extent.Add(mesh.extent);
+        add_area(mesh.area, mesh.area_centroid, mesh.inertia, measure);
+        add_volume(mesh.volume, mesh.volume_centroid);
+    }
+
+    void finish(bool solid, sdkBodyMeasure & measure) const
+    {
+        measure.area = m_area;
+        gp_XYZ const centre = m_area > 0 ? m_area_moment / m_area : gp_XYZ();
+        if (m_area > 0) {
+            measure.centroid = m_reference.XYZ() + centre;
+            // The sums are about the reference; Steiner takes them to the centroid.
+            measure.moments = m_second - outer(centre).Multiplied(m_area);
+        }
+        measure.volume = m_volume;
+        if (solid && std::abs(m_volume) > 0) {
+            measure.centroid = m_reference.XYZ() + m_volume_moment / m_volume;
+        }
+    }
+
+private:
+    void add_area(double area, gp_Pnt const & centroid, gp_Mat const & inertia, sdkBodyMeasure & measure)
+    {
+        auto const arm = centroid.XYZ() - m_reference.XYZ();
+        measure.faces.push_back({area, centroid});
+        m_area += area;
+        m_area_moment += arm * area;
+        // The library gives the inertia about the centroid; what is wanted is the integral of x x'.
+        double const half_trace = (inertia.Value(1, 1) + inertia.Value(2, 2) + inertia.Value(3, 3)) / 2;
+        gp_Mat second = inertia.Multiplied(-1.0);
+        for (int axis = 1; axis <= 3; ++axis) {
+            second.SetValue(axis, axis, half_trace - inertia.Value(axis, axis));
+        }
+        m_second += second + outer(arm).Multiplied(area);
+    }
+
+    void add_volume(double volume, gp_Pnt const & centroid)
+    {
+        m_volume += volume;
+        m_volume_moment += (centroid.XYZ() - m_reference.XYZ()) * volume;
+    }
+
+    gp_Pnt m_reference;
+    double m_area = 0;
+    gp_XYZ m_area_moment;
+    gp_Mat m_second{0, 0, 0, 0, 0, 0, 0, 0, 0};
+    double m_volume = 0;
+    gp_XYZ m_volume_moment;
+};
+
+gp_Pnt reference_of(TopoDS_Shape const & body)
+{
+    if (TopExp_Explorer const vertex(body, TopAbs_VERTEX); vertex.More()) {
+        return BRep_Tool::Pnt(TopoDS::Vertex(vertex.Current()));
+    }
+    return gp::Origin();
+}
+
+// Which edges are used by how many faces, and in which direction.
+void count_edges(TopoDS_Shape const & body, sdkBodyMeasure & measure)
+{
+    struct Uses {
+        int forward = 0;
+        int reversed = 0;
+    };
+    NCollection_DataMap<TopoDS_Shape, Uses, TopTools_ShapeMapHasher> uses;
+    for (TopExp_Explorer face(body, TopAbs_FACE); face.More(); face.Next()) {
+        for (TopExp_Explorer edge(face.Current(), TopAbs_EDGE); edge.More(); edge.Next()) {
+            auto const & one = TopoDS::Edge(edge.Current());
+            if (!BRep_Tool::Degenerated(one)) {
+                auto * use = uses.ChangeSeek(one);
+                use = use ? use : uses.Bound(one, Uses());
+                (one.Orientation() == TopAbs_REVERSED ? use->reversed : use->forward) +=
+                    one.Orientation() <= TopAbs_REVERSED ? 1 : 0;
+            }
+        }
+    }
+    for (decltype(uses)::Iterator use(uses); use.More(); use.Next()) {
+        int const forward = use.Value().forward;
+        int const reversed = use.Value().reversed;
+        measure.free_edges += forward + reversed == 1 ? 1 : 0;
+        measure.turned_edges += forward + reversed == 2 && forward != reversed ? 1 : 0;
+    }
+    measure.edges = uses.Extent();
+}
+
+void extend(TopoDS_Shape const & body, Bnd_Box & extent)
+{
+    constexpr int samples = 12;
+    TopTools_IndexedMapOfShape edges;
+    TopExp::MapShapes(body, TopAbs_EDGE, edges);
+    for (int number = 1; number <= edges.Extent(); ++number) {
+        auto const & edge = TopoDS::Edge(edges(number));
+        TopLoc_Location location;
+        double first = 0;
+        double last = 0;
+        if (BRep_Tool::Curve(edge, location, first, last).IsNull() || std::isinf(first) || std::isinf(last) ||
+            last - first > 1.0e50) {
+            continue;
+        }
+        BRepAdaptor_Curve const curve(edge);
+        int const count = curve.GetType() == GeomAbs_Line ? 1 : samples;
+        for (int at = 0; at <= count; ++at) {
+            extent.Add(curve.Value(first + (last - first) * at / count));
+        }
+    }
+}
+
+sdkBodyMeasure measure_curve(TopoDS_Shape const & body)
+{
+    sdkBodyMeasure measure;
+    GProp_GProps line;
+    BRepGProp::LinearProperties(body, line);
+    measure.length = line.Mass();
+    measure.centroid = line.CentreOfMass();
+    measure.edges = 1;
+    extend(body, measure.extent);
+    return measure;
+}
+
+sdkBodyMeasure measure_point(TopoDS_Shape const & body)
+{
+    sdkBodyMeasure measure;
+    measure.centroid = BRep_Tool::Pnt(TopoDS::Vertex(body));
+    measure.extent.Add(measure.centroid);
+    return measure;
+}
+
+} // namespace
+
+sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level)
+{
+    if (body.ShapeType() == TopAbs_VERTEX) {
+        return measure_point(body);
+    }
+    if (body.ShapeType() == TopAbs_EDGE) {
+        return measure_curve(body);
+    }
+    sdkBodyMeasure measure;
+    measure.shells = kind_count(body, TopAbs_SHELL);
+    count_edges(body, measure);
+    bool const full = level == sdkMeasureLevel::full;
+    bool const solid = body.ShapeType() == TopAbs_SOLID;
+    Sums sums(reference_of(body));
+    for (TopExp_Explorer face(body, TopAbs_FACE); face.More(); face.Next()) {
+        auto const & one = TopoDS::Face(face.Current());
+        if (!has_surface(one)) {
+            sums.add_mesh(one, measure);
+        } else if (full) {
+            sums.add_face(one, solid, measure);
+        } else {
+            measure.faces.emplace_back();
+        }
+    }
+    if (full) {
+        sums.finish(solid, measure);
+        extend(body, measure.extent);
+        measure.edge_deviation = sdk_edge_deviation(body);
+    }
+    return measure;
+}
+
+sdkBodyMeasure sdkBodyMeasure::placed(gp_Trsf const & place) const
+{
+    sdkBodyMeasure result = *this;
+    double const scale = std::abs(place.ScaleFactor());
+    result.volume *= scale * scale * scale;
+    result.area *= scale * scale;
+    result.length *= scale;
+    result.edge_deviation *= scale;
+    result.centroid.Transform(place);
+    auto const turn = place.HVectorialPart();
+    result.moments = turn.Multiplied(moments).Multiplied(turn.Transposed());
+    result.moments.Multiply(scale * scale * scale * scale);
+    result.extent = extent.IsVoid() ? extent : extent.Transformed(place);
+    for (auto & face : result.faces) {
+        face.area *= scale * scale;
+        face.centroid.Transform(place);
+    }
+    return result;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <Bnd_Box.hxx>
+#include <TopoDS_Shape.hxx>
+#include <gp_Mat.hxx>
+#include <gp_Pnt.hxx>
+#include <gp_Trsf.hxx>
+
+#include <cstdint>
+#include <vector>
+
+// How large one face is, in mm2, and where.
+struct sdkFaceMeasure {
+    double area = 0;
+    gp_Pnt centroid;
+};
+
+// How large a solid, shell, face, curve or point is and what it consists of, in millimetres, mm2 and mm3.
+// Faces without a surface are measured by their triangles.
+struct sdkBodyMeasure {
+    std::int64_t shells = 0;
+    std::int64_t edges = 0;
+    std::int64_t triangles = 0;  // of faces without a surface
+    std::int64_t free_edges = 0; // edges of one face only, seams and degenerated ones apart
+    // Edges between two faces of which both run through them in the same direction: one of the faces is
+    // turned over.
+    std::int64_t turned_edges = 0;
+    double volume = 0; // of solids and of closed meshes; negative when inside out
+    double area = 0;
+    double length = 0; // of curves
+    // Of the volume of a solid, of the area of shells, faces and meshes, of the length of curves.
+    gp_Pnt centroid;
+    // Second moments of the area about the centroid of the area; they tell how the body lies.
+    gp_Mat moments{0, 0, 0, 0, 0, 0, 0, 0, 0};
+    Bnd_Box extent;            // of the edges and triangles, without surfaces that bulge between them
+    double edge_deviation = 0; // see sdkEdgeDeviation.h
+    std::vector<sdkFaceMeasure> faces;
+
+    // The measure of the same body moved, turned, mirrored or scaled.
+    sdkBodyMeasure placed(gp_Trsf const & place) const;
+};
+
+// Counts only, or all.
+enum class sdkMeasureLevel { counts, full };
+
+// Any thread; several may measure bodies that share shapes.
+sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level);

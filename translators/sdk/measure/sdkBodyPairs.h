@@ -1,0 +1,34 @@
+#pragma once
+
+#include "sdk/measure/sdkBody.h"
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+// How much two bodies that are the same may differ: relative to volume, area and length, and in millimetres.
+struct sdkTolerances {
+    double relative = 1.0e-6;
+    double absolute = 1.0e-4;
+
+    bool same_amount(double a, double b) const;
+    // Places of bodies of that size.
+    bool same_place(gp_Pnt const & a, gp_Pnt const & b, double size) const;
+};
+
+// True when the two have the same measure and place, whatever they are called.
+bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & tolerances);
+
+using sdkBodies = std::vector<sdkBody const *>;
+
+// Which body of an output stands for which of its source.
+struct sdkBodyPairs {
+    std::vector<std::pair<sdkBody const *, sdkBody const *>> same;  // by sdk_same_body
+    std::vector<std::pair<sdkBody const *, sdkBody const *>> other; // by name and by what is nearest
+    sdkBodies missing;                                              // in the source only
+    sdkBodies extra;                                                // in the output only
+};
+
+// Of bodies of one kind. Where several could be meant, those that share a name and colours come first.
+sdkBodyPairs sdk_pair_bodies(sdkBodies const & source, sdkBodies const & output,
+                             sdkTolerances const & tolerances);

@@ -1,0 +1,271 @@
+#include "sdk/measure/sdkComparison.h"
+
+#include "sdk/measure/sdkAttributeComparison.h"
+#include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkTotalsComparison.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Findings = std::vector<sdkFinding>;
+
+sdkBodies bodies_of(sdkInventory const & inventory, sdkBodyKind kind)
+{
+    sdkBodies bodies;
+    for (auto const & body : inventory.bodies) {
+        if (body.kind == kind) {
+            bodies.push_back(&body);
+        }
+    }
+    return bodies;
+}
+
+class Comparison {
+public:
+    Comparison(sdkInventory const & source, sdkInventory const & output, sdkComparisonOptions const & options)
+        : m_source(source), m_output(output), m_options(options)
+    {
+    }
+
+    Findings findings()
+    {
+        bool const exact = m_options.promise.holds.surfaces;
+        bool const source_mesh = m_source.count(sdkBodyKind::mesh) > 0;
+        bool const output_mesh = m_output.count(sdkBodyKind::mesh) > 0;
+        if (m_source.level == sdkMeasureLevel::counts) {
+            compare_counts();
+        } else if (source_mesh != output_mesh || (output_mesh && !exact)) {
+            // Triangles in place of surfaces, or surfaces in place of triangles: no body has its like.
+            sdk_compare_totals(m_source, m_output, m_options.promise, m_findings);
+        } else {
+            compare_bodies();
+        }
+        compare_wireframe();
+        if (m_options.promise.holds.structure) {
+            sdk_compare_structure(m_source, m_output, m_findings);
+        }
+        return std::move(m_findings);
+    }
+
+private:
+    void compare_bodies()
+    {
+        sdkBodies missing;
+        sdkBodies extra;
+        for (auto const kind :
+             {sdkBodyKind::solid, sdkBodyKind::shell, sdkBodyKind::face, sdkBodyKind::mesh}) {
+            auto const pairs =
+                sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
+            for (auto const & [from, to] : pairs.same) {
+                compare_topology(*from, *to);
+                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+            }
+            for (auto const & [from, to] : pairs.other) {
+                compare_geometry(*from, *to);
+                compare_topology(*from, *to);
+                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+            }
+            missing.insert(missing.end(), pairs.missing.begin(), pairs.missing.end());
+            extra.insert(extra.end(), pairs.extra.begin(), pairs.extra.end());
+        }
+        sdk_compare_by_faces(missing, extra, m_options, m_findings);
+    }
+
+    void add(sdkWeight weight, std::string const & kind, sdkBody const & body, double source, double output,
+             sdkText text)
+    {
+        m_findings.push_back({weight, kind, body.title(), body.place(), source, output, std::move(text)});
+    }
+
+    void compare_geometry(sdkBody const & from, sdkBody const & to)
+    {
+        auto const & tolerances = m_options.tolerances;
+        auto const & a = from.measure;
+        auto const & b = to.measure;
+        auto const before = m_findings.size();
+        if (from.kind == sdkBodyKind::solid && !tolerances.same_amount(a.volume, b.volume)) {
+            add(sdkWeight::difference, "volume", from, a.volume, b.volume,
+                sdkText("measure::%s at %s has a volume of %.10g mm3 in the source and of %.10g mm3 in the "
+                        "output",
+                        from.title(), from.place(), a.volume, b.volume));
+        }
+        if (!tolerances.same_amount(a.area, b.area)) {
+            add(sdkWeight::difference, "area", from, a.area, b.area,
+                sdkText(
+                    "measure::%s at %s has an area of %.10g mm2 in the source and of %.10g mm2 in the output",
+                    from.title(), from.place(), a.area, b.area));
+        }
+        double const moved = a.centroid.Distance(b.centroid);
+        if (!tolerances.same_place(a.centroid, b.centroid, std::max(from.size(), to.size()))) {
+            add(sdkWeight::difference, "centroid", from, 0, moved,
+                sdkText(
+                    "measure::%s has its centroid at %s in the source and at %s in the output, %.6g mm apart",
+                    from.title(), from.place(), to.place(), moved));
+        }
+        if (m_findings.size() == before) {
+            add(sdkWeight::difference, "shape", from, a.area, b.area,
+                sdkText(
+                    "measure::%s at %s has another shape or lies otherwise in the output, with the same area",
+                    from.title(), from.place()));
+        }
+    }
+
+    void compare_topology(sdkBody const & from, sdkBody const & to)
+    {
+        auto const & a = from.measure;
+        auto const & b = to.measure;
+        auto const count = [&](char const * kind, std::int64_t in, std::int64_t out, sdkText text) {
+            add(sdkWeight::difference, kind, from, static_cast<double>(in), static_cast<double>(out),
+                std::move(text));
+        };
+        // A face may be divided on the way, where a format has no closed ones; none may go.
+        if (b.faces.size() < a.faces.size()) {
+            count("faces", static_cast<std::int64_t>(a.faces.size()),
+                  static_cast<std::int64_t>(b.faces.size()),
+                  sdkText("measure::%s at %s has %d faces in the source and %d in the output", from.title(),
+                          from.place(), a.faces.size(), b.faces.size()));
+        }
+        if (a.shells != b.shells && from.kind == sdkBodyKind::solid) {
+            count("shells", a.shells, b.shells,
+                  sdkText("measure::%s at %s has %d shells in the source and %d in the output", from.title(),
+                          from.place(), a.shells, b.shells));
+        }
+        if (b.free_edges > a.free_edges && from.kind != sdkBodyKind::face) {
+            count(
+                "free-edges", a.free_edges, b.free_edges,
+                sdkText("measure::%s at %s has %d edges of one face only in the source and %d in the output",
+                        from.title(), from.place(), a.free_edges, b.free_edges));
+        }
+        if (b.turned_edges > a.turned_edges) {
+            count("turned-faces", a.turned_edges, b.turned_edges,
+                  sdkText(
+                      "measure::%s at %s has faces that look to the wrong side along %d edges in the output",
+                      from.title(), from.place(), b.turned_edges));
+        }
+        if (b.edge_deviation > std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation)) {
+            add(sdkWeight::difference, "edge-deviation", from, a.edge_deviation, b.edge_deviation,
+                sdkText("measure::%s at %s has edges up to %.6g mm off their surfaces in the output, and up "
+                        "to %.6g "
+                        "mm in the source",
+                        from.title(), from.place(), b.edge_deviation, a.edge_deviation));
+        }
+    }
+
+    void compare_wireframe()
+    {
+        auto const & holds = m_options.promise.holds;
+        if (m_source.level == sdkMeasureLevel::counts) {
+            return;
+        }
+        if (!m_options.promise.exact_curves && holds.curves) {
+            sdk_compare_polylines(m_source, m_output, m_findings);
+        }
+        for (auto const kind : {sdkBodyKind::curve, sdkBodyKind::point}) {
+            bool const curve = kind == sdkBodyKind::curve;
+            if ((curve ? holds.curves : holds.points) && !(curve && !m_options.promise.exact_curves)) {
+                compare_loose(kind);
+            } else if (!(curve ? holds.curves : holds.points) && m_source.count(kind) > 0) {
+                // The writer has told of them; here they only count.
+                double const number = static_cast<double>(m_source.count(kind));
+                m_findings.push_back({sdkWeight::loss,
+                                      curve ? "missing-curve" : "missing-point",
+                                      {},
+                                      {},
+                                      number,
+                                      0,
+                                      curve ? sdkText("measure::%d curves of the source are not in the "
+                                                      "output, whose format has none",
+                                                      m_source.count(kind))
+                                            : sdkText("measure::%d points of the source are not in the "
+                                                      "output, whose format has none",
+                                                      m_source.count(kind))});
+            }
+        }
+    }
+
+    void compare_loose(sdkBodyKind kind)
+    {
+        auto const pairs =
+            sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
+        for (auto const & [from, to] : pairs.same) {
+            sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+        }
+        auto missing = pairs.missing;
+        auto extra = pairs.extra;
+        for (auto const & [from, to] : pairs.other) {
+            missing.push_back(from);
+            extra.push_back(to);
+        }
+        // A curve may be divided on the way: then the pieces are as long as the whole.
+        double missing_length = 0;
+        double extra_length = 0;
+        for (auto const * one : missing) {
+            missing_length += one->measure.length;
+        }
+        for (auto const * one : extra) {
+            extra_length += one->measure.length;
+        }
+        if (kind == sdkBodyKind::curve && !missing.empty() &&
+            m_options.tolerances.same_amount(missing_length, extra_length)) {
+            return;
+        }
+        sdk_tell_missing(missing, m_findings);
+        sdk_tell_extra(extra, m_findings);
+    }
+
+    void compare_counts()
+    {
+        auto const compare = [&](char const * kind, std::int64_t in, std::int64_t out, bool may_grow,
+                                 std::string_view key) {
+            if (out < in || (out > in && !may_grow)) {
+                m_findings.push_back({out < in ? sdkWeight::loss : sdkWeight::difference,
+                                      kind,
+                                      {},
+                                      {},
+                                      static_cast<double>(in),
+                                      static_cast<double>(out),
+                                      sdkText(key, in, out)});
+            }
+        };
+        auto const & holds = m_options.promise.holds;
+        if (holds.surfaces && m_source.count(sdkBodyKind::mesh) == 0) {
+            if (holds.solids) {
+                compare("solids", m_source.count(sdkBodyKind::solid), m_output.count(sdkBodyKind::solid),
+                        false, "measure::The source has %d solids and the output %d");
+            }
+            compare("faces", sdk_face_count(m_source), sdk_face_count(m_output), true,
+                    "measure::The source has %d faces and the output %d");
+        }
+        if (holds.curves && m_options.promise.exact_curves) {
+            compare("curves", m_source.count(sdkBodyKind::curve), m_output.count(sdkBodyKind::curve), true,
+                    "measure::The source has %d curves and the output %d");
+        }
+        if (holds.points) {
+            compare("points", m_source.count(sdkBodyKind::point), m_output.count(sdkBodyKind::point), true,
+                    "measure::The source has %d points and the output %d");
+        }
+        if (holds.names) {
+            sdk_compare_names(m_source, m_output, m_options.promise, m_findings);
+        }
+    }
+
+    sdkInventory const & m_source;
+    sdkInventory const & m_output;
+    sdkComparisonOptions const & m_options;
+    Findings m_findings;
+};
+
+} // namespace
+
+std::vector<sdkFinding> sdk_compare(sdkInventory const & source, sdkInventory const & output,
+                                    sdkComparisonOptions const & options)
+{
+    if (!options.promise.hidden) {
+        auto visible = source;
+        std::erase_if(visible.bodies, [](sdkBody const & body) { return body.hidden; });
+        return Comparison(visible, output, options).findings();
+    }
+    return Comparison(source, output, options).findings();
+}

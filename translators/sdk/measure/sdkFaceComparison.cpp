@@ -1,0 +1,120 @@
+#include "sdk/measure/sdkFaceComparison.h"
+
+#include <algorithm>
+
+namespace {
+
+// The faces of bodies that are left over, to be taken one after the other.
+class Faces {
+public:
+    explicit Faces(sdkBodies const & bodies)
+    {
+        for (auto const * body : bodies) {
+            for (auto const & face : body->measure.faces) {
+                m_faces.push_back({face.centroid.X(), &face, body});
+            }
+        }
+        std::sort(m_faces.begin(), m_faces.end(), [](auto const & a, auto const & b) { return a.x < b.x; });
+        m_taken.resize(m_faces.size(), false);
+    }
+
+    // The body that has such a face; null when there is none any more.
+    sdkBody const * take(sdkFaceMeasure const & wanted, double size, sdkTolerances const & tolerances)
+    {
+        double const reach = tolerances.absolute + 10 * tolerances.relative * size;
+        auto at = std::lower_bound(m_faces.begin(), m_faces.end(), wanted.centroid.X() - reach,
+                                   [](auto const & face, double x) { return face.x < x; });
+        for (; at != m_faces.end() && at->x <= wanted.centroid.X() + reach; ++at) {
+            auto const index = static_cast<std::size_t>(at - m_faces.begin());
+            if (!m_taken[index] && tolerances.same_amount(at->face->area, wanted.area) &&
+                tolerances.same_place(at->face->centroid, wanted.centroid, size)) {
+                m_taken[index] = true;
+                return at->body;
+            }
+        }
+        return nullptr;
+    }
+
+    // How many faces of a body nobody has taken.
+    std::size_t left(sdkBody const * body) const
+    {
+        std::size_t count = 0;
+        for (std::size_t at = 0; at < m_faces.size(); ++at) {
+            count += m_faces[at].body == body && !m_taken[at] ? 1 : 0;
+        }
+        return count;
+    }
+
+private:
+    struct Face {
+        double x;
+        sdkFaceMeasure const * face;
+        sdkBody const * body;
+    };
+
+    std::vector<Face> m_faces;
+    std::vector<bool> m_taken;
+};
+
+void tell_regrouped(sdkBody const & body, std::vector<sdkFinding> & findings)
+{
+    if (body.kind == sdkBodyKind::solid) {
+        findings.push_back(
+            {sdkWeight::loss, "solid-open", body.title(), body.place(), 1, 0,
+             sdkText("measure::%s at %s is no solid in the output any more; its %d faces are there",
+                     body.title(), body.place(), body.measure.faces.size())});
+    } else {
+        findings.push_back({sdkWeight::note, "regrouped", body.title(), body.place(), std::nullopt,
+                            std::nullopt,
+                            sdkText("measure::The %d faces of %s at %s belong to other bodies in the output",
+                                    body.measure.faces.size(), body.title(), body.place())});
+    }
+}
+
+} // namespace
+
+void sdk_compare_by_faces(sdkBodies const & missing, sdkBodies const & extra,
+                          sdkComparisonOptions const & options, std::vector<sdkFinding> & findings)
+{
+    Faces faces(extra);
+    sdkBodies gone;
+    for (auto const * body : missing) {
+        std::size_t found = 0;
+        for (auto const & face : body->measure.faces) {
+            found += faces.take(face, body->size(), options.tolerances) ? 1 : 0;
+        }
+        if (found < body->measure.faces.size() || found == 0) {
+            gone.push_back(body);
+        } else if (options.promise.holds.solids || body->kind != sdkBodyKind::solid) {
+            tell_regrouped(*body, findings);
+        }
+    }
+    sdkBodies left;
+    for (auto const * body : extra) {
+        if (faces.left(body) > 0 || body->measure.faces.empty()) {
+            left.push_back(body);
+        }
+    }
+    sdk_tell_missing(gone, findings);
+    sdk_tell_extra(left, findings);
+}
+
+void sdk_tell_missing(sdkBodies const & bodies, std::vector<sdkFinding> & findings)
+{
+    for (auto const * body : bodies) {
+        std::string const kind = sdk_kind_name(body->kind);
+        findings.push_back(
+            {sdkWeight::loss, "missing-" + kind, body->title(), body->place(), 1, 0,
+             sdkText("measure::%s at %s (%s) is not in the output", body->title(), body->place(), kind)});
+    }
+}
+
+void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings)
+{
+    for (auto const * body : bodies) {
+        std::string const kind = sdk_kind_name(body->kind);
+        findings.push_back({sdkWeight::difference, "extra-" + kind, body->title(), body->place(), 0, 1,
+                            sdkText("measure::%s at %s (%s) is in the output and not in the source",
+                                    body->title(), body->place(), kind)});
+    }
+}

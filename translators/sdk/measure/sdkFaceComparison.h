@@ -1,0 +1,13 @@
+#pragma once
+
+#include "sdk/measure/sdkComparison.h"
+
+// For bodies that have no counterpart of their kind: looks for their faces in what is left of the output,
+// where a solid may have fallen apart or loose faces may have become one. What is not found is told as
+// missing, what is left over as extra.
+void sdk_compare_by_faces(sdkBodies const & missing, sdkBodies const & extra,
+                          sdkComparisonOptions const & options, std::vector<sdkFinding> & findings);
+
+// A loss for each of them, and a difference for each of them.
+void sdk_tell_missing(sdkBodies const & bodies, std::vector<sdkFinding> & findings);
+void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sdk/measure/sdkBody.h"
+#include "sdk/sdkDocument.h"
+
+#include <Message_ProgressRange.hxx>
+
+#include <cstdint>
+#include <vector>
+
+// All that a document holds, each body at each of its places.
+struct sdkInventory {
+    std::vector<sdkBody> bodies;
+    std::int64_t assemblies = 0;
+    std::int64_t instances = 0; // places of parts and assemblies in assemblies
+    sdkMeasureLevel level = sdkMeasureLevel::full;
+    bool cancelled = false;
+
+    std::int64_t count(sdkBodyKind kind) const;
+    // Of all bodies of the kind.
+    double volume() const; // of solids
+    double area() const;
+    double length() const;
+    Bnd_Box extent() const;
+};
+
+struct sdkInventoryOptions {
+    sdkMeasureLevel level = sdkMeasureLevel::full;
+    bool surfaces = true;  // solids, shells, faces, meshes
+    bool wireframe = true; // curves and points
+    int threads = 1;       // that measure at the same time
+};
+
+// What is used at several places is measured once. The document is not changed.
+sdkInventory sdk_take_inventory(sdkDocument const & document, sdkInventoryOptions const & options,
+                                Message_ProgressRange const & range = {});

@@ -1,0 +1,192 @@
+#include "sdk/measure/sdkMeshDistance.h"
+
+#include "sdk/geometry/sdkMeasures.h"
+
+#include <BRepAdaptor_Curve.hxx>
+#include <BRepAdaptor_Surface.hxx>
+#include <BRepTools.hxx>
+#include <BRepTopAdaptor_FClass2d.hxx>
+#include <BRep_Tool.hxx>
+#include <BVH_Distance.hxx>
+#include <BVH_Tools.hxx>
+#include <BVH_Triangulation.hxx>
+#include <Poly_Triangulation.hxx>
+#include <Precision.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using Mesh = BVH_Triangulation<double, 3>;
+using Vector = BVH_Vec3d;
+
+class Nearest : public BVH_Distance<double, 3, Vector, Mesh> {
+public:
+    Standard_Boolean RejectNode(Vector const & low, Vector const & high, double & distance) const override
+    {
+        distance = BVH_Tools<double, 3>::PointBoxSquareDistance(myObject, low, high);
+        return RejectMetric(distance);
+    }
+
+    Standard_Boolean Accept(Standard_Integer const index, double const &) override
+    {
+        auto const & corners = myBVHSet->Elements[static_cast<std::size_t>(index)];
+        auto const & points = myBVHSet->Vertices;
+        double const distance = BVH_Tools<double, 3>::PointTriangleSquareDistance(
+            myObject, points[static_cast<std::size_t>(corners.x())],
+            points[static_cast<std::size_t>(corners.y())], points[static_cast<std::size_t>(corners.z())]);
+        if (distance < myDistance) {
+            myDistance = distance;
+            return Standard_True;
+        }
+        return Standard_False;
+    }
+};
+
+void add_edges(TopoDS_Face const & face, int most, std::string const & part,
+               std::vector<sdkSurfacePoint> & points)
+{
+    int taken = 0;
+    for (TopExp_Explorer one(face, TopAbs_EDGE); one.More() && taken < most; one.Next()) {
+        auto const & edge = TopoDS::Edge(one.Current());
+        TopLoc_Location location;
+        double first = 0;
+        double last = 0;
+        if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull()) {
+            continue;
+        }
+        BRepAdaptor_Curve const curve(edge);
+        int const count = curve.GetType() == GeomAbs_Line ? 2 : 6;
+        for (int at = 0; at < count; ++at, ++taken) {
+            points.push_back({curve.Value(first + (last - first) * at / count), part});
+        }
+    }
+}
+
+void add_inside(TopoDS_Face const & face, int most, std::string const & part,
+                std::vector<sdkSurfacePoint> & points)
+{
+    BRepAdaptor_Surface const surface(face, Standard_False);
+    if (surface.GetType() == GeomAbs_Plane) {
+        return;
+    }
+    double u_first = 0;
+    double u_last = 0;
+    double v_first = 0;
+    double v_last = 0;
+    BRepTools::UVBounds(face, u_first, u_last, v_first, v_last);
+    BRepTopAdaptor_FClass2d const inside(face, Precision::PConfusion());
+    int const steps = std::max(2, static_cast<int>(std::sqrt(most)) - 2);
+    for (int i = 1; i < steps; ++i) {
+        for (int j = 1; j < steps; ++j) {
+            gp_Pnt2d const at(u_first + (u_last - u_first) * i / steps,
+                              v_first + (v_last - v_first) * j / steps);
+            if (inside.Perform(at) == TopAbs_IN) {
+                points.push_back({surface.Value(at.X(), at.Y()), part});
+            }
+        }
+    }
+}
+
+void add_points(TDF_Label const & label, TopLoc_Location const & outer, int most,
+                std::vector<sdkSurfacePoint> & points)
+{
+    TDF_Label definition = label;
+    TopLoc_Location location = outer;
+    if (XCAFDoc_ShapeTool::GetReferredShape(label, definition)) {
+        location = outer * XCAFDoc_ShapeTool::GetLocation(label);
+    } else {
+        definition = label;
+    }
+    if (XCAFDoc_ShapeTool::IsAssembly(definition)) {
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(definition, components);
+        for (auto const & component : components) {
+            add_points(component, location, most, points);
+        }
+        return;
+    }
+    auto const part = sdkDocument::name(definition);
+    std::vector<sdkSurfacePoint> own;
+    for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(definition), TopAbs_FACE); face.More();
+         face.Next()) {
+        auto const & one = TopoDS::Face(face.Current());
+        TopLoc_Location ignored;
+        if (!BRep_Tool::Surface(one, ignored).IsNull()) {
+            add_edges(one, most, part, own);
+            add_inside(one, most, part, own);
+        }
+    }
+    for (auto & point : own) {
+        point.point.Transform(location.Transformation());
+        points.push_back(std::move(point));
+    }
+}
+
+} // namespace
+
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face)
+{
+    std::vector<sdkSurfacePoint> points;
+    for (auto const & label : document.free_shapes()) {
+        add_points(label, {}, most_of_a_face, points);
+    }
+    return points;
+}
+
+struct sdkMeshDistance::Tree {
+    Mesh mesh;
+};
+
+sdkMeshDistance::sdkMeshDistance(sdkDocument const & document) : m_tree(std::make_unique<Tree>())
+{
+    auto const shape = sdk_whole_shape(document);
+    if (shape.IsNull()) {
+        return;
+    }
+    for (TopExp_Explorer face(shape, TopAbs_FACE); face.More(); face.Next()) {
+        TopLoc_Location location;
+        auto const & mesh = BRep_Tool::Triangulation(TopoDS::Face(face.Current()), location);
+        if (mesh.IsNull()) {
+            continue;
+        }
+        int const base = static_cast<int>(m_tree->mesh.Vertices.size()) - 1;
+        for (int node = 1; node <= mesh->NbNodes(); ++node) {
+            auto const point = mesh->Node(node).Transformed(location.Transformation());
+            m_tree->mesh.Vertices.emplace_back(point.X(), point.Y(), point.Z());
+        }
+        for (int number = 1; number <= mesh->NbTriangles(); ++number) {
+            int a = 0;
+            int b = 0;
+            int c = 0;
+            mesh->Triangle(number).Get(a, b, c);
+            m_tree->mesh.Elements.emplace_back(base + a, base + b, base + c, 0);
+        }
+    }
+    m_tree->mesh.MarkDirty();
+    if (!empty()) {
+        m_tree->mesh.BVH();
+    }
+}
+
+sdkMeshDistance::~sdkMeshDistance() = default;
+
+bool sdkMeshDistance::empty() const
+{
+    return m_tree->mesh.Elements.empty();
+}
+
+double sdkMeshDistance::of(gp_Pnt const & point) const
+{
+    if (empty()) {
+        return std::numeric_limits<double>::infinity();
+    }
+    Nearest nearest;
+    nearest.SetObject(Vector(point.X(), point.Y(), point.Z()));
+    nearest.SetBVHSet(&m_tree->mesh);
+    return std::sqrt(nearest.ComputeDistance());
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "sdk/sdkDocument.h"
+
+#include <gp_Pnt.hxx>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+// A point of an exact surface or of an edge, with the name of its part.
+struct sdkSurfacePoint {
+    gp_Pnt point;
+    std::string part;
+};
+
+// Points of all faces of the document at all their places: along their edges, and on curved faces between
+// them. At most so many for one face.
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face = 64);
+
+// Distances of points from the triangles of a document, in millimetres.
+class sdkMeshDistance {
+public:
+    // All faces that have triangles.
+    explicit sdkMeshDistance(sdkDocument const & document);
+    ~sdkMeshDistance();
+
+    bool empty() const;
+    double of(gp_Pnt const & point) const;
+
+private:
+    struct Tree;
+    std::unique_ptr<Tree> m_tree;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "sdk/sdkDocument.h"
+
+// Marks a part, an instance or a sub-shape as one that its author does not want to be seen.
+void sdk_hide(sdkDocument & document, TDF_Label const & label);
+
+// True when the label itself is marked, when it is an instance of something that is, or when it lies on
+// layers and all of them are hidden. A hidden instance says nothing of the definition that it refers to.
+bool sdk_hidden(sdkDocument const & document, TDF_Label const & label);
+
+// All labels of parts, instances and sub-shapes that are marked themselves, each once.
+TDF_LabelSequence sdk_hidden_labels(sdkDocument const & document);

@@ -1,0 +1,59 @@
+#include "step/stepProducts.h"
+
+#include <Interface_InterfaceModel.hxx>
+#include <StepBasic_Product.hxx>
+#include <StepBasic_ProductDefinitionFormation.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <StepRepr_ProductDefinitionShape.hxx>
+#include <StepShape_ShapeDefinitionRepresentation.hxx>
+#include <TCollection_HAsciiString.hxx>
+
+stepProducts::stepProducts(Handle(Interface_InterfaceModel) const & model)
+{
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        auto const & entity = model->Value(number);
+        if (auto const usage = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(entity);
+            !usage.IsNull()) {
+            m_usages.emplace(usage->RelatingProductDefinition().get(),
+                             usage->RelatedProductDefinition().get());
+            continue;
+        }
+        auto const link = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(entity);
+        if (link.IsNull() || link->UsedRepresentation().IsNull()) {
+            continue;
+        }
+        auto const shape = link->Definition().PropertyDefinition();
+        if (shape.IsNull()) {
+            continue;
+        }
+        if (auto const product = shape->Definition().ProductDefinition(); !product.IsNull()) {
+            m_products.emplace(link->UsedRepresentation().get(), product);
+        }
+    }
+}
+
+Handle(StepBasic_ProductDefinition) stepProducts::product_of(Handle(StepRepr_Representation)
+                                                                 const & shape) const
+{
+    auto const found = m_products.find(shape.get());
+    return found == m_products.end() ? Handle(StepBasic_ProductDefinition)() : found->second;
+}
+
+bool stepProducts::uses(Handle(StepBasic_ProductDefinition) const & assembly,
+                        Handle(StepBasic_ProductDefinition) const & component) const
+{
+    return m_usages.count({assembly.get(), component.get()}) > 0;
+}
+
+std::string stepProducts::name(Handle(StepBasic_ProductDefinition) const & definition)
+{
+    if (definition.IsNull() || definition->Formation().IsNull() ||
+        definition->Formation()->OfProduct().IsNull()) {
+        return {};
+    }
+    auto const product = definition->Formation()->OfProduct();
+    if (!product->Name().IsNull() && !product->Name()->IsEmpty()) {
+        return product->Name()->ToCString();
+    }
+    return product->Id().IsNull() ? std::string() : std::string(product->Id()->ToCString());
+}
