@@ -154,6 +154,13 @@ TEST_F(StepValidation, IsWrittenAsTheOptionSays)
     EXPECT_TRUE(said().says("AP203 files hold no validation properties"));
 }
 
+TEST_F(StepValidation, IsNotMeasuredTwiceWhenTheOutputIsReadBack)
+{
+    kitSide side(STEP_MANIFEST, "STEP", {}, path("part.stp"));
+    auto const writer = make_writer(side.context());
+    EXPECT_EQ(side.context().promise().read_back.at("stepReadValidation"), "false");
+}
+
 TEST_F(StepValidation, IsComparedOnlyWhenItIsWanted)
 {
     auto const text = replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(50000.)");
