@@ -4,6 +4,7 @@
 
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
+#include <gp_Trsf.hxx>
 
 #include <regex>
 
@@ -214,6 +215,17 @@ TEST_F(StepValidation, OfAnAssemblyCountsEveryPlace)
     EXPECT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), volume), {}), 3);
     read_file(path("written.stp"));
     expect_all_agree(9);
+}
+
+TEST_F(StepValidation, OfAPartAtAPlaceIsInItsOwnFrame)
+{
+    gp_Trsf translation;
+    translation.SetTranslation(gp_Vec(100, 40, 25));
+    for (auto const & shape : {kit_cube(10), kit_compound({kit_cube(10), kit_hollow_cube()})}) {
+        written(shape.Moved(translation));
+        read_file(path("written.stp"));
+        expect_all_agree(3);
+    }
 }
 
 TEST_F(StepValidation, OfFacesAloneHasNoVolume)
