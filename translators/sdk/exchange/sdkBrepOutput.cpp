@@ -1,5 +1,7 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 
+#include "sdk/exchange/sdkOffsetCurves.h"
+#include "sdk/exchange/sdkUnbounded.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
@@ -38,7 +40,12 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     bool const had_something = !document.empty();
     sdk_make_places_rigid(document);
     sdk_filter_by_options(document, document.parts(), m_context);
+    // IGES has an entity for a plane without end.
+    auto const endless = sdk_drop_unbounded(document, m_format, m_format == "IGES", m_context);
     m_count = document.count_entities();
+    if (m_count.entities() == 0 && endless > 0) {
+        return sdkResult::completed();
+    }
     if (m_count.entities() == 0) {
         auto const kinds = sdk_entity_kinds(m_context.options());
         sdk_report_nothing(m_context, had_something && !(kinds.wireframe && kinds.surfaces));
@@ -52,6 +59,7 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     if (m_count.curves > 0 && m_context.options().text(m_prefix + "WriteCurves") == "polyline") {
         make_polylines(document, scope.Next());
     }
+    sdk_convert_offset_curves(document);
     tighten_edges(document, scope.Next());
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
