@@ -1,6 +1,7 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 
 #include "sdk/exchange/sdkOffsetCurves.h"
+#include "sdk/exchange/sdkRepairCheck.h"
 #include "sdk/exchange/sdkUnbounded.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
@@ -99,6 +100,9 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
     sdkHealingOptions healing;
     healing.max_tolerance = m_context.options().real("vmrTolCurveOnSurface3d");
     healing.precision = std::min(healing.precision, healing.max_tolerance);
+    healing.keep = [](TopoDS_Shape const & before, TopoDS_Shape const & after) {
+        return sdk_no_worse(before, after);
+    };
     TDF_LabelSequence loose;
     for (auto const & part : document.parts()) {
         if (has_loose_edge(XCAFDoc_ShapeTool::GetShape(part), healing.max_tolerance)) {
@@ -113,5 +117,10 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
                                 "were repaired; %d such edges "
                                 "are left",
                                 loose.Length(), healing.max_tolerance, counts.loose_edges);
+    if (counts.taken_back > 0) {
+        m_context.reporter().output("exchange::%d repairs were taken back because edges, volume or area were "
+                                    "farther off afterwards",
+                                    counts.taken_back);
+    }
     m_count = document.count_entities();
 }
