@@ -1,3 +1,4 @@
+#include "stepBareFile.h"
 #include "stepFormatTest.h"
 
 #include "sdk/geometry/sdkMeasures.h"
@@ -8,8 +9,6 @@
 #include <BRepGProp.hxx>
 #include <BRepPrimAPI_MakeHalfSpace.hxx>
 #include <GProp_GProps.hxx>
-#include <STEPControl_Reader.hxx>
-#include <STEPControl_Writer.hxx>
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Solid.hxx>
@@ -22,17 +21,7 @@ protected:
     TopoDS_Shape trip(TopoDS_Shape const & shape)
     {
         EXPECT_TRUE(write(shape, path("curves.stp")));
-        return bare_read(path("curves.stp"));
-    }
-
-    static TopoDS_Shape bare_read(std::string const & file)
-    {
-        STEPControl_Reader reader;
-        if (reader.ReadFile(file.c_str()) != IFSelect_RetDone) {
-            return {};
-        }
-        reader.TransferRoots();
-        return reader.OneShape();
+        return step_bare_read(path("curves.stp"));
     }
 };
 
@@ -49,10 +38,8 @@ double length(TopoDS_Shape const & shape)
 
 TEST_F(StepCurves, AtADistanceOfOthersAreLostByTheToolkitsOwnWriter)
 {
-    STEPControl_Writer writer;
-    writer.Transfer(kit_fault("e_offset.brep"), STEPControl_AsIs);
-    writer.Write(path("bare.stp").c_str());
-    EXPECT_TRUE(bare_read(path("bare.stp")).IsNull())
+    step_bare_write(kit_fault("e_offset.brep"), path("bare.stp"));
+    EXPECT_TRUE(step_bare_read(path("bare.stp")).IsNull())
         << "the toolkit writes them now: sdk_convert_offset_curves is needed no more";
 }
 

@@ -3,6 +3,7 @@
 #include "sdk/exchange/sdkOffsetCurves.h"
 #include "sdk/exchange/sdkRepairCheck.h"
 #include "sdk/exchange/sdkUnbounded.h"
+#include "sdk/exchange/sdkZeroEdges.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
@@ -61,6 +62,9 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
         make_polylines(document, scope.Next());
     }
     sdk_convert_offset_curves(document);
+    if (auto const edges = sdk_drop_zero_edges(document); edges > 0) {
+        m_context.reporter().output("exchange::%d edges without length were left out", edges);
+    }
     tighten_edges(document, scope.Next());
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
