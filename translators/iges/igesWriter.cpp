@@ -6,6 +6,7 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/exchange/sdkTurnedEllipses.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
@@ -64,7 +65,8 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_losses(document);
     flatten(document);
-    auto const entities = output.count().entities();
+    sdk_divide_turned_ellipses(document);
+    auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
     if (scope.UserBreak()) {

@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkVisibility.h"
+#include "translators/kit/kitFault.h"
 
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
@@ -299,4 +300,25 @@ TEST_F(StlWriter, WritesNothingWhenAllIsHidden)
     EXPECT_EQ(said().processed(), 0);
     EXPECT_TRUE(said().says("all that it could hold is hidden"));
     EXPECT_FALSE(std::filesystem::exists(path("nothing.stl")));
+}
+
+TEST_F(StlWriter, KeepsMembersThatAreMirroredOrScaled)
+{
+    struct Case {
+        char const * file;
+        int solids;
+        double volume;
+    };
+    for (auto const & one :
+         {Case{"mirror_loc.brep", 3, 15750}, Case{"scale_loc.brep", 2, 47250},
+          Case{"cyl_mirrored.brep", 1, 6283.185307}, Case{"cone_mirrored.brep", 1, 3665.191429},
+          Case{"two_boxes_loc.brep", 2, 12000}, Case{"loc_box.brep", 1, 6000}}) {
+        ASSERT_TRUE(write(kit_fault(one.file), path("fault.stl"),
+                          {{"vmrTolTriangulate3d", "0.001"}, {"stlAngularDeflection", "2"}}))
+            << one.file;
+        EXPECT_EQ(said().failed(), 0);
+        sdkDocument document;
+        ASSERT_TRUE(read(path("fault.stl"), document));
+        EXPECT_NEAR(sdk_measure(document).volume, one.volume, 1e-3 * one.volume) << one.file;
+    }
 }
