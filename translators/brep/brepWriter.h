@@ -13,6 +13,7 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void note_hidden(sdkDocument const & document);
     sdkResult make_facets(sdkDocument & document, Message_ProgressRange const & range);
     sdkResult make_polylines(sdkDocument & document, Message_ProgressRange const & range);
     sdkResult tessellate(double millimetres_per_unit, Message_ProgressRange const & range);
