@@ -4,6 +4,7 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
 #include "step/stepExternFiles.h"
@@ -12,6 +13,7 @@
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
+#include "step/stepMaterials.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
@@ -137,6 +139,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
+    auto const materials_before = sdk_count_materials(document);
     int const hidden_before = sdk_hidden_labels(document).Length();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
@@ -154,6 +157,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
+    report_materials(sdk_count_materials(document) - materials_before);
     read_visibility(document, hidden_before);
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
@@ -199,6 +203,23 @@ void stepReader::take_inventory()
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
         return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
     });
+}
+
+void stepReader::report_materials(std::int64_t arrived) const
+{
+    auto const stated = step_count_materials(m_reader->Reader().Model());
+    if (stated > arrived) {
+        m_context.account().add(
+            {.weight = sdkWeight::loss,
+             .kind = "material",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(stated),
+             .output = static_cast<double>(arrived),
+             .text = sdkText("step::%s states materials or densities of %d products; those of %d are not "
+                             "translated",
+                             m_context.file(), stated, stated - arrived)});
+    }
 }
 
 void stepReader::read_visibility(sdkDocument & document, int hidden_before)

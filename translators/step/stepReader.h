@@ -7,6 +7,7 @@
 
 #include <STEPCAFControl_Reader.hxx>
 
+#include <cstdint>
 #include <optional>
 
 // Reads ISO 10303-21 files of the application protocols 203, 214 and 242.
@@ -26,6 +27,7 @@ private:
     void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
+    void report_materials(std::int64_t arrived) const;
 
     sdkContext & m_context;
     sdkStatics m_statics;
