@@ -65,6 +65,8 @@ stepWriter::stepWriter(sdkContext & context) : m_context(context)
     promise.holds.colours = options.boolean("stepWriteColours");
     promise.holds.layers = options.boolean("stepWriteLayers");
     promise.exact_curves = options.text("stepWriteCurves") == "exact";
+    // Whoever reads the output back measures it himself.
+    promise.read_back["stepReadValidation"] = "false";
 }
 
 sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
@@ -117,13 +119,15 @@ void stepWriter::add_validation(sdkDocument const & document)
         m_context.reporter().output("step::Volume, area and centroid of %d products were measured and are "
                                     "stated in the output",
                                     products);
+    } else if (stated > 0 && held) {
+        m_context.reporter().output(
+            "step::The volumes, areas and centroids that the source states for %d products are lost; to have "
+            "them written change the option stepWriteValidation",
+            stated);
     } else if (stated > 0) {
-        m_context.reporter().output(held ? "step::The volumes, areas and centroids that the source states "
-                                           "for %d products are lost; to "
-                                           "have them written change the option stepWriteValidation"
-                                         : "step::AP203 files hold no validation properties: the volumes, "
-                                           "areas and centroids that the "
-                                           "source states for %d products are lost",
+        m_context.reporter().output("step::AP203 files hold no validation properties: the volumes, areas and "
+                                    "centroids that the source "
+                                    "states for %d products are lost",
                                     stated);
     }
 }

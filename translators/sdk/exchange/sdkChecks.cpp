@@ -126,7 +126,7 @@ void sdk_report_transfer(Session const & session, Handle(Standard_Type) const & 
         if (binder->Check()->HasFailed()) {
             problems.add(place_of(session, entity), text_of(binder->Check()));
         }
-        if (!binder->HasResult() && entity->IsKind(counted)) {
+        if (!counted.IsNull() && !binder->HasResult() && entity->IsKind(counted)) {
             context.reporter().failed(1);
         }
     }

@@ -22,7 +22,7 @@ void sdk_report_load(Handle(XSControl_WorkSession) const & session, sdkContext &
                      sdkToldElsewhere const & told = {});
 
 // Tells the user which entities could not be converted to shapes, the first few one by one. Those of the
-// given kind are counted as failed.
+// given kind are counted as failed; none are when it is null.
 void sdk_report_transfer(Handle(XSControl_WorkSession) const & session, Handle(Standard_Type) const & counted,
                          sdkContext & context, sdkToldElsewhere const & told = {});
 
