@@ -7,6 +7,7 @@
 #include "sdk/sdkMaterials.h"
 #include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
+#include "step/stepCopiedStyles.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
@@ -151,6 +152,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return sdkResult::cancelled();
     }
     take_inventory();
+    step_style_copies(m_reader->Reader().WS(), m_copies, document, options);
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
@@ -188,6 +190,7 @@ void stepReader::build_missing()
         mappings.build(Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number)));
     }
     actor->ResetUnits();
+    m_copies = mappings.copies();
 }
 
 void stepReader::take_inventory()
