@@ -12,6 +12,7 @@
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkStated.h"
 
@@ -97,6 +98,11 @@ void igesWriter::report_losses(sdkDocument & document)
                 "iges::IGES files hold ASCII names only: %d names have underscores for other characters",
                 names);
         }
+    }
+    if (auto const materials = sdk_count_materials(document); materials > 0) {
+        m_context.reporter().output(
+            "geometry::%s files hold no materials: the materials or densities of %d parts are lost", "IGES",
+            materials);
     }
     if (auto const stated = sdk_stated(document); stated > 0) {
         reporter.output("geometry::%s files hold no validation properties: the volumes, areas and centroids "
