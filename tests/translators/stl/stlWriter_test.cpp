@@ -3,6 +3,8 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
 
+#include <BRepBuilderAPI_MakePolygon.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -11,6 +13,10 @@
 #include <TopoDS.hxx>
 
 #include <TopoDS_Face.hxx>
+
+#include <Geom_Plane.hxx>
+#include <Precision.hxx>
+#include <gp_Pln.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -261,4 +267,38 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
     }
+}
+
+namespace {
+
+// A prism over a line that crosses itself: a closed solid, whose two ends cannot be tessellated.
+TopoDS_Shape crossed_prism()
+{
+    BRepBuilderAPI_MakePolygon line(gp_Pnt(0, 0, 0), gp_Pnt(10, 10, 0), gp_Pnt(10, 0, 0), gp_Pnt(0, 10, 0),
+                                    Standard_True);
+    BRep_Builder builder;
+    TopoDS_Face face;
+    builder.MakeFace(face, new Geom_Plane(gp_Pln()), Precision::Confusion());
+    builder.Add(face, line.Wire());
+    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, 5)).Shape();
+}
+
+} // namespace
+
+TEST_F(StlWriter, SaysOfEachPartHowManyEdgesOfTrianglesHaveNoNeighbour)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "Whole");
+    document.add_shape(crossed_prism(), "Crossed");
+    ASSERT_TRUE(write(document, path("open.stl")));
+    ASSERT_EQ(account().findings().size(), 1U);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.weight, sdkWeight::difference);
+    EXPECT_EQ(finding.kind, "unmatched-edges");
+    EXPECT_EQ(finding.part, "Crossed");
+    EXPECT_EQ(finding.source, 0);
+    EXPECT_EQ(finding.output, 8);
+    EXPECT_TRUE(finding.text.fits());
+    EXPECT_TRUE(contains(finding.text.formatted(), "Crossed: the triangles do not close; 8 of their edges"));
+    EXPECT_EQ(said().failed(), 2);
 }
