@@ -4,6 +4,8 @@
 #include <BRepTools.hxx>
 #include <Message_ProgressScope.hxx>
 #include <ShapeFix_Shape.hxx>
+#include <Standard_Failure.hxx>
+#include <Standard_OutOfMemory.hxx>
 
 namespace {
 
@@ -21,12 +23,19 @@ bool is_better(sdkTriangleGaps const & now, sdkTriangleGaps const & before)
     return now.closed_solids >= before.closed_solids && now.unmatched_edges < before.unmatched_edges;
 }
 
+// Null when the repair itself fails, as it does on a face whose border crosses itself.
 TopoDS_Shape repaired(TopoDS_Shape const & shape)
 {
-    Handle(ShapeFix_Shape) const fix = new ShapeFix_Shape(shape);
-    fix->SetMaxTolerance(most_moved);
-    fix->Perform();
-    return fix->Shape();
+    try {
+        Handle(ShapeFix_Shape) const fix = new ShapeFix_Shape(shape);
+        fix->SetMaxTolerance(most_moved);
+        fix->Perform();
+        return fix->Shape();
+    } catch (Standard_OutOfMemory const &) {
+        throw;
+    } catch (Standard_Failure const &) {
+        return {};
+    }
 }
 
 // Returns what is left open.
@@ -44,6 +53,9 @@ std::int64_t close(sdkDocument & document, TDF_Label const & part,
     }
     tessellate_again(shape, tolerances);
     auto const mended = repaired(shape);
+    if (mended.IsNull()) {
+        return before.unmatched_edges;
+    }
     tessellate_again(mended, tolerances);
     auto const after = sdk_triangle_gaps(mended);
     if (!is_better(after, before)) {
