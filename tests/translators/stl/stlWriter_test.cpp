@@ -2,9 +2,8 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "translators/kit/kitFault.h"
 
-#include <BRepBuilderAPI_MakePolygon.hxx>
-#include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -13,10 +12,6 @@
 #include <TopoDS.hxx>
 
 #include <TopoDS_Face.hxx>
-
-#include <Geom_Plane.hxx>
-#include <Precision.hxx>
-#include <gp_Pln.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -269,36 +264,23 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
     }
 }
 
-namespace {
-
-// A prism over a line that crosses itself: a closed solid, whose two ends cannot be tessellated.
-TopoDS_Shape crossed_prism()
+TEST_F(StlWriter, KeepsMembersThatAreMirroredOrScaled)
 {
-    BRepBuilderAPI_MakePolygon line(gp_Pnt(0, 0, 0), gp_Pnt(10, 10, 0), gp_Pnt(10, 0, 0), gp_Pnt(0, 10, 0),
-                                    Standard_True);
-    BRep_Builder builder;
-    TopoDS_Face face;
-    builder.MakeFace(face, new Geom_Plane(gp_Pln()), Precision::Confusion());
-    builder.Add(face, line.Wire());
-    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, 5)).Shape();
-}
-
-} // namespace
-
-TEST_F(StlWriter, SaysOfEachPartHowManyEdgesOfTrianglesHaveNoNeighbour)
-{
-    sdkDocument document;
-    document.add_shape(kit_cube(10), "Whole");
-    document.add_shape(crossed_prism(), "Crossed");
-    ASSERT_TRUE(write(document, path("open.stl")));
-    ASSERT_EQ(account().findings().size(), 1U);
-    auto const & finding = account().findings().front();
-    EXPECT_EQ(finding.weight, sdkWeight::difference);
-    EXPECT_EQ(finding.kind, "unmatched-edges");
-    EXPECT_EQ(finding.part, "Crossed");
-    EXPECT_EQ(finding.source, 0);
-    EXPECT_EQ(finding.output, 8);
-    EXPECT_TRUE(finding.text.fits());
-    EXPECT_TRUE(contains(finding.text.formatted(), "Crossed: the triangles do not close; 8 of their edges"));
-    EXPECT_EQ(said().failed(), 2);
+    struct Case {
+        char const * file;
+        int solids;
+        double volume;
+    };
+    for (auto const & one :
+         {Case{"mirror_loc.brep", 3, 15750}, Case{"scale_loc.brep", 2, 47250},
+          Case{"cyl_mirrored.brep", 1, 6283.185307}, Case{"cone_mirrored.brep", 1, 3665.191429},
+          Case{"two_boxes_loc.brep", 2, 12000}, Case{"loc_box.brep", 1, 6000}}) {
+        ASSERT_TRUE(write(kit_fault(one.file), path("fault.stl"),
+                          {{"vmrTolTriangulate3d", "0.001"}, {"stlAngularDeflection", "2"}}))
+            << one.file;
+        EXPECT_EQ(said().failed(), 0);
+        sdkDocument document;
+        ASSERT_TRUE(read(path("fault.stl"), document));
+        EXPECT_NEAR(sdk_measure(document).volume, one.volume, 1e-3 * one.volume) << one.file;
+    }
 }
