@@ -75,15 +75,20 @@ sdkResult sdkBrepOutput::replace_facets(sdkDocument & document, Message_Progress
     if (m_context.options().text(option) == "refuse") {
         return sdkResult::write_error(sdk_facets_refused(sdk_facet_parts(document), m_format, option));
     }
-    auto const counts = sdk_make_facets(document, {}, range);
+    sdkFacetOptions facets;
+    facets.merge_coplanar = m_context.options().boolean(m_prefix + "WriteMergeFacets");
+    facets.max_option = m_prefix + "WriteMaxFacets";
+    facets.max_facets = m_context.options().integer(facets.max_option);
+    auto const counts = sdk_make_facets(document, facets, range);
     if (!counts.refusal.empty()) {
         return sdkResult::write_error(counts.refusal);
     }
     if (counts.cancelled) {
         return sdkResult::cancelled();
     }
-    m_context.reporter().output("exchange::%d triangles of %d parts became %d solids and %d open shells",
-                                counts.triangles, counts.parts, counts.solids, counts.shells);
+    m_context.reporter().output("exchange::%d triangles of %d parts became %d plane faces in %d solids and "
+                                "%d open shells",
+                                counts.triangles, counts.parts, counts.faces, counts.solids, counts.shells);
     m_count = document.count_entities();
     return sdkResult::completed();
 }
