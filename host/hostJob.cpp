@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
 #include <sstream>
 #include <utility>
 
@@ -56,6 +57,9 @@ void from_json(json const & value, hostJob & job)
     auto const & output = value.at("output");
     from_json(output, job.output);
     job.final_name = output.value("final", job.output.file);
+    if (auto const patience = value.find("patience"); patience != value.end()) {
+        job.least_patience = std::chrono::milliseconds(std::llround(patience->get<double>() * 1000));
+    }
 }
 
 // The first value of a text that other lines may follow.

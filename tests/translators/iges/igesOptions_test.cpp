@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkMeasures.h"
 
 #include <BRepBuilderAPI_Transform.hxx>
+#include <BRepCheck_Analyzer.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRep_Builder.hxx>
 #include <TopExp_Explorer.hxx>
@@ -197,4 +198,16 @@ TEST_F(IgesOptions, CurveOnSurfaceToleranceDecidesWhichEdgesAreRepaired)
     EXPECT_FALSE(said().says("were repaired"));
     ASSERT_TRUE(write(cylinder, path("loose.igs"), {{"vmrTolCurveOnSurface3d", "0.01"}}));
     EXPECT_TRUE(said().says("1 parts had edges further than 0.01 mm"));
+}
+
+TEST_F(IgesOptions, HealingRepairsFacesOrLeavesThemAsTheFileHasThem)
+{
+    // The boundary of the face runs the wrong way round.
+    ASSERT_TRUE(write(kit_inverted_face(), path("face.igs"), {}));
+    sdkDocument healed;
+    ASSERT_TRUE(read(path("face.igs"), healed));
+    EXPECT_TRUE(BRepCheck_Analyzer(sdk_whole_shape(healed)).IsValid());
+    sdkDocument untouched;
+    ASSERT_TRUE(read(path("face.igs"), untouched, {{"igesReadHealing", "false"}}));
+    EXPECT_FALSE(BRepCheck_Analyzer(sdk_whole_shape(untouched)).IsValid());
 }
