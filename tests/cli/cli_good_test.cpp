@@ -30,6 +30,9 @@ cliCase const cases[] = {
     {"ToleranceBelowTheLeast", {"part.step", "-tol", "1e-8", "-t", "STL", "-o", "out/part.stl"}, 0, {"The value 1e-08 of the option vmrTolTriangulate3d is less than the least one, 1e-07; 0.1 is used instead"}, {"part.stl"}},
     {"SurfacesOnly", {"part.step", "-t", "STEP", "-o", "out/part.step", "-s"}, 0, {}, {"part.step"}, {"No entities"}},
     {"WireframeOnlyOfASolid", {"part.step", "-t", "STEP", "-o", "out/part.step", "-w"}, 0, {"No entities were translated and no output file produced"}, {}},
+    {"VerdictOnTheOutput", {"part.step", "-t", "IGES", "-o", "out/part.igs"}, 0, {"part.igs was read back and agrees with the source\n", "Verified: "}, {"part.igs"}},
+    {"VerdictByCounts", {"part.step", "-t", "IGES", "-o", "out/part.igs", "-res_opt", "vmrOptVerify:counts"}, 0, {"Verified by counts: "}, {"part.igs"}},
+    {"NoVerdictWanted", {"part.step", "-t", "IGES", "-o", "out/part.igs", "-res_opt", "vmrOptVerify:none"}, 0, {"100%"}, {"part.igs"}, {"erified", "read back"}},
     {"Log", {"part.step", "-t", "STEP", "-o", "out/part.step", "-log", "out/run.log"}, 0, {}, {"part.step", "run.log"}},
     {"UnitsUnknown", {"part.step", "-t", "STEP", "-u", "ells", "-o", "out/part.step"}, 0, {"--> Invalid units string"}, {"part.step"}},
 };

@@ -1,5 +1,8 @@
 #include "sdk/sdkAttributes.h"
 
+#include "sdk/sdkMaterials.h"
+#include "sdk/sdkVisibility.h"
+
 void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Label const & to)
 {
     if (sdkDocument::name(to).empty()) {
@@ -14,6 +17,12 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
         if (!own && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
             colours->SetColor(to, colour, type);
         }
+    }
+    if (sdk_material(to).IsNull()) {
+        sdk_set_material(document, to, sdk_material(from));
+    }
+    if (sdk_hidden(document, from)) {
+        sdk_hide(document, to);
     }
     TDF_LabelSequence layers;
     document.layers()->GetLayers(from, layers);

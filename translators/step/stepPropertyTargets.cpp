@@ -53,14 +53,14 @@ Handle(StepBasic_ProductDefinition) product_of(Handle(StepRepr_ShapeAspect) cons
 
 } // namespace
 
-sdkMassProperties stepPropertyTarget::measure(sdkMassPropertiesOfLabels & labels, double accuracy) const
+sdkMassProperties stepPropertyTarget::measure(sdkMassPropertiesOfLabels & labels) const
 {
     if (!label.IsNull()) {
         return labels.of(label);
     }
     sdkMassProperties sum;
     for (auto const & shape : shapes) {
-        sum.add(sdk_mass_properties(shape, accuracy), gp_Trsf());
+        sum.add(sdk_mass_properties(shape), gp_Trsf());
     }
     return sum;
 }

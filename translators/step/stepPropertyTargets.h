@@ -22,7 +22,7 @@ struct stepPropertyTarget {
     TDF_Label label;  // of a product or an instance; null when nothing arrived, and for single shapes
     std::vector<TopoDS_Shape> shapes;
 
-    sdkMassProperties measure(sdkMassPropertiesOfLabels & labels, double accuracy) const;
+    sdkMassProperties measure(sdkMassPropertiesOfLabels & labels) const;
 };
 
 // Finds these things after the transfer, as long as the labels are where the transfer has put them.

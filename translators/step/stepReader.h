@@ -3,11 +3,14 @@
 #include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
-#include "step/stepReferences.h"
+#include "step/stepGaps.h"
+#include "step/stepMappings.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 // Reads ISO 10303-21 files of the application protocols 203, 214 and 242.
 class stepReader : public sdkReader {
@@ -22,13 +25,16 @@ private:
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
     void build_missing();
+    void read_visibility(sdkDocument & document, int hidden_before);
+    void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
-    void report_units();
+    void report_materials(std::int64_t arrived) const;
 
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Reader> m_reader;
     std::string m_schema;
-    stepReferences m_references;
+    stepTextualLinks m_links;
+    std::vector<stepMappings::Copy> m_copies;
 };

@@ -73,18 +73,20 @@ public:
         if (auto const point = Handle(StepGeom_CartesianPoint)::DownCast(item); !point.IsNull()) {
             if (any_of(name, {"centre point", "center point", "centroid", "centre of mass"})) {
                 read_centroid(*point, into);
+            } else {
+                ++into.others;
             }
             return;
         }
         auto const measure = measure_of(item);
-        if (measure.IsNull() || measure->ValueComponentMember().IsNull()) {
-            return;
-        }
-        if (any_of(name, {"volume measure", "volume"})) {
+        bool const readable = !measure.IsNull() && !measure->ValueComponentMember().IsNull();
+        if (readable && any_of(name, {"volume measure", "volume"})) {
             keep(amount(*measure, 3, m_length), into.volume, into);
-        } else if (any_of(name,
-                          {"surface area measure", "wetted area measure", "surface area", "wetted area"})) {
+        } else if (readable && any_of(name, {"surface area measure", "wetted area measure", "surface area",
+                                             "wetted area"})) {
             keep(amount(*measure, 2, m_length), into.area, into);
+        } else {
+            ++into.others;
         }
     }
 
@@ -113,13 +115,11 @@ private:
     std::optional<stepUnit> m_length;
 };
 
-stepStatedProperties properties_of(StepRepr_PropertyDefinitionRepresentation const & link)
+stepStatedProperties properties_of(Handle(StepRepr_PropertyDefinition) const & definition,
+                                   Handle(StepRepr_Representation) const & representation)
 {
     stepStatedProperties stated;
-    auto const definition = link.Definition().PropertyDefinition();
-    auto const & representation = link.UsedRepresentation();
-    if (definition.IsNull() || lower(definition->Name()) != "geometric validation property" ||
-        representation.IsNull() || representation->Items().IsNull()) {
+    if (representation.IsNull() || representation->Items().IsNull()) {
         return stated;
     }
     stated.definition = definition;
@@ -134,18 +134,26 @@ stepStatedProperties properties_of(StepRepr_PropertyDefinitionRepresentation con
 
 } // namespace
 
-std::vector<stepStatedProperties> step_stated_properties(Handle(Interface_InterfaceModel) const & model)
+stepStatements step_stated_properties(Handle(Interface_InterfaceModel) const & model)
 {
-    std::vector<stepStatedProperties> all;
+    stepStatements all;
     for (int number = 1; number <= model->NbEntities(); ++number) {
         auto const link = Handle(StepRepr_PropertyDefinitionRepresentation)::DownCast(model->Value(number));
-        if (link.IsNull()) {
+        auto const definition =
+            link.IsNull() ? Handle(StepRepr_PropertyDefinition)() : link->Definition().PropertyDefinition();
+        if (definition.IsNull()) {
             continue;
         }
-        auto stated = properties_of(*link);
+        auto const name = lower(definition->Name());
+        if (name != "geometric validation property") {
+            all.others += name.ends_with("validation property") ? 1 : 0;
+            continue;
+        }
+        auto stated = properties_of(definition, link->UsedRepresentation());
+        all.others += stated.others;
         if (stated.amounts() + stated.unclear > 0) {
-            stated.place = model->StringLabel(stated.definition)->ToCString();
-            all.push_back(std::move(stated));
+            stated.place = model->StringLabel(definition)->ToCString();
+            all.properties.push_back(std::move(stated));
         }
     }
     return all;

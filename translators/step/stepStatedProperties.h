@@ -20,6 +20,8 @@ struct stepStatedProperties {
     std::optional<gp_Pnt> centroid;
     // Amounts whose unit is not understood.
     int unclear = 0;
+    // Items that are none of these, such as the length of all curves.
+    int others = 0;
 
     int amounts() const
     {
@@ -27,5 +29,11 @@ struct stepStatedProperties {
     }
 };
 
-// In the order of the file. Several statements of the same thing stay apart.
-std::vector<stepStatedProperties> step_stated_properties(Handle(Interface_InterfaceModel) const & model);
+struct stepStatements {
+    // In the order of the file. Several statements of the same thing stay apart.
+    std::vector<stepStatedProperties> properties;
+    // Validation properties of other kinds: of assemblies, attributes, annotations, curves and open surfaces.
+    int others = 0;
+};
+
+stepStatements step_stated_properties(Handle(Interface_InterfaceModel) const & model);

@@ -173,8 +173,9 @@ std::int64_t step_add_validation(Handle(XSControl_WorkSession) const & session, 
     for (auto const & label : labels) {
         auto const shape = XCAFDoc_ShapeTool::GetShape(label);
         Handle(StepShape_ShapeDefinitionRepresentation) shown;
-        // What was not written has none.
-        if (!shape.IsNull() &&
+        // A shape that stands free at a place is written as an assembly of the one that it refers to. What
+        // was not written has no definition of its shape.
+        if (!shape.IsNull() && !XCAFDoc_ShapeTool::IsReference(label) &&
             process->FindTypedTransient(TransferBRep::ShapeMapper(process, shape),
                                         STANDARD_TYPE(StepShape_ShapeDefinitionRepresentation), shown) &&
             add(label, *shown)) {

@@ -9,16 +9,18 @@
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkStated.h"
+#include "sdk/sdkVisibility.h"
 #include "step/stepFile.h"
 #include "step/stepHeader.h"
+#include "step/stepText.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
+#include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
 #include <StepData_Protocol.hxx>
 #include <StepData_StepModel.hxx>
-#include <StepData_StepWriter.hxx>
 #include <Transfer_FinderProcess.hxx>
 #include <XSControl_TransferWriter.hxx>
 #include <XSControl_WorkSession.hxx>
@@ -63,6 +65,8 @@ stepWriter::stepWriter(sdkContext & context) : m_context(context)
     promise.holds.colours = options.boolean("stepWriteColours");
     promise.holds.layers = options.boolean("stepWriteLayers");
     promise.exact_curves = options.text("stepWriteCurves") == "exact";
+    // Whoever reads the output back measures it himself.
+    promise.read_back["stepReadValidation"] = "false";
 }
 
 sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange const & range)
@@ -76,6 +80,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
         }
     }
+    settle_visibility(document);
     Message_ProgressScope scope(range, nullptr, 10);
     sdkBrepOutput output("STEP", "step", m_context);
     if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
@@ -95,6 +100,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
     reporter.processed(entities - failed);
+    step_write_visibility(m_writer->ChangeWriter().WS(), document);
     add_validation(document);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
@@ -113,14 +119,34 @@ void stepWriter::add_validation(sdkDocument const & document)
         m_context.reporter().output("step::Volume, area and centroid of %d products were measured and are "
                                     "stated in the output",
                                     products);
+    } else if (stated > 0 && held) {
+        m_context.reporter().output(
+            "step::The volumes, areas and centroids that the source states for %d products are lost; to have "
+            "them written change the option stepWriteValidation",
+            stated);
     } else if (stated > 0) {
-        m_context.reporter().output(held ? "step::The volumes, areas and centroids that the source states "
-                                           "for %d products are lost; to "
-                                           "have them written change the option stepWriteValidation"
-                                         : "step::AP203 files hold no validation properties: the volumes, "
-                                           "areas and centroids that the "
-                                           "source states for %d products are lost",
+        m_context.reporter().output("step::AP203 files hold no validation properties: the volumes, areas and "
+                                    "centroids that the source "
+                                    "states for %d products are lost",
                                     stated);
+    }
+}
+
+void stepWriter::settle_visibility(sdkDocument & document)
+{
+    // The toolkit crashes on an instance that is hidden.
+    if (auto const seen = sdk_hide_parts_for_instances(document); seen > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(seen),
+             .output = 0.0,
+             .text =
+                 sdkText("step::Of %d parts some instances are hidden and others are not; in %s all of them "
+                         "are seen",
+                         seen, m_context.file())});
     }
 }
 
@@ -133,12 +159,10 @@ sdkResult stepWriter::write(std::string const & path, Message_ProgressRange cons
                options.text("stepWriteOrganisation")}
         .apply(model);
 
-    StepData_StepWriter text(model);
-    text.SendModel(Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()));
     sdkOutputFile file(path, range);
     stepTextEncoding encoding(file);
     std::ostream stream(&encoding);
-    text.Print(stream);
+    step_write_text(model, Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), stream);
     encoding.finish();
     auto result = file.close(m_context.file());
     m_context.promise().checked = result && sdk_file_passes(path, [](std::string_view content) {

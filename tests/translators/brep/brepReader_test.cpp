@@ -1,6 +1,8 @@
 #include "brepFormatTest.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
+#include "translators/kit/kitFault.h"
 #include "translators/kit/kitIndicator.h"
 
 #include <BRepBuilderAPI_MakeFace.hxx>
@@ -228,4 +230,34 @@ TEST_F(BrepReader, StopsWhenTheUserCancels)
         EXPECT_EQ(make_reader(side.context())->parse(path("written.brep"), progress->Start()).status(),
                   sdkStatus::cancelled);
     }
+}
+
+TEST_F(BrepReader, TakesMembersThatAreMirroredOrScaledAsPartOrAssembly)
+{
+    for (char const * const structure : {"part", "assembly"}) {
+        for (char const * const healing : {"false", "true"}) {
+            for (auto const & [name, volume] :
+                 {std::pair("mirror_loc.brep", 15750.0), std::pair("scale_loc.brep", 47250.0)}) {
+                sdkDocument document;
+                ASSERT_TRUE(read(kit_fault_file(name), document,
+                                 {{"brepReadStructure", structure}, {"brepReadHealing", healing}}));
+                EXPECT_NEAR(sdk_measure(document).volume, volume, 1e-6 * volume)
+                    << name << structure << healing;
+                EXPECT_EQ(sdk_make_places_rigid(document), 0);
+            }
+        }
+    }
+}
+
+TEST_F(BrepReader, KeepsAnAccountOfItsFile)
+{
+    ASSERT_TRUE(write(kit_compound({kit_hollow_cube(), kit_wire(), kit_cube(5)}), path("mixed.brep")));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("mixed.brep"), document, {{"vmrOptProcessWireframe", "false"}}));
+    EXPECT_EQ(account().held(sdkSourceKind::root), 1);
+    EXPECT_EQ(account().held(sdkSourceKind::solid), 2);
+    EXPECT_EQ(account().held(sdkSourceKind::shell), 3);
+    EXPECT_EQ(account().held(sdkSourceKind::face), 18);
+    EXPECT_EQ(account().held(sdkSourceKind::curve), 2); // though they are not wanted
+    EXPECT_EQ(account().held(sdkSourceKind::point), 0);
 }

@@ -4,6 +4,7 @@
 
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
+#include <gp_Trsf.hxx>
 
 #include <regex>
 
@@ -88,6 +89,27 @@ std::string first(std::string const & text, std::string const & kind)
     return match[1];
 }
 
+std::string geometric_context(std::string const & text)
+{
+    std::smatch match;
+    EXPECT_TRUE(std::regex_search(text, match,
+                                  std::regex("(#[0-9]+) *= *\\( *GEOMETRIC_REPRESENTATION_CONTEXT\\(3\\)")));
+    return match[1];
+}
+
+// The definition of the shape of an instance, counted from 0.
+std::string shape_of_usage(std::string const & text, int number)
+{
+    std::regex const usage("(#[0-9]+) *= *NEXT_ASSEMBLY_USAGE_OCCURRENCE");
+    auto found = std::sregex_iterator(text.begin(), text.end(), usage);
+    std::advance(found, number);
+    std::smatch match;
+    EXPECT_TRUE(std::regex_search(
+        text, match,
+        std::regex("(#[0-9]+) *= *PRODUCT_DEFINITION_SHAPE\\([^#]*" + (*found)[1].str() + "\\s*\\)")));
+    return match[1];
+}
+
 double amount(std::string const & text, std::string const & measure)
 {
     std::smatch match;
@@ -131,6 +153,13 @@ TEST_F(StepValidation, IsWrittenAsTheOptionSays)
     EXPECT_TRUE(said().says("states for 2 products are lost; to have them written change the option"));
     EXPECT_FALSE(states("always", 2, "AP203"));
     EXPECT_TRUE(said().says("AP203 files hold no validation properties"));
+}
+
+TEST_F(StepValidation, IsNotMeasuredTwiceWhenTheOutputIsReadBack)
+{
+    kitSide side(STEP_MANIFEST, "STEP", {}, path("part.stp"));
+    auto const writer = make_writer(side.context());
+    EXPECT_EQ(side.context().promise().read_back.at("stepReadValidation"), "false");
 }
 
 TEST_F(StepValidation, IsComparedOnlyWhenItIsWanted)
@@ -186,6 +215,17 @@ TEST_F(StepValidation, OfAnAssemblyCountsEveryPlace)
     EXPECT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), volume), {}), 3);
     read_file(path("written.stp"));
     expect_all_agree(9);
+}
+
+TEST_F(StepValidation, OfAPartAtAPlaceIsInItsOwnFrame)
+{
+    gp_Trsf translation;
+    translation.SetTranslation(gp_Vec(100, 40, 25));
+    for (auto const & shape : {kit_cube(10), kit_compound({kit_cube(10), kit_hollow_cube()})}) {
+        written(shape.Moved(translation));
+        read_file(path("written.stp"));
+        expect_all_agree(3);
+    }
 }
 
 TEST_F(StepValidation, OfFacesAloneHasNoVolume)
@@ -261,6 +301,119 @@ TEST_F(StepValidation, AFarCentroidAloneIsALoss)
     EXPECT_EQ(of_kind("validation-centroid")[0].weight, sdkWeight::loss);
 }
 
+TEST_F(StepValidation, AVolumeOfNothingIsNoLoss)
+{
+    read_text(replaced(written(kit_cube(10)), "VOLUME_MEASURE\\([^)]*\\)", "VOLUME_MEASURE(0.)"));
+    ASSERT_EQ(of_kind("validation-volume").size(), 1U);
+    EXPECT_EQ(of_kind("validation-volume")[0].weight, sdkWeight::difference);
+}
+
+TEST_F(StepValidation, HasTheUnitThatStandsAtIt)
+{
+    // The part is in millimetres, its volume in cubic inches and its area in square centimetres.
+    auto text = written(kit_cube(254));
+    text = replaced(text, R"(VOLUME_MEASURE\(\s*[^)]*\),\s*#[0-9]+\))", "VOLUME_MEASURE(1000.),#90001)");
+    text = replaced(text, R"(([^_])AREA_MEASURE\s*\(\s*[^)]*\),\s*#[0-9]+\))",
+                    "$1AREA_MEASURE(3870.96),#90011)");
+    read_text(with_entities(text,
+                            "#90001=DERIVED_UNIT((#90002));\n#90002=DERIVED_UNIT_ELEMENT(#90003,3.);\n"
+                            "#90003=(CONVERSION_BASED_UNIT('INCH',#90004)LENGTH_UNIT()NAMED_UNIT(#90005));\n"
+                            "#90004=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(2.54),#90006);\n"
+                            "#90005=DIMENSIONAL_EXPONENTS(1.,0.,0.,0.,0.,0.,0.);\n"
+                            "#90006=(LENGTH_UNIT()NAMED_UNIT(*)SI_UNIT(.CENTI.,.METRE.));\n"
+                            "#90011=DERIVED_UNIT((#90012));\n#90012=DERIVED_UNIT_ELEMENT(#90006,2.);\n"));
+    expect_all_agree(3);
+}
+
+TEST_F(StepValidation, InAUnitOfLengthOrInNoneIsInThatOfTheShapes)
+{
+    auto text = written(kit_cube(25.4), {{"vmrOptOutputUnits", "in"}});
+    std::smatch length;
+    ASSERT_TRUE(std::regex_search(text, length, std::regex(R"(DERIVED_UNIT_ELEMENT\((#[0-9]+),)")));
+    text = replaced(text, R"((VOLUME_MEASURE\(\s*[^)]*\)),\s*#[0-9]+\))", "$1," + length[1].str() + ")");
+    text = replaced(text, R"(([^_]AREA_MEASURE\s*\(\s*[^)]*\)),\s*#[0-9]+\))", "$1,$$)");
+    // The unit of length need not be the first of its context.
+    text = replaced(text, R"(GLOBAL_UNIT_ASSIGNED_CONTEXT\s*\(\s*\(\s*(#[0-9]+),\s*(#[0-9]+),)",
+                    "GLOBAL_UNIT_ASSIGNED_CONTEXT(($2,$1,");
+    read_text(text);
+    expect_all_agree(3);
+}
+
+TEST_F(StepValidation, InAUnitThatIsNotUnderstoodIsNotCompared)
+{
+    // The unit is defined by itself.
+    auto const text = replaced(written(kit_cube(10)), R"(VOLUME_MEASURE\(\s*[^)]*\),\s*#[0-9]+\))",
+                               "VOLUME_MEASURE(1000.),#90001)");
+    read_text(with_entities(text,
+                            "#90001=(CONVERSION_BASED_UNIT('X',#90002)LENGTH_UNIT()NAMED_UNIT(#90003));\n"
+                            "#90002=LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(2.),#90001);\n"
+                            "#90003=DIMENSIONAL_EXPONENTS(1.,0.,0.,0.,0.,0.,0.);\n"));
+    ASSERT_EQ(findings().size(), 2U);
+    EXPECT_EQ(findings()[0].output, 2);
+    EXPECT_NE(findings()[1].text.formatted().find("1 stated validation properties could not be compared"),
+              std::string::npos);
+}
+
+TEST_F(StepValidation, OfAProductThatDidNotArriveIsALoss)
+{
+    auto const text = written(kit_cube(10));
+    std::smatch unit;
+    ASSERT_TRUE(std::regex_search(text, unit, std::regex("(#[0-9]+) *= *DERIVED_UNIT\\(")));
+    read_text(with_entities(
+        text, "#90001=PRODUCT_DEFINITION('design','',#90002," + first(text, "PRODUCT_DEFINITION_CONTEXT") +
+                  ");\n#90002=PRODUCT_DEFINITION_FORMATION('','',#90003);\n"
+                  "#90003=PRODUCT('Missing','Missing','',(" +
+                  first(text, "PRODUCT_CONTEXT") +
+                  "));\n"
+                  "#90004=PRODUCT_DEFINITION_SHAPE('','',#90001);\n"
+                  "#90005=PROPERTY_DEFINITION('geometric validation property','',#90004);\n"
+                  "#90006=PROPERTY_DEFINITION_REPRESENTATION(#90005,#90007);\n"
+                  "#90007=REPRESENTATION('',(#90008,#90009)," +
+                  geometric_context(text) +
+                  ");\n"
+                  "#90008=MEASURE_REPRESENTATION_ITEM('volume measure',VOLUME_MEASURE(5.)," +
+                  unit[1].str() + ");\n#90009=CARTESIAN_POINT('centre point',(1.,2.,3.));\n"));
+    auto const found = of_kind("validation-volume");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].weight, sdkWeight::loss);
+    EXPECT_EQ(found[0].part, "Missing");
+    EXPECT_EQ(found[0].output, 0);
+    ASSERT_EQ(of_kind("validation-centroid").size(), 1U);
+    EXPECT_NE(of_kind("validation-centroid")[0].text.formatted().find("nothing arrived"), std::string::npos);
+}
+
+TEST_F(StepValidation, OfAnInstanceIsComparedAtItsPlace)
+{
+    auto const text = written_assembly();
+    auto const statement = [&](char const * x) {
+        // The second instance of the blue box has its centroid at x = 45.
+        return "#90004=PROPERTY_DEFINITION('geometric validation property',''," + shape_of_usage(text, 2) +
+               ");\n#90006=PROPERTY_DEFINITION_REPRESENTATION(#90004,#90007);\n"
+               "#90007=REPRESENTATION('',(#90009)," +
+               geometric_context(text) + ");\n#90009=CARTESIAN_POINT('centre point',(" + x + ",5.,2.5));\n";
+    };
+    read_text(with_entities(text, statement("45.")));
+    expect_all_agree(10);
+    read_text(with_entities(text, statement("25.")));
+    ASSERT_EQ(of_kind("validation-centroid").size(), 1U);
+    EXPECT_NEAR(*of_kind("validation-centroid")[0].output, 20, 1e-6);
+}
+
+TEST_F(StepValidation, OfOtherKindsIsTold)
+{
+    auto const text = written(kit_cube(10));
+    read_text(with_entities(text, "#90001=PROPERTY_DEFINITION('assembly validation property',''," +
+                                      first(text, "PRODUCT_DEFINITION_SHAPE") +
+                                      ");\n#90002=PROPERTY_DEFINITION_REPRESENTATION(#90001,#90003);\n"
+                                      "#90003=REPRESENTATION('',(#90004)," +
+                                      geometric_context(text) +
+                                      ");\n"
+                                      "#90004=CARTESIAN_POINT('notional solids centroid',(0.,0.,0.));\n"));
+    ASSERT_EQ(findings().size(), 2U);
+    EXPECT_NE(findings()[1].text.formatted().find("1 validation properties of other kinds"),
+              std::string::npos);
+}
+
 TEST_F(StepValidation, OfASolidAreComparedWithThatSolid)
 {
     auto const two =
@@ -271,11 +424,7 @@ TEST_F(StepValidation, OfASolidAreComparedWithThatSolid)
                                   std::regex("(#[0-9]+) *= *MANIFOLD_SOLID_BREP[^#]*#[0-9]+\\);[^]*?"
                                              "(#[0-9]+) *= *MANIFOLD_SOLID_BREP")));
     auto const shape = first(text, "PRODUCT_DEFINITION_SHAPE");
-    auto const context = [&] {
-        std::smatch match;
-        EXPECT_TRUE(std::regex_search(text, match, std::regex("(#[0-9]+) *= *\\( *GEOMETRIC_REPR")));
-        return match[1].str();
-    }();
+    auto const context = geometric_context(text);
     std::smatch unit;
     ASSERT_TRUE(std::regex_search(text, unit, std::regex("(#[0-9]+) *= *DERIVED_UNIT\\(")));
     auto const stated = [&](std::string const & volume) {

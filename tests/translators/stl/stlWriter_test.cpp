@@ -2,6 +2,8 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkVisibility.h"
+#include "translators/kit/kitFault.h"
 
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
@@ -11,6 +13,7 @@
 #include <TopoDS.hxx>
 
 #include <TopoDS_Face.hxx>
+#include <TopoDS_Iterator.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -260,5 +263,62 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_FALSE(promise().holds.surfaces || promise().holds.curves || promise().holds.structure);
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
+    }
+}
+
+TEST_F(StlWriter, LeavesHiddenShapesOut)
+{
+    for (auto const * form : {"text", "binary"}) {
+        sdkDocument document;
+        sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+        auto const pair = kit_compound({kit_cube(20), kit_cube(5)});
+        auto const part = document.add_shape(pair, "Pair");
+        TopoDS_Iterator body(pair);
+        body.Next();
+        sdk_hide(document, document.shapes()->AddSubShape(part, body.Value()));
+        kit_add_assembly(document);
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(document.free_shapes().Last(), components);
+        sdk_hide(document, components.Last());
+        ASSERT_TRUE(write(document, path("hidden.stl"), {{"stlWriteForm", form}}));
+        EXPECT_FALSE(promise().hidden);
+        ASSERT_EQ(account().findings().size(), 1u);
+        EXPECT_EQ(account().findings().front().kind, "hidden");
+        EXPECT_EQ(account().findings().front().weight, sdkWeight::note);
+        EXPECT_EQ(account().findings().front().source, 3);
+        sdkDocument again;
+        ASSERT_TRUE(read(path("hidden.stl"), again));
+        EXPECT_NEAR(sdk_measure(again).volume, 8000 + 1500, 1e-3);
+    }
+}
+
+TEST_F(StlWriter, WritesNothingWhenAllIsHidden)
+{
+    sdkDocument document;
+    sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+    EXPECT_TRUE(write(document, path("nothing.stl")));
+    EXPECT_EQ(said().processed(), 0);
+    EXPECT_TRUE(said().says("all that it could hold is hidden"));
+    EXPECT_FALSE(std::filesystem::exists(path("nothing.stl")));
+}
+
+TEST_F(StlWriter, KeepsMembersThatAreMirroredOrScaled)
+{
+    struct Case {
+        char const * file;
+        int solids;
+        double volume;
+    };
+    for (auto const & one :
+         {Case{"mirror_loc.brep", 3, 15750}, Case{"scale_loc.brep", 2, 47250},
+          Case{"cyl_mirrored.brep", 1, 6283.185307}, Case{"cone_mirrored.brep", 1, 3665.191429},
+          Case{"two_boxes_loc.brep", 2, 12000}, Case{"loc_box.brep", 1, 6000}}) {
+        ASSERT_TRUE(write(kit_fault(one.file), path("fault.stl"),
+                          {{"vmrTolTriangulate3d", "0.001"}, {"stlAngularDeflection", "2"}}))
+            << one.file;
+        EXPECT_EQ(said().failed(), 0);
+        sdkDocument document;
+        ASSERT_TRUE(read(path("fault.stl"), document));
+        EXPECT_NEAR(sdk_measure(document).volume, one.volume, 1e-3 * one.volume) << one.file;
     }
 }

@@ -11,37 +11,16 @@
 
 namespace {
 
-GProp_GProps volume_of(TopoDS_Shape const & solid, double accuracy)
-{
-    GProp_GProps properties;
-    if (accuracy > 0) {
-        BRepGProp::VolumeProperties(solid, properties, accuracy);
-    } else {
-        BRepGProp::VolumeProperties(solid, properties);
-    }
-    return properties;
-}
-
-GProp_GProps area_of(TopoDS_Shape const & face, double accuracy)
-{
-    GProp_GProps properties;
-    if (accuracy > 0) {
-        BRepGProp::SurfaceProperties(face, properties, accuracy);
-    } else {
-        BRepGProp::SurfaceProperties(face, properties);
-    }
-    return properties;
-}
-
 gp_XYZ moment(GProp_GProps const & properties)
 {
     return properties.CentreOfMass().XYZ() * properties.Mass();
 }
 
-void add_faces(TopoDS_Shape const & shape, TopAbs_ShapeEnum avoided, double accuracy, sdkMassProperties & sum)
+void add_faces(TopoDS_Shape const & shape, TopAbs_ShapeEnum avoided, sdkMassProperties & sum)
 {
     for (TopExp_Explorer face(shape, TopAbs_FACE, avoided); face.More(); face.Next()) {
-        auto const properties = area_of(face.Current(), accuracy);
+        GProp_GProps properties;
+        BRepGProp::SurfaceProperties(face.Current(), properties);
         sum.area += properties.Mass();
         sum.area_moment += moment(properties);
         ++sum.faces;
@@ -85,21 +64,22 @@ void sdkMassProperties::add(sdkMassProperties const & other, gp_Trsf const & pla
     }
 }
 
-sdkMassProperties sdk_mass_properties(TopoDS_Shape const & shape, double accuracy)
+sdkMassProperties sdk_mass_properties(TopoDS_Shape const & shape)
 {
     sdkMassProperties sum;
     if (shape.IsNull()) {
         return sum;
     }
     for (TopExp_Explorer solid(shape, TopAbs_SOLID); solid.More(); solid.Next()) {
-        auto const properties = volume_of(solid.Current(), accuracy);
+        GProp_GProps properties;
+        BRepGProp::VolumeProperties(solid.Current(), properties);
         sum.volume += properties.Mass();
         sum.volume_moment += moment(properties);
         ++sum.solids;
-        add_faces(solid.Current(), TopAbs_SHAPE, accuracy, sum);
+        add_faces(solid.Current(), TopAbs_SHAPE, sum);
     }
     sum.solid_area = sum.area;
-    add_faces(shape, TopAbs_SOLID, accuracy, sum);
+    add_faces(shape, TopAbs_SOLID, sum);
     BRepBndLib::Add(shape, sum.box, Standard_False);
     return sum;
 }
@@ -125,7 +105,7 @@ sdkMassProperties sdkMassPropertiesOfLabels::of(TDF_Label const & label)
             properties.add(of(component), gp_Trsf());
         }
     } else {
-        properties = sdk_mass_properties(XCAFDoc_ShapeTool::GetShape(label), m_accuracy);
+        properties = sdk_mass_properties(XCAFDoc_ShapeTool::GetShape(label));
     }
     m_known.Bind(label, properties);
     return properties;

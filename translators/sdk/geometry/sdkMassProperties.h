@@ -34,20 +34,18 @@ struct sdkMassProperties {
     void add(sdkMassProperties const & other, gp_Trsf const & placement);
 };
 
-// With an accuracy, a relative error such as 1e-6, faces are integrated until they reach it, which can take
-// long; without one in a fixed number of steps, which is exact to about 1e-6 on most faces.
-sdkMassProperties sdk_mass_properties(TopoDS_Shape const & shape, double accuracy = 0);
+// Faces are integrated in a number of steps that their surfaces fix, exact to about 1e-6 but for rational
+// surfaces with very uneven weights. The integration of Open CASCADE that takes an accuracy is not used: on
+// those it is further off, by a multiple of the error that it gives.
+sdkMassProperties sdk_mass_properties(TopoDS_Shape const & shape);
 
 // Those of the parts and assemblies of a document. An assembly has those of what it places; each part is
 // measured once however often it is placed. What changes in the document afterwards is not seen.
 class sdkMassPropertiesOfLabels {
 public:
-    explicit sdkMassPropertiesOfLabels(double accuracy = 0) : m_accuracy(accuracy) {}
-
     // Of a part, an assembly or an instance of one of them, in the frame in which it stands.
     sdkMassProperties of(TDF_Label const & label);
 
 private:
-    double m_accuracy;
     NCollection_DataMap<TDF_Label, sdkMassProperties, TDF_LabelMapHasher> m_known;
 };

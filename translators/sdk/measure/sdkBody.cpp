@@ -27,10 +27,9 @@ char const * sdk_kind_name(sdkBodyKind kind)
 
 std::string sdk_point_text(gp_Pnt const & point)
 {
-    // What integration leaves of a zero, or its sign, tells nobody anything.
-    constexpr double nothing = 1.0e-9;
-    auto const shown = [](double coordinate) { return std::abs(coordinate) < nothing ? 0 : coordinate; };
     std::array<char, 128> text{};
+    // A millionth of a millimetre is none; adding zero takes the sign from a negative zero.
+    auto const shown = [](double number) { return std::abs(number) < 1.0e-6 ? 0.0 : number + 0.0; };
     std::snprintf(text.data(), text.size(), "(%.6g, %.6g, %.6g)", shown(point.X()), shown(point.Y()),
                   shown(point.Z()));
     return text.data();

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 TopoDS_Face facets()
@@ -44,33 +46,37 @@ TEST(MeshMeasure, OfACubeIsExact)
     for (auto const & reference : {gp_Pnt(0, 0, 0), gp_Pnt(100, -20, 7)}) {
         auto const measure = sdk_measure_mesh(facets(), reference);
         EXPECT_EQ(measure.triangles, 12);
-        EXPECT_NEAR(measure.area, 600, 1e-9);
-        EXPECT_NEAR(measure.volume, 1000, 1e-8);
-        EXPECT_LT(measure.area_centroid.Distance(gp_Pnt(5, 5, 5)), 1e-9);
-        EXPECT_LT(measure.volume_centroid.Distance(gp_Pnt(5, 5, 5)), 1e-9);
-        // Of each pair of faces of side 10 about the axis through the centre.
-        double const expected = 2 * 100 * 100 / 6.0 + 4 * (100 * 25 + 100 * 100 / 12.0);
+        auto const & integrals = measure.integrals;
+        EXPECT_NEAR(integrals.area, 600, 1e-9);
+        EXPECT_NEAR(integrals.volume, 1000, 1e-8);
+        auto const centre = gp_XYZ(5, 5, 5) - reference.XYZ();
+        EXPECT_LT((integrals.area_moment / 600 - centre).Modulus(), 1e-9);
+        EXPECT_LT((integrals.volume_moment / 1000 - centre).Modulus(), 1e-9);
+        // About the centre: two faces at the distance of 5, and four that reach from -5 to 5.
+        double const own = 2 * 100 * 25 + 4 * 100 * 100 / 12.0;
         for (int axis = 1; axis <= 3; ++axis) {
-            EXPECT_NEAR(measure.inertia.Value(axis, axis), expected, 1e-6);
+            EXPECT_NEAR(integrals.second_moment.Value(axis, axis),
+                        own + 600 * std::pow(centre.Coord(axis), 2), 1e-6);
         }
-        EXPECT_NEAR(measure.inertia.Value(1, 2), 0, 1e-6);
+        EXPECT_NEAR(integrals.second_moment.Value(1, 2), 600 * centre.X() * centre.Y(), 1e-6);
     }
 }
 
 TEST(MeshMeasure, FollowsThePlaceOfTheFace)
 {
     auto const measure = sdk_measure_mesh(TopoDS::Face(facets().Moved(shifted(50))), gp::Origin());
-    EXPECT_LT(measure.area_centroid.Distance(gp_Pnt(55, 5, 5)), 1e-9);
+    EXPECT_LT((measure.integrals.area_moment / 600 - gp_XYZ(55, 5, 5)).Modulus(), 1e-9);
     EXPECT_NEAR(measure.extent.CornerMax().X(), 60, 1e-6);
 }
 
 TEST(MeshMeasure, IsNegativeInsideOutAndPositiveInAMirror)
 {
-    EXPECT_NEAR(sdk_measure_mesh(TopoDS::Face(facets().Reversed()), gp::Origin()).volume, -1000, 1e-9);
+    EXPECT_NEAR(sdk_measure_mesh(TopoDS::Face(facets().Reversed()), gp::Origin()).integrals.volume, -1000,
+                1e-9);
     gp_Trsf mirror;
     mirror.SetMirror(gp_Ax2(gp::Origin(), gp::DX()));
     auto const mirrored = facets().Moved(TopLoc_Location(mirror), Standard_False);
-    EXPECT_NEAR(sdk_measure_mesh(TopoDS::Face(mirrored), gp::Origin()).volume, 1000, 1e-9);
+    EXPECT_NEAR(sdk_measure_mesh(TopoDS::Face(mirrored), gp::Origin()).integrals.volume, 1000, 1e-9);
 }
 
 TEST(UnmatchedEdges, AreNoneInAClosedMesh)
