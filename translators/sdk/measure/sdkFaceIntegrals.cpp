@@ -25,15 +25,50 @@ constexpr double longest_arc = std::numbers::pi / 4;
 
 using Knots = std::vector<double>;
 
-bool round_in_u(GeomAbs_SurfaceType type)
+bool is_swept(GeomAbs_SurfaceType type)
 {
-    return type == GeomAbs_Cylinder || type == GeomAbs_Cone || type == GeomAbs_Sphere ||
-           type == GeomAbs_Torus || type == GeomAbs_SurfaceOfRevolution;
+    return type == GeomAbs_SurfaceOfExtrusion || type == GeomAbs_SurfaceOfRevolution;
 }
 
-bool round_in_v(GeomAbs_SurfaceType type)
+bool is_angle(GeomAbs_CurveType type)
 {
-    return type == GeomAbs_Sphere || type == GeomAbs_Torus;
+    return type == GeomAbs_Circle || type == GeomAbs_Ellipse;
+}
+
+// Whether a parameter of the surface is an angle.
+bool round_in_u(BRepAdaptor_Surface const & surface)
+{
+    switch (surface.GetType()) {
+    case GeomAbs_Cylinder:
+    case GeomAbs_Cone:
+    case GeomAbs_Sphere:
+    case GeomAbs_Torus:
+    case GeomAbs_SurfaceOfRevolution:
+        return true;
+    case GeomAbs_SurfaceOfExtrusion:
+        return is_angle(surface.BasisCurve()->GetType());
+    case GeomAbs_OffsetSurface:
+    case GeomAbs_OtherSurface:
+        return surface.IsUPeriodic();
+    default:
+        return false;
+    }
+}
+
+bool round_in_v(BRepAdaptor_Surface const & surface)
+{
+    switch (surface.GetType()) {
+    case GeomAbs_Sphere:
+    case GeomAbs_Torus:
+        return true;
+    case GeomAbs_SurfaceOfRevolution:
+        return is_angle(surface.BasisCurve()->GetType());
+    case GeomAbs_OffsetSurface:
+    case GeomAbs_OtherSurface:
+        return surface.IsVPeriodic();
+    default:
+        return false;
+    }
 }
 
 bool smooth(GeomAbs_SurfaceType type)
@@ -71,8 +106,7 @@ Knots knots_of(Curve const & curve, double first, double last)
     Knots knots(all.begin(), all.end());
     knots.front() = first;
     knots.back() = last;
-    bool const arc = curve.GetType() == GeomAbs_Circle || curve.GetType() == GeomAbs_Ellipse;
-    return arc ? with_arcs_divided(knots) : knots;
+    return is_angle(curve.GetType()) ? with_arcs_divided(knots) : knots;
 }
 
 class Integration {
@@ -80,7 +114,8 @@ public:
     Integration(TopoDS_Face const & face, gp_Pnt const & reference)
         : m_face(TopoDS::Face(face.Oriented(TopAbs_FORWARD))), m_surface(m_face, Standard_False),
           m_reference(reference.XYZ()), m_type(m_surface.GetType()),
-          m_sign(face.Orientation() == TopAbs_REVERSED ? -1 : 1)
+          m_sign(face.Orientation() == TopAbs_REVERSED ? -1 : 1), m_round_u(round_in_u(m_surface)),
+          m_round_v(round_in_v(m_surface))
     {
         if (!smooth(m_type)) {
             TColStd_Array1OfReal u_knots(1, m_surface.NbUIntervals(GeomAbs_CN) + 1);
@@ -89,9 +124,6 @@ public:
             TColStd_Array1OfReal v_knots(1, m_surface.NbVIntervals(GeomAbs_CN) + 1);
             m_surface.VIntervals(v_knots, GeomAbs_CN);
             m_v_knots.assign(v_knots.begin(), v_knots.end());
-            if (m_type == GeomAbs_SurfaceOfRevolution) {
-                m_u_knots = with_arcs_divided(m_u_knots);
-            }
             m_u_first = m_u_knots.front();
             m_has_first = true;
         }
@@ -127,8 +159,23 @@ private:
             return (in_u ? m_surface.UDegree() : m_surface.VDegree()) + (rational ? 2 : 0);
         }
         default:
-            return 3;
+            break;
         }
+        // Along the curve that is swept.
+        if (is_swept(m_type) && in_u == (m_type == GeomAbs_SurfaceOfExtrusion)) {
+            auto const basis = m_surface.BasisCurve();
+            switch (basis->GetType()) {
+            case GeomAbs_BSplineCurve:
+            case GeomAbs_BezierCurve:
+                return basis->Degree() + (basis->IsRational() ? 2 : 0);
+            case GeomAbs_Line:
+            case GeomAbs_Circle:
+                return 3;
+            default:
+                return 5;
+            }
+        }
+        return 3;
     }
 
     // The volume moment has four times the degree of the surface in it, the area a root.
@@ -149,7 +196,7 @@ private:
             Precision::IsInfinite(knots.back())) {
             return;
         }
-        if (round_in_v(m_type)) {
+        if (m_round_v) {
             knots = with_arcs_divided(knots);
         }
         add_nodes(knots, points_of_surface(surface_degree(false)), [&](double v, double weight) {
@@ -236,8 +283,7 @@ private:
             }
         }
         std::sort(knots.begin(), knots.end());
-        bool const arcs =
-            round_in_v(m_type) || (round_in_u(m_type) && std::abs(line.Direction().X()) > 1e-12);
+        bool const arcs = m_round_v || (m_round_u && std::abs(line.Direction().X()) > 1e-12);
         return arcs ? with_arcs_divided(knots) : knots;
     }
 
@@ -289,9 +335,7 @@ private:
             return;
         }
         int const pieces =
-            round_in_u(m_type)
-                ? std::max(1, static_cast<int>(std::ceil(std::abs(length) / longest_arc - 1e-9)))
-                : 1;
+            m_round_u ? std::max(1, static_cast<int>(std::ceil(std::abs(length) / longest_arc - 1e-9))) : 1;
         auto const & rule = sdk_gauss_rule(m_u_points);
         double const half = length / pieces / 2;
         for (int piece = 0; piece < pieces; ++piece) {
@@ -330,6 +374,8 @@ private:
     gp_XYZ m_reference;
     GeomAbs_SurfaceType m_type;
     double m_sign;
+    bool m_round_u;
+    bool m_round_v;
     Knots m_u_knots; // none for surfaces that are smooth all over
     Knots m_v_knots;
     double m_u_first = 0; // where the integrals along u begin

@@ -16,7 +16,9 @@ struct sdkSurfacePoint {
 
 // Points of all faces of the document at all their places: along their edges and between them. About so many
 // for one face at most, and fewer for a plane one.
-std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face = 64);
+// `hidden` says whether those of bodies that are hidden, or that lie at hidden places, are wanted.
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, bool hidden = true,
+                                                int most_of_a_face = 64);
 
 // Distances of points from the triangles of a document, in millimetres.
 class sdkMeshDistance {

@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkMeshDistance.h"
 
 #include "measureBodies.h"
+#include "sdk/sdkVisibility.h"
 #include "translators/kit/kitParts.h"
 
 #include <BRepPrimAPI_MakeCylinder.hxx>
@@ -79,6 +80,24 @@ TEST(SurfacePoints, AreNoMoreThanAskedForOnAFace)
 {
     sdkDocument document;
     document.add_shape(kit_cube(10), "Cube");
-    EXPECT_LE(sdk_surface_points(document, 4).size(), 6U * 9U);
+    EXPECT_LE(sdk_surface_points(document, true, 4).size(), 6U * 9U);
     EXPECT_TRUE(sdk_surface_points(facets()).empty());
+}
+
+TEST(SurfacePoints, LeaveOutWhatIsHiddenWhenAsked)
+{
+    sdkDocument document;
+    auto const left = kit_cube(10);
+    auto const right = kit_cube(10).Moved(shifted(20));
+    auto const part = document.add_shape(kit_compound({left, right}), "Two");
+    auto const all = sdk_surface_points(document).size();
+    sdk_hide(document, document.shapes()->AddSubShape(part, right));
+    EXPECT_EQ(sdk_surface_points(document).size(), all);
+    EXPECT_EQ(sdk_surface_points(document, false).size(), all / 2);
+    auto const assembly = document.shapes()->NewShape();
+    auto const place = document.shapes()->AddComponent(assembly, part, TopLoc_Location());
+    document.shapes()->UpdateAssemblies();
+    EXPECT_EQ(sdk_surface_points(document, false).size(), all / 2);
+    sdk_hide(document, place);
+    EXPECT_TRUE(sdk_surface_points(document, false).empty());
 }
