@@ -47,7 +47,8 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
     promise.holds = {.structure = false,
                      .names = options.boolean("igesWriteNames"),
                      .colours = options.boolean("igesWriteColours"),
-                     .layers = options.boolean("igesWriteLayers"),
+                     .layers = false, // levels have numbers in place of the names
+                     .transparency = false,
                      .solids = solids};
     promise.ascii_names = true;
     promise.exact_curves = options.text("igesWriteCurves") == "exact";
