@@ -162,11 +162,12 @@ std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Sh
         if (!history.scaled_nothing()) {
             now = sdk_found_in(shape, now);
         }
+        bool const there = !now.IsNull() && document.shapes()->IsSubShape(part, now);
         bool const divided = !now.IsNull() && now.ShapeType() < before.ShapeType();
-        if (divided && spread(document, part, detail, before.ShapeType(), now)) {
+        if (!there && divided && spread(document, part, detail, before.ShapeType(), now)) {
             continue;
         }
-        if (now.IsNull() || !document.shapes()->IsSubShape(part, now)) {
+        if (!there) {
             forget_detail(document, detail);
             ++gone;
         } else if (!now.IsEqual(before)) {
