@@ -5,6 +5,7 @@
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkInexactSeams.h"
 #include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
@@ -70,6 +71,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     flatten(document);
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
+    sdk_divide_inexact_seams(document);
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
