@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
+#include "sdk/geometry/sdkTriangleGaps.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkVisibility.h"
@@ -76,9 +77,25 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     auto const lost = sdk_report_losses(document, m_context.promise().holds, "STL", reporter);
     reporter.failed(lost);
 
-    auto const tessellation = sdk_tessellate(document, tolerances(options), scope.Next(9));
-    if (tessellation.cancelled) {
+    auto tessellation = sdk_tessellate(document, tolerances(options), scope.Next(8));
+    auto const open = sdk_close_triangles(document, tolerances(options), scope.Next());
+    if (tessellation.cancelled || scope.UserBreak()) {
         return sdkResult::cancelled();
+    }
+    for (auto const & part : open) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "unmatched-edges",
+             .part = part.name,
+             .place = {},
+             .source = 0,
+             .output = static_cast<double>(part.unmatched_edges),
+             .text = sdkText("stl::%s: the triangles do not close; %d of their edges have no triangle on the "
+                             "other side. Repair the part or change the tolerance",
+                             part.name, part.unmatched_edges)});
+    }
+    if (tessellation.failed > 0) {
+        tessellation = sdk_count_triangles(document);
     }
     if (tessellation.failed > 0) {
         reporter.error("stl::%d faces could not be tessellated and are not in the file; repair them or "
