@@ -5,6 +5,7 @@
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
 #include "sdk/geometry/sdkLosses.h"
@@ -66,6 +67,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_losses(document);
     flatten(document);
+    sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
