@@ -1,5 +1,7 @@
 #include "host/hostEvents.h"
 
+#include "sdk/measure/sdkTotalsComparison.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
@@ -29,6 +31,43 @@ json arguments_of(sdkText const & text)
         std::visit([&](auto const & value) { arguments.push_back(value); }, argument);
     }
     return arguments;
+}
+
+template <class Count>
+std::int64_t sum_of(sdkInventory const & inventory, Count const & count)
+{
+    std::int64_t sum = 0;
+    for (auto const & body : inventory.bodies) {
+        sum += count(body.measure);
+    }
+    return sum;
+}
+
+json corners_of(Bnd_Box const & extent)
+{
+    if (extent.IsVoid()) {
+        return nullptr;
+    }
+    Bnd_Box box = extent;
+    box.SetGap(0);
+    auto const low = box.CornerMin();
+    auto const high = box.CornerMax();
+    return {low.X(), low.Y(), low.Z(), high.X(), high.Y(), high.Z()};
+}
+
+json measures_of(sdkBody const * body)
+{
+    if (!body) {
+        return nullptr;
+    }
+    auto const & measure = body->measure;
+    auto const & centroid = measure.centroid;
+    return {{"part", body->part},
+            {"volume", measure.volume},
+            {"area", measure.area},
+            {"length", measure.length},
+            {"faces", measure.faces.size()},
+            {"centroid", {centroid.X(), centroid.Y(), centroid.Z()}}};
 }
 
 char const * text_of(sdkWeight weight)
@@ -118,6 +157,42 @@ void hostEvents::finding(sdkFinding const & finding)
 void hostEvents::verdict(char const * verdict)
 {
     auto const line = line_of({{"event", "verdict"}, {"verdict", verdict}});
+    std::lock_guard const lock(m_mutex);
+    add(line);
+}
+
+void hostEvents::inventory(char side, sdkInventory const & inventory, Bnd_Box const & extent)
+{
+    auto const line =
+        line_of({{"event", "inventory"},
+                 {"side", std::string(1, side)},
+                 {"solids", inventory.count(sdkBodyKind::solid)},
+                 {"shells", sum_of(inventory, [](auto const & measure) { return measure.shells; })},
+                 {"faces", sdk_face_count(inventory)},
+                 {"meshes", inventory.count(sdkBodyKind::mesh)},
+                 {"triangles", sum_of(inventory, [](auto const & measure) { return measure.triangles; })},
+                 {"curves", inventory.count(sdkBodyKind::curve)},
+                 {"points", inventory.count(sdkBodyKind::point)},
+                 {"assemblies", inventory.assemblies},
+                 {"instances", inventory.instances},
+                 {"volume", inventory.volume()},
+                 {"area", inventory.area()},
+                 {"length", inventory.length()},
+                 {"box", corners_of(extent)}});
+    std::lock_guard const lock(m_mutex);
+    add(line);
+}
+
+void hostEvents::pair(sdkComparedBody const & pair)
+{
+    auto const & named = pair.a ? *pair.a : *pair.b;
+    json event = {{"event", "pair"},        {"part", named.part},       {"kind", sdk_kind_name(named.kind)},
+                  {"place", named.place()}, {"a", measures_of(pair.a)}, {"b", measures_of(pair.b)},
+                  {"same", pair.same}};
+    if (pair.a && pair.b) {
+        event["distance"] = pair.a->measure.centroid.Distance(pair.b->measure.centroid);
+    }
+    auto const line = line_of(event);
     std::lock_guard const lock(m_mutex);
     add(line);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/measure/sdkModelComparison.h"
 #include "sdk/sdkFinding.h"
 #include "sdk/sdkReporter.h"
 #include "sdk/sdkResult.h"
@@ -24,6 +25,10 @@ public:
     void finding(sdkFinding const & finding);
     // "verified", "differs", "losses" or "not_verified".
     void verdict(char const * verdict);
+    // For comparisons: what the file A or B holds, with its box, which may be void; and two bodies that stand
+    // for each other, or one alone.
+    void inventory(char side, sdkInventory const & inventory, Bnd_Box const & extent);
+    void pair(sdkComparedBody const & pair);
     // Where the lines go.
     int descriptor() const { return m_descriptor; }
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 using nlohmann::json;
 
@@ -21,6 +22,43 @@ void from_json(json const & value, hostFile & file)
     }
     if (auto const refused = value.find("refused"); refused != value.end()) {
         refused->get_to(file.refused);
+    }
+}
+
+void from_json(json const & value, hostComparisonJob & job)
+{
+    from_json(value.at("a"), job.a);
+    from_json(value.at("b"), job.b);
+    for (auto const & [name, number] : {std::pair{"relative", &job.relative},
+                                        {"absolute", &job.absolute},
+                                        {"deflection", &job.deflection}}) {
+        *number = value.value(name, *number);
+    }
+    job.counts_only = value.value("level", std::string("full")) == "counts";
+    for (auto const & [name, wanted] :
+         {std::pair{"names", &job.names}, {"colours", &job.colours}, {"layers", &job.layers}}) {
+        if (auto const found = value.find(name); found != value.end()) {
+            *wanted = found->get<bool>();
+        }
+    }
+}
+
+void from_json(json const & value, hostJob & job)
+{
+    job.staging = value.value("staging", std::string());
+    job.memory_limit = value.value("memory_limit", std::uint64_t{0});
+    if (auto const comparison = value.find("compare"); comparison != value.end()) {
+        from_json(*comparison, job.comparison.emplace());
+        return;
+    }
+    for (auto const & input : value.at("inputs")) {
+        from_json(input, job.inputs.emplace_back());
+    }
+    auto const & output = value.at("output");
+    from_json(output, job.output);
+    job.final_name = output.value("final", job.output.file);
+    if (auto const patience = value.find("patience"); patience != value.end()) {
+        job.least_patience = std::chrono::milliseconds(std::llround(patience->get<double>() * 1000));
     }
 }
 
@@ -51,22 +89,12 @@ hostJobState host_parse_job(std::string_view text, hostJob & job, std::string & 
             return hostJobState::invalid;
         }
         job = hostJob();
-        for (auto const & input : value.at("inputs")) {
-            from_json(input, job.inputs.emplace_back());
-        }
-        auto const & output = value.at("output");
-        from_json(output, job.output);
-        job.final_name = output.value("final", job.output.file);
-        job.staging = value.value("staging", std::string());
-        job.memory_limit = value.value("memory_limit", std::uint64_t{0});
-        if (auto const patience = value.find("patience"); patience != value.end()) {
-            job.least_patience = std::chrono::milliseconds(std::llround(patience->get<double>() * 1000));
-        }
+        from_json(value, job);
     } catch (json::exception const & failure) {
         problem = failure.what();
         return hostJobState::invalid;
     }
-    if (job.inputs.empty()) {
+    if (job.inputs.empty() && !job.comparison) {
         problem = "the job has no inputs";
         return hostJobState::invalid;
     }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +18,24 @@ struct hostFile {
     std::map<std::string, std::string> refused;
 };
 
-// The translation that the engine asks for.
+// Two files that are to be held against each other.
+struct hostComparisonJob {
+    hostFile a;
+    hostFile b;
+    double relative = 1.0e-6; // of volumes, areas and lengths
+    double absolute = 1.0e-4; // of places, in millimetres
+    double deflection = 0.1;  // of triangles from surfaces, in millimetres
+    bool counts_only = false;
+    // What is absent is compared where both files have it.
+    std::optional<bool> names;
+    std::optional<bool> colours;
+    std::optional<bool> layers;
+};
+
+// The translation, or the comparison, that the engine asks for.
 struct hostJob {
+    // With a comparison there are neither inputs nor an output.
+    std::optional<hostComparisonJob> comparison;
     std::vector<hostFile> inputs;
     hostFile output;
     // The name under which the user knows the output.

@@ -1,14 +1,14 @@
 #include "host/hostTranslation.h"
 
+#include "host/hostGuard.h"
 #include "host/hostMemory.h"
 #include "host/hostMerge.h"
 #include "host/hostModule.h"
 #include "host/hostProgress.h"
+#include "host/hostReading.h"
 #include "sdk/sdkFiles.h"
 
 #include <Message_ProgressScope.hxx>
-#include <Standard_Failure.hxx>
-#include <Standard_OutOfMemory.hxx>
 
 #include <filesystem>
 #include <optional>
@@ -16,8 +16,7 @@
 namespace {
 
 // Shares of the whole, from translations between B-rep formats.
-constexpr double parse_share = 30;
-constexpr double read_transfer_share = 30;
+constexpr double read_share = 60;
 constexpr double write_transfer_share = 30;
 constexpr double write_share = 10;
 constexpr double verification_share = 25;
@@ -33,32 +32,13 @@ hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
 
 sdkResult hostTranslation::run()
 {
-    auto const failed = [this](std::string const & reason) {
-        sdkText const text = m_writing ? sdkText("host::%s could not be written: %s", m_file, reason)
-                                       : sdkText("host::%s could not be read: %s", m_file, reason);
-        return m_writing ? sdkResult::write_error(text) : sdkResult::read_error(text);
-    };
-    auto const out_of_memory = [this] {
-        return sdkResult::too_big(sdkText(
-            "host::The memory allowed does not suffice for %s; raise the limit or translate less at once",
-            m_file));
-    };
-    auto result = [&] {
-        try {
-            return translate();
-        } catch (std::bad_alloc const &) {
-            return out_of_memory();
-        } catch (Standard_OutOfMemory const &) {
-            return out_of_memory();
-        } catch (Standard_Failure const & failure) {
-            return failed(std::string(failure.DynamicType()->Name()) + " " + failure.GetMessageString());
-        } catch (std::exception const & failure) {
-            return failed(failure.what());
-        }
-    }();
+    auto result = host_guard([this] { return translate(); },
+                             [this] {
+                                 return hostSubject{m_file, m_writing};
+                             });
     bool const complete = result && m_reporter.failed() == 0;
     if (!complete && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
-        result = out_of_memory();
+        result = host_out_of_memory(m_file);
     }
     if (!result && m_output_begun) {
         std::error_code ignored;
@@ -71,10 +51,9 @@ sdkResult hostTranslation::translate()
 {
     Handle(hostProgress) const progress = new hostProgress(m_events, m_cancelled);
     auto const inputs = static_cast<double>(m_job.inputs.size());
-    constexpr double reading = parse_share + read_transfer_share;
     double const writing =
         write_transfer_share + write_share + (m_verification.wanted() ? verification_share : 0);
-    Message_ProgressScope scope(progress->Start(), nullptr, reading + writing);
+    Message_ProgressScope scope(progress->Start(), nullptr, read_share + writing);
 
     sdkDocument document;
     std::optional<hostMerge> merge;
@@ -83,7 +62,7 @@ sdkResult hostTranslation::translate()
     }
     for (auto const & input : m_job.inputs) {
         auto const before = document.free_shapes();
-        if (auto result = read(input, document, scope.Next(reading / inputs)); !result) {
+        if (auto result = read(input, document, scope.Next(read_share / inputs)); !result) {
             return result;
         }
         if (merge) {
@@ -111,24 +90,9 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
 {
     m_file = input.file;
     m_events.file(input.file, "reading");
-    Message_ProgressScope scope(range, nullptr, parse_share + read_transfer_share);
-
-    sdkText failure;
-    auto const module = hostModule::load(input.module, input.format, true, failure);
-    if (!module) {
-        return sdkResult::read_error(failure);
-    }
-    std::vector<sdkText> problems;
-    sdkOptions const options(module->resources(), input.options, problems, input.refused);
-    tell(problems);
-    sdkContext context(options, m_reporter, input.file);
-    context.account().want(m_verification.wanted());
-    auto const reader = module->make_reader(context);
-    if (auto result = reader->parse(input.file, scope.Next(parse_share)); !result) {
-        return result;
-    }
-    auto result = reader->transfer(document, scope.Next(read_transfer_share));
-    m_findings.tell(context.account().findings());
+    hostReading reading(input, m_reporter, m_verification.wanted());
+    auto result = reading.read(document, range, [this](auto const & problems) { tell(problems); });
+    m_findings.tell(reading.findings());
     return result;
 }
 
@@ -157,6 +121,7 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     }
     // Nothing was converted: the writer has said why, and an empty file helps nobody.
     if (m_reporter.processed() == 0) {
+        m_findings.tell(context.account().findings());
         return sdkResult::completed();
     }
     m_output_begun = true;

@@ -1,4 +1,5 @@
 #include "host/hostChannel.h"
+#include "host/hostComparison.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 
@@ -62,10 +63,16 @@ int main(int argc, char ** argv)
     host_limit_memory(job.memory_limit);
     quieten_toolkit();
 
-    hostTranslation translation(job, events, channel.cancelled());
-    auto const result = translation.run();
-    if (!result.text().empty()) {
-        events.message(sdkStream::error, result.text());
+    auto const end = [&](auto && work) {
+        auto const result = work.run();
+        if (!result.text().empty()) {
+            events.message(sdkStream::error, result.text());
+        }
+        channel.finish(result.status(), work.reporter().processed(), work.reporter().failed());
+    };
+    if (job.comparison) {
+        end(hostComparison(job, events, channel.cancelled()));
+    } else {
+        end(hostTranslation(job, events, channel.cancelled()));
     }
-    channel.finish(result.status(), translation.reporter().processed(), translation.reporter().failed());
 }

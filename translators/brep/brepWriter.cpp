@@ -10,6 +10,7 @@
 #include "sdk/geometry/sdkScale.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkVisibility.h"
 
 #include <BRepTools.hxx>
 #include <BinTools.hxx>
@@ -44,6 +45,7 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
     sdk_report_losses(document, m_context.promise().holds, "BREP", reporter);
+    note_hidden(document);
     if (auto result = make_facets(document, scope.Next(4)); !result) {
         return result;
     }
@@ -67,6 +69,22 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     reporter.processed(count.entities());
     scope.Next();
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
+}
+
+void brepWriter::note_hidden(sdkDocument const & document)
+{
+    int const hidden = sdk_hidden_labels(document).Length();
+    if (hidden > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::note,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .output = 0,
+             .text = sdkText("brep::BREP files hide nothing: %d hidden shapes are visible in %s", hidden,
+                             m_context.file())});
+    }
 }
 
 sdkResult brepWriter::make_facets(sdkDocument & document, Message_ProgressRange const & range)

@@ -15,6 +15,7 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void note_hidden(sdkDocument const & document);
     sdkResult make_facets(sdkDocument & document, Message_ProgressRange const & range);
     void tell_of_meshes(sdkDocument const & document, std::string_view key, std::string const & option);
     sdkResult make_polylines(sdkDocument & document, Message_ProgressRange const & range);

@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/geometry/sdkTessellation.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
 #include <TopExp_Explorer.hxx>
@@ -276,6 +277,22 @@ TEST_F(BrepWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
     EXPECT_FALSE(promise().exact_curves);
     EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
     EXPECT_FALSE(promise().checked);
+}
+
+TEST_F(BrepWriter, SaysThatHiddenShapesAreVisible)
+{
+    sdkDocument document;
+    sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+    document.add_shape(kit_cube(20), "Seen");
+    ASSERT_TRUE(write(document, path("hidden.brep")));
+    ASSERT_EQ(account().findings().size(), 1u);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.kind, "hidden");
+    EXPECT_EQ(finding.weight, sdkWeight::note);
+    EXPECT_TRUE(contains(finding.text.formatted(), "1 hidden shapes are visible"));
+    sdkDocument again;
+    ASSERT_TRUE(read(path("hidden.brep"), again));
+    EXPECT_NEAR(sdk_measure(again).volume, 9000, 1e-6);
 }
 
 TEST_F(BrepWriter, KeepsMembersThatAreMirroredOrScaled)

@@ -1,5 +1,9 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 
+#include "sdk/exchange/sdkOffsetCurves.h"
+#include "sdk/exchange/sdkRepairCheck.h"
+#include "sdk/exchange/sdkUnbounded.h"
+#include "sdk/exchange/sdkZeroEdges.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
@@ -38,7 +42,12 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     bool const had_something = !document.empty();
     sdk_make_places_rigid(document);
     sdk_filter_by_options(document, document.parts(), m_context);
+    // IGES has an entity for a plane without end.
+    auto const endless = sdk_drop_unbounded(document, m_format, m_format == "IGES", m_context);
     m_count = document.count_entities();
+    if (m_count.entities() == 0 && endless > 0) {
+        return sdkResult::completed();
+    }
     if (m_count.entities() == 0) {
         auto const kinds = sdk_entity_kinds(m_context.options());
         sdk_report_nothing(m_context, had_something && !(kinds.wireframe && kinds.surfaces));
@@ -51,6 +60,10 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     }
     if (m_count.curves > 0 && m_context.options().text(m_prefix + "WriteCurves") == "polyline") {
         make_polylines(document, scope.Next());
+    }
+    sdk_convert_offset_curves(document);
+    if (auto const edges = sdk_drop_zero_edges(document); edges > 0) {
+        m_context.reporter().output("exchange::%d edges without length were left out", edges);
     }
     tighten_edges(document, scope.Next());
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
@@ -96,6 +109,9 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
     sdkHealingOptions healing;
     healing.max_tolerance = m_context.options().real("vmrTolCurveOnSurface3d");
     healing.precision = std::min(healing.precision, healing.max_tolerance);
+    healing.keep = [](TopoDS_Shape const & before, TopoDS_Shape const & after) {
+        return sdk_no_worse(before, after);
+    };
     TDF_LabelSequence loose;
     for (auto const & part : document.parts()) {
         if (has_loose_edge(XCAFDoc_ShapeTool::GetShape(part), healing.max_tolerance)) {
@@ -110,5 +126,10 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
                                 "were repaired; %d such edges "
                                 "are left",
                                 loose.Length(), healing.max_tolerance, counts.loose_edges);
+    if (counts.taken_back > 0) {
+        m_context.reporter().output("exchange::%d repairs were taken back because edges, volume or area were "
+                                    "farther off afterwards",
+                                    counts.taken_back);
+    }
     m_count = document.count_entities();
 }

@@ -8,11 +8,8 @@
 
 namespace {
 
-std::string as_written(std::string const & name, sdkPromise const & promise)
+std::string in_ascii(std::string const & name)
 {
-    if (!promise.ascii_names) {
-        return name;
-    }
     std::string ascii;
     for (unsigned char const byte : name) {
         // One underscore for each character, however many bytes it has.
@@ -25,12 +22,9 @@ std::string as_written(std::string const & name, sdkPromise const & promise)
     return ascii;
 }
 
-// Of a colour by name: how much of the body has it.
-std::string main_colour(std::map<std::string, double> const & colours)
+std::string as_written(std::string const & name, sdkPromise const & promise)
 {
-    auto const largest = std::max_element(colours.begin(), colours.end(),
-                                          [](auto const & a, auto const & b) { return a.second < b.second; });
-    return largest == colours.end() ? std::string() : largest->first;
+    return promise.ascii_names ? in_ascii(name) : name;
 }
 
 bool near_colour(std::string const & a, std::string const & b)
@@ -47,9 +41,28 @@ bool near_colour(std::string const & a, std::string const & b)
     return true;
 }
 
-// Each colour of the source has about the same share in the output. What has no colour in the source may get
-// the one that a format gives everything.
-bool same_colours(std::map<std::string, double> const & source, std::map<std::string, double> const & output)
+std::string shown(std::string const & colour)
+{
+    // The last two digits are of interest only where something shines through.
+    return colour.size() == 9 && colour.ends_with("ff") ? colour.substr(0, 7) : colour;
+}
+
+} // namespace
+
+bool sdk_same_name(std::string const & a, std::string const & b)
+{
+    return a == b || in_ascii(a) == b || a == in_ascii(b);
+}
+
+std::string sdk_main_colour(std::map<std::string, double> const & colours)
+{
+    auto const largest = std::max_element(colours.begin(), colours.end(),
+                                          [](auto const & a, auto const & b) { return a.second < b.second; });
+    return largest == colours.end() ? std::string() : largest->first;
+}
+
+bool sdk_same_colours(std::map<std::string, double> const & source,
+                      std::map<std::string, double> const & output)
 {
     for (auto const & [colour, share] : source) {
         double found = 0;
@@ -62,14 +75,6 @@ bool same_colours(std::map<std::string, double> const & source, std::map<std::st
     }
     return true;
 }
-
-std::string shown(std::string const & colour)
-{
-    // The last two digits are of interest only where something shines through.
-    return colour.size() == 9 && colour.ends_with("ff") ? colour.substr(0, 7) : colour;
-}
-
-} // namespace
 
 void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkPromise const & promise,
                             std::vector<sdkFinding> & findings)
@@ -84,14 +89,15 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
     }
-    if (holds.colours && !same_colours(source.colours, output.colours)) {
-        auto const found = main_colour(output.colours);
+    if (holds.colours && !sdk_same_colours(source.colours, output.colours)) {
+        auto const found = sdk_main_colour(output.colours);
         add("colour",
             found.empty()
                 ? sdkText("measure::%s at %s has the colour %s in the source and none in the output",
-                          source.title(), source.place(), shown(main_colour(source.colours)))
+                          source.title(), source.place(), shown(sdk_main_colour(source.colours)))
                 : sdkText("measure::%s at %s has the colour %s in the source and %s in the output",
-                          source.title(), source.place(), shown(main_colour(source.colours)), shown(found)));
+                          source.title(), source.place(), shown(sdk_main_colour(source.colours)),
+                          shown(found)));
     }
     if (holds.layers && !source.layers.empty() &&
         !std::includes(output.layers.begin(), output.layers.end(), source.layers.begin(),

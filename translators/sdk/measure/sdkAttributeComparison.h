@@ -4,7 +4,21 @@
 #include "sdk/sdkFinding.h"
 #include "sdk/sdkPromise.h"
 
+#include <map>
+#include <string>
 #include <vector>
+
+// True when the names are equal, or one of them is the other as a format writes it that has ASCII only: with
+// an underscore for each other character.
+bool sdk_same_name(std::string const & a, std::string const & b);
+
+// The colour that most of a body has; empty when it has none.
+std::string sdk_main_colour(std::map<std::string, double> const & colours);
+
+// True when each colour of the source has about the same share in the output. What has no colour in the
+// source may get the one that a format gives everything.
+bool sdk_same_colours(std::map<std::string, double> const & source,
+                      std::map<std::string, double> const & output);
 
 // Names, colours, layers and visibility of one body and its counterpart, as far as the output holds them.
 void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkPromise const & promise,

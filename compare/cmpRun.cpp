@@ -1,0 +1,109 @@
+#include "compare/cmpRun.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include "compare/cmpHostTalk.h"
+#include "compare/cmpInstallation.h"
+#include "compare/cmpJob.h"
+#include "compare/cmpTexts.h"
+#include "s2s/s2sHostLink.h"
+#include "s2s/s2sHostProcess.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds time_to_stop(300);
+constexpr milliseconds time_to_leave(1000);
+
+/// Signals to end the program, as a descriptor. They stay blocked to the end.
+class EndSignals {
+public:
+    EndSignals()
+    {
+        sigset_t set;
+        sigemptyset(&set);
+        for (int const signal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&set, signal);
+        pthread_sigmask(SIG_BLOCK, &set, nullptr);
+        m_descriptor = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
+    }
+    ~EndSignals()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+    EndSignals(EndSignals const &) = delete;
+    EndSignals & operator=(EndSignals const &) = delete;
+
+    int descriptor() const { return m_descriptor; }
+    bool came() const
+    {
+        signalfd_siginfo info{};
+        return m_descriptor >= 0 && read(m_descriptor, &info, sizeof info) == sizeof info;
+    }
+
+private:
+    int m_descriptor = -1;
+};
+
+/// True when the user has ended it.
+bool listen(s2sHostProcess & process, s2sHostLink & link, cmpHostTalk & talk)
+{
+    EndSignals const signals;
+    s2sHostLink * const links[] = {&link};
+    while (!talk.end() && (!link.closed() || link.has_line())) {
+        if (!link.has_line())
+            s2s_wait_for(links, signals.descriptor(), std::nullopt);
+        if (signals.came()) {
+            link.send(R"({"command":"cancel"})");
+            s2s_wait_for(links, -1, time_to_stop);
+            process.kill();
+            return true;
+        }
+        if (auto const line = link.next_line())
+            talk.take(*line);
+    }
+    return false;
+}
+
+void judge(cmpReport & report, cmpHostTalk const & talk, s2sHostExit const & exit, cmpTexts const & texts)
+{
+    if (!talk.end())
+        report.problem = texts(s2sMessages::host_died(exit.text(), false, talk.file()));
+    else if (talk.end()->status != s2sThreadCompleted || !report.compared())
+        report.problem = talk.error();
+    if (!talk.end() || talk.end()->status != s2sThreadCompleted)
+        report.verdict = sdbVerdictNone;
+}
+
+} // namespace
+
+cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & installation,
+                      cmpTexts const & texts)
+{
+    cmpReport report;
+    auto const job = cmp_make_job(options, installation, texts, report);
+    if (!job)
+        return report;
+    s2sHostProcess process;
+    if (int const error = process.start(installation.host_program())) {
+        report.problem =
+            texts(s2sMessages::host_not_started(installation.host_program(), std::strerror(error)));
+        return report;
+    }
+    s2sHostLink link(process.descriptor());
+    link.send(*job);
+    cmpHostTalk talk(report, texts);
+    if (listen(process, link, talk)) {
+        report.verdict = sdbVerdictNone;
+        report.problem = texts("compare::The comparison was ended");
+        return report;
+    }
+    judge(report, talk, process.wait(time_to_leave), texts);
+    return report;
+}

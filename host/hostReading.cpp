@@ -1,0 +1,37 @@
+#include "host/hostReading.h"
+
+#include "host/hostModule.h"
+
+#include <Message_ProgressScope.hxx>
+
+#include <algorithm>
+
+sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const & range,
+                            std::function<void(std::vector<sdkText> const &)> const & tell)
+{
+    // Parsing takes about as long as making shapes.
+    Message_ProgressScope scope(range, nullptr, 2);
+    sdkText failure;
+    auto const module = hostModule::load(m_input.module, m_input.format, true, failure);
+    if (!module) {
+        return sdkResult::read_error(failure);
+    }
+    std::vector<sdkText> problems;
+    sdkOptions const options(module->resources(), m_input.options, problems, m_input.refused);
+    tell(problems);
+    sdkContext context(options, m_reporter, m_input.file);
+    context.account().want(m_account);
+    auto const failed = m_reporter.failed();
+    auto const reader = module->make_reader(context);
+    if (auto result = reader->parse(m_input.file, scope.Next()); !result) {
+        return result;
+    }
+    auto result = reader->transfer(document, scope.Next());
+    m_findings = context.account().findings();
+    auto const losses = std::count_if(m_findings.begin(), m_findings.end(), [](sdkFinding const & finding) {
+        return finding.weight == sdkWeight::loss;
+    });
+    // Modules that keep no account only count.
+    m_lost = context.account().kept() ? losses : std::max<std::int64_t>(losses, m_reporter.failed() - failed);
+    return result;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/hostJob.h"
+#include "sdk/sdkDocument.h"
+#include "sdk/sdkFinding.h"
+#include "sdk/sdkReporter.h"
+#include "sdk/sdkResult.h"
+#include "sdk/sdkText.h"
+
+#include <Message_ProgressRange.hxx>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+// Reads one file into a document with the module of its format.
+class hostReading {
+public:
+    // `account` is true when somebody will look at what the reader finds out about its file.
+    hostReading(hostFile const & input, sdkReporter & reporter, bool account)
+        : m_input(input), m_reporter(reporter), m_account(account)
+    {
+    }
+
+    // `tell` gets what is wrong with the options, before anything is read.
+    sdkResult read(sdkDocument & document, Message_ProgressRange const & range,
+                   std::function<void(std::vector<sdkText> const &)> const & tell);
+
+    // What the reader has found out, once it has come as far as making shapes.
+    std::vector<sdkFinding> const & findings() const { return m_findings; }
+    // How many things of the file gave no shape.
+    std::int64_t lost() const { return m_lost; }
+
+private:
+    hostFile const & m_input;
+    sdkReporter & m_reporter;
+    bool m_account;
+    std::vector<sdkFinding> m_findings;
+    std::int64_t m_lost = 0;
+};
