@@ -121,6 +121,7 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     }
     // Nothing was converted: the writer has said why, and an empty file helps nobody.
     if (m_reporter.processed() == 0) {
+        m_findings.tell(context.account().findings());
         return sdkResult::completed();
     }
     m_output_begun = true;

@@ -3,6 +3,7 @@
 #include "host/hostModule.h"
 #include "sdk/measure/sdkComparison.h"
 #include "sdk/measure/sdkMeshComparison.h"
+#include "sdk/measure/sdkSourceFaults.h"
 
 #include <Message_ProgressScope.hxx>
 #include <Standard_Failure.hxx>
@@ -84,11 +85,16 @@ void hostWitnessWork::run()
         m_source = sdk_take_inventory(
             m_document,
             {.level = m_evidence.level, .surfaces = m_evidence.surfaces, .wireframe = m_evidence.wireframe});
+        // While the writer works: most of the time that this takes costs nobody anything.
+        if (m_evidence.level == sdkMeasureLevel::full) {
+            m_faults = sdk_source_faults(m_document);
+        }
         auto const line = read_line();
         if (line.empty()) {
             return;
         }
         testimony = testify(host_read_question(line));
+        testimony.findings.insert(testimony.findings.begin(), m_faults.begin(), m_faults.end());
     } catch (Standard_Failure const & failure) {
         testimony.reason =
             sdkText("host::Measuring source and output failed: %s", failure.GetMessageString());

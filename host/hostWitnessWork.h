@@ -29,5 +29,6 @@ private:
     int m_question;
     int m_answer;
     sdkInventory m_source;
+    std::vector<sdkFinding> m_faults; // of the source itself
     Handle(Message_ProgressIndicator) m_progress;
 };

@@ -176,6 +176,20 @@ TEST_F(HostComparison, GivesNoVerdictOnWhatWasNotReadWhole)
     EXPECT_EQ(verdict(run(partly, brep("a.brep", kit_cube(10)))), "differs");
 }
 
+TEST_F(HostComparison, DoesNotCompareAnnotation)
+{
+    auto text = kit_read_file(kit_fault_file("csg_block.step"));
+    text.insert(text.find("DATA;") + 5, "\n#90001=SHAPE_ASPECT('','',#90002,.F.);\n"
+                                        "#90002=PRODUCT_DEFINITION_SHAPE('','',$);\n"
+                                        "#90003=DIMENSIONAL_SIZE(#90001,'diameter');\n");
+    auto const file = side(folder.write("a.step", text), std::string(TRANSLATORS) + "/step.so", "STEP");
+    auto const events = run(file, file);
+    EXPECT_EQ(verdict(events), "verified");
+    auto const findings = of_kind(events, "finding");
+    ASSERT_FALSE(findings.empty()) << "but it is told";
+    EXPECT_EQ(findings[0]["kind"], "annotation");
+}
+
 TEST_F(HostComparison, GivesNoVerdictOnNothing)
 {
     auto const nothing = brep("a.brep", kit_compound({}));

@@ -4,6 +4,10 @@
 #include "kit/kitTempFolder.h"
 #include "translators/kit/kitParts.h"
 
+#include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -122,4 +126,32 @@ TEST(HostWitness, HasSeenTheDocumentAsItWasBeforeItWasChanged)
     ASSERT_FALSE(testimony.findings.empty());
     EXPECT_EQ(testimony.findings[0].kind, "missing-solid");
     EXPECT_EQ(testimony.findings[0].part, "Cube");
+}
+
+TEST(HostWitness, NamesFaultsOfTheSourceItself)
+{
+    sdkDocument document;
+    auto const cube = kit_cube(10);
+    TopoDS_Shell shell;
+    TopoDS_Solid solid;
+    BRep_Builder builder;
+    builder.MakeShell(shell);
+    builder.Add(shell, TopExp_Explorer(cube, TopAbs_FACE).Current());
+    builder.MakeSolid(solid);
+    builder.Add(solid, shell);
+    document.add_shape(solid, "Lid");
+    std::atomic<bool> const cancelled = false;
+    for (auto const level : {sdkMeasureLevel::full, sdkMeasureLevel::counts}) {
+        hostWitness witness(document, {.module = LIES_MODULE, .format = "LIE", .level = level}, {});
+        auto const testimony = witness.ask({.written = "/no/such/file.lie", .promise = {}},
+                                           std::chrono::milliseconds(patience), cancelled, [](int) {});
+        EXPECT_FALSE(testimony.read_back);
+        if (level == sdkMeasureLevel::counts) {
+            EXPECT_TRUE(testimony.findings.empty());
+            continue;
+        }
+        ASSERT_EQ(testimony.findings.size(), 1u);
+        EXPECT_EQ(testimony.findings.front().kind, "source-invalid");
+        EXPECT_EQ(testimony.findings.front().part, "Lid");
+    }
 }

@@ -15,6 +15,8 @@
 #include <Standard_Failure.hxx>
 #include <Standard_OutOfMemory.hxx>
 #include <TDF_LabelMap.hxx>
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <boost/iostreams/device/array.hpp>
 #include <boost/iostreams/stream.hpp>
 
@@ -95,6 +97,7 @@ sdkResult brepReader::transfer(sdkDocument & document, Message_ProgressRange con
     auto & reporter = m_context.reporter();
     auto const & options = m_context.options();
     auto const & unit = *sdk_length_unit(options.text("brepReadUnit"));
+    keep_account();
     sdkEntityCount dropped;
     auto const kept = sdk_filter_shape(m_shape, sdk_entity_kinds(options), dropped);
     m_shape.Nullify();
@@ -134,6 +137,20 @@ sdkResult brepReader::transfer(sdkDocument & document, Message_ProgressRange con
         }
     }
     return options.boolean("brepReadHealing") ? heal(document, parts, scope.Next(8)) : sdkResult::completed();
+}
+
+void brepReader::keep_account()
+{
+    auto & account = m_context.account();
+    auto const count = sdk_count_entities(m_shape);
+    TopTools_IndexedMapOfShape shells;
+    TopExp::MapShapes(m_shape, TopAbs_SHELL, shells);
+    account.holds(sdkSourceKind::root);
+    account.holds(sdkSourceKind::solid, count.solids);
+    account.holds(sdkSourceKind::shell, shells.Extent());
+    account.holds(sdkSourceKind::face, count.faces);
+    account.holds(sdkSourceKind::curve, count.curves);
+    account.holds(sdkSourceKind::point, count.points);
 }
 
 sdkResult brepReader::heal(sdkDocument & document, TDF_LabelSequence const & parts,

@@ -13,6 +13,7 @@ public:
     sdkResult transfer(sdkDocument & document, Message_ProgressRange const & range) override;
 
 private:
+    void keep_account();
     sdkResult heal(sdkDocument & document, TDF_LabelSequence const & parts,
                    Message_ProgressRange const & range);
 

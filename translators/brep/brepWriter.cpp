@@ -10,6 +10,7 @@
 #include "sdk/geometry/sdkScale.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkVisibility.h"
 
 #include <BRepTools.hxx>
 #include <BinTools.hxx>
@@ -44,6 +45,7 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
     sdk_report_losses(document, m_context.promise().holds, "BREP", reporter);
+    note_hidden(document);
     if (auto result = make_facets(document, scope.Next(4)); !result) {
         return result;
     }
@@ -69,19 +71,45 @@ sdkResult brepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
+void brepWriter::note_hidden(sdkDocument const & document)
+{
+    int const hidden = sdk_hidden_labels(document).Length();
+    if (hidden > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::note,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .output = 0,
+             .text = sdkText("brep::BREP files hide nothing: %d hidden shapes are visible in %s", hidden,
+                             m_context.file())});
+    }
+}
+
 sdkResult brepWriter::make_facets(sdkDocument & document, Message_ProgressRange const & range)
 {
     auto const & options = m_context.options();
     auto const & wanted = options.text("brepWriteFacets");
     if (wanted == "mesh") {
+        tell_of_meshes(document,
+                       "brep::%s: %d triangles have no surfaces and make no solid; set the option "
+                       "%s to merged for solids",
+                       "brepWriteFacets");
         return sdkResult::completed();
     }
     sdkFacetOptions facets;
     facets.merge_coplanar = wanted == "merged";
-    facets.max_facets = options.integer("brepWriteMaxFacets");
+    facets.max_option = "brepWriteMaxFacets";
+    facets.max_facets = options.integer(facets.max_option);
     auto const counts = sdk_make_facets(document, facets, range);
     if (!counts.refusal.empty()) {
-        return sdkResult::write_error(counts.refusal);
+        // The format can hold them as they are.
+        tell_of_meshes(document,
+                       "brep::%s: %d triangles stay without surfaces and make no solid, because "
+                       "there are more of them than the option %s allows; raise it for solids",
+                       facets.max_option);
+        return sdkResult::completed();
     }
     if (counts.triangles > 0) {
         m_context.reporter().output(
@@ -89,6 +117,22 @@ sdkResult brepWriter::make_facets(sdkDocument & document, Message_ProgressRange 
             counts.faces, counts.solids, counts.shells);
     }
     return counts.cancelled ? sdkResult::cancelled() : sdkResult::completed();
+}
+
+// One finding for each part that is a mesh; `key` says name, triangles and option.
+void brepWriter::tell_of_meshes(sdkDocument const & document, std::string_view key,
+                                std::string const & option)
+{
+    for (auto const & part : sdk_facet_parts(document)) {
+        auto const triangles = static_cast<double>(part.triangles);
+        m_context.account().add({.weight = sdkWeight::note,
+                                 .kind = "facets-only",
+                                 .part = part.name,
+                                 .place = {},
+                                 .source = triangles,
+                                 .output = triangles,
+                                 .text = sdkText(key, part.name, part.triangles, option)});
+    }
 }
 
 sdkResult brepWriter::make_polylines(sdkDocument & document, Message_ProgressRange const & range)

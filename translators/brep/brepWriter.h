@@ -4,6 +4,8 @@
 
 #include <TopoDS_Shape.hxx>
 
+#include <string_view>
+
 // Writes boundary representation files of Open CASCADE, text and binary, of one shape that has all there is.
 class brepWriter : public sdkWriter {
 public:
@@ -13,7 +15,9 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void note_hidden(sdkDocument const & document);
     sdkResult make_facets(sdkDocument & document, Message_ProgressRange const & range);
+    void tell_of_meshes(sdkDocument const & document, std::string_view key, std::string const & option);
     sdkResult make_polylines(sdkDocument & document, Message_ProgressRange const & range);
     sdkResult tessellate(double millimetres_per_unit, Message_ProgressRange const & range);
 

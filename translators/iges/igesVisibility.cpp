@@ -25,10 +25,13 @@ using Entity = Handle(IGESData_IGESEntity);
 // The label of a shape: of a free shape, or within one, where it gets a label if it has none.
 TDF_Label label_of(TopoDS_Shape const & shape, sdkDocument & document)
 {
-    TDF_Label label;
-    if (document.shapes()->Search(shape, label)) {
-        return label;
+    // A search would find the definition of an instance rather than the instance.
+    for (auto const & one : document.free_shapes()) {
+        if (XCAFDoc_ShapeTool::GetShape(one).IsEqual(shape)) {
+            return one;
+        }
     }
+    TDF_Label label;
     for (auto const & part : document.parts()) {
         if (document.shapes()->AddSubShape(part, shape, label)) {
             return label;

@@ -5,12 +5,14 @@
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkStated.h"
 
@@ -65,6 +67,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_losses(document);
     flatten(document);
+    sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
@@ -95,6 +98,11 @@ void igesWriter::report_losses(sdkDocument & document)
                 "iges::IGES files hold ASCII names only: %d names have underscores for other characters",
                 names);
         }
+    }
+    if (auto const materials = sdk_count_materials(document); materials > 0) {
+        m_context.reporter().output(
+            "geometry::%s files hold no materials: the materials or densities of %d parts are lost", "IGES",
+            materials);
     }
     if (auto const stated = sdk_stated(document); stated > 0) {
         reporter.output("geometry::%s files hold no validation properties: the volumes, areas and centroids "

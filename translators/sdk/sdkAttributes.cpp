@@ -1,5 +1,6 @@
 #include "sdk/sdkAttributes.h"
 
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkVisibility.h"
 
 void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Label const & to)
@@ -12,6 +13,9 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
         if (!document.colours()->IsSet(to, type) && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
             document.colours()->SetColor(to, colour, type);
         }
+    }
+    if (sdk_material(to).IsNull()) {
+        sdk_set_material(document, to, sdk_material(from));
     }
     if (sdk_hidden(document, from)) {
         sdk_hide(document, to);

@@ -4,14 +4,17 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
+#include "step/stepCopiedStyles.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
+#include "step/stepMaterials.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
@@ -137,6 +140,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
+    auto const materials_before = sdk_count_materials(document);
     int const hidden_before = sdk_hidden_labels(document).Length();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
@@ -148,12 +152,14 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return sdkResult::cancelled();
     }
     take_inventory();
+    step_style_copies(m_reader->Reader().WS(), m_copies, document, options);
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
     }
     step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
+    report_materials(sdk_count_materials(document) - materials_before);
     read_visibility(document, hidden_before);
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
@@ -184,6 +190,7 @@ void stepReader::build_missing()
         mappings.build(Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number)));
     }
     actor->ResetUnits();
+    m_copies = mappings.copies();
 }
 
 void stepReader::take_inventory()
@@ -199,6 +206,23 @@ void stepReader::take_inventory()
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
         return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
     });
+}
+
+void stepReader::report_materials(std::int64_t arrived) const
+{
+    auto const stated = step_count_materials(m_reader->Reader().Model());
+    if (stated > arrived) {
+        m_context.account().add(
+            {.weight = sdkWeight::loss,
+             .kind = "material",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(stated),
+             .output = static_cast<double>(arrived),
+             .text = sdkText("step::%s states materials or densities of %d products; those of %d are not "
+                             "translated",
+                             m_context.file(), stated, stated - arrived)});
+    }
 }
 
 void stepReader::read_visibility(sdkDocument & document, int hidden_before)

@@ -4,10 +4,13 @@
 #include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
 #include "step/stepGaps.h"
+#include "step/stepMappings.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 // Reads ISO 10303-21 files of the application protocols 203, 214 and 242.
 class stepReader : public sdkReader {
@@ -26,10 +29,12 @@ private:
     void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
+    void report_materials(std::int64_t arrived) const;
 
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Reader> m_reader;
     std::string m_schema;
     stepTextualLinks m_links;
+    std::vector<stepMappings::Copy> m_copies;
 };

@@ -36,44 +36,19 @@ namespace {
 
 using Item = Handle(StepRepr_RepresentationItem);
 
-Item styled(Handle(Standard_Transient) const & entity)
-{
-    auto const style = Handle(StepVisual_StyledItem)::DownCast(entity);
-    return style.IsNull() ? Item::DownCast(entity) : style->Item();
-}
-
 // The items that the invisible one stands for: that of a style, or all of a layer.
 std::vector<Item> items_of(StepVisual_InvisibleItem const & invisible)
 {
     std::vector<Item> items;
     if (auto const style = invisible.StyledItem(); !style.IsNull()) {
-        items.push_back(styled(style));
+        items.push_back(step_item_of(style));
     } else if (auto const layer = invisible.PresentationLayerAssignment();
                !layer.IsNull() && !layer->AssignedItems().IsNull()) {
         for (auto const & item : *layer->AssignedItems()) {
-            items.push_back(styled(item.Value()));
+            items.push_back(step_item_of(item.Value()));
         }
     }
     return items;
-}
-
-void hide_shape(sdkDocument & document, TopoDS_Shape const & shape)
-{
-    TDF_Label label;
-    if (shape.IsNull()) {
-        return;
-    }
-    if (document.shapes()->Search(shape, label, Standard_False, Standard_True, Standard_True)) {
-        sdk_hide(document, label);
-        return;
-    }
-    // A body of a part that has several.
-    for (auto const & part : document.parts()) {
-        if (document.shapes()->AddSubShape(part, shape, label)) {
-            sdk_hide(document, label);
-            return;
-        }
-    }
 }
 
 // The items that the shape has become: itself, or what it is made of.
@@ -95,15 +70,10 @@ public:
     explicit Hiding(Handle(XSControl_WorkSession) const & session)
         : m_session(session), m_styles(session), m_model(session->Model())
     {
+        for (auto const & item : step_hidden_items(m_model)) {
+            m_done.insert(item.get());
+        }
         for (int number = 1; number <= m_model->NbEntities(); ++number) {
-            if (auto const hidden = Handle(StepVisual_Invisibility)::DownCast(m_model->Value(number));
-                !hidden.IsNull()) {
-                for (int index = 1; index <= hidden->NbInvisibleItems(); ++index) {
-                    for (auto const & item : items_of(hidden->InvisibleItemsValue(index))) {
-                        m_done.insert(item.get());
-                    }
-                }
-            }
             if (auto const style = Handle(StepVisual_StyledItem)::DownCast(m_model->Value(number));
                 !style.IsNull() && !style->Item().IsNull()) {
                 m_existing.emplace(style->Item().get(), style);
@@ -184,19 +154,49 @@ private:
 
 } // namespace
 
-void step_read_visibility(Handle(XSControl_WorkSession) const & session, sdkDocument & document)
+Handle(StepRepr_RepresentationItem) step_item_of(Handle(Standard_Transient) const & item)
 {
-    auto const model = session->Model();
-    auto const process = session->TransferReader()->TransientProcess();
+    auto const style = Handle(StepVisual_StyledItem)::DownCast(item);
+    return style.IsNull() ? Item::DownCast(item) : style->Item();
+}
+
+std::vector<Handle(StepRepr_RepresentationItem)> step_hidden_items(Handle(Interface_InterfaceModel)
+                                                                       const & model)
+{
+    std::vector<Item> result;
     for (int number = 1; number <= model->NbEntities(); ++number) {
         auto const hidden = Handle(StepVisual_Invisibility)::DownCast(model->Value(number));
         for (int index = 1; !hidden.IsNull() && index <= hidden->NbInvisibleItems(); ++index) {
             for (auto const & item : items_of(hidden->InvisibleItemsValue(index))) {
                 if (!item.IsNull()) {
-                    hide_shape(document, TransferBRep::ShapeResult(process->Find(item)));
+                    result.push_back(item);
                 }
             }
         }
+    }
+    return result;
+}
+
+TDF_Label step_label_of(sdkDocument & document, TopoDS_Shape const & shape)
+{
+    TDF_Label label;
+    if (shape.IsNull() ||
+        document.shapes()->Search(shape, label, Standard_False, Standard_True, Standard_True)) {
+        return label;
+    }
+    for (auto const & part : document.parts()) {
+        if (document.shapes()->AddSubShape(part, shape, label)) {
+            break;
+        }
+    }
+    return label;
+}
+
+void step_read_visibility(Handle(XSControl_WorkSession) const & session, sdkDocument & document)
+{
+    auto const process = session->TransferReader()->TransientProcess();
+    for (auto const & item : step_hidden_items(session->Model())) {
+        sdk_hide(document, step_label_of(document, TransferBRep::ShapeResult(process->Find(item))));
     }
 }
 

@@ -12,6 +12,7 @@
 #include "sdk/sdkVisibility.h"
 #include "step/stepFile.h"
 #include "step/stepHeader.h"
+#include "step/stepText.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
 #include "step/stepVisibility.h"
@@ -20,7 +21,6 @@
 #include <STEPControl_Controller.hxx>
 #include <StepData_Protocol.hxx>
 #include <StepData_StepModel.hxx>
-#include <StepData_StepWriter.hxx>
 #include <Transfer_FinderProcess.hxx>
 #include <XSControl_TransferWriter.hxx>
 #include <XSControl_WorkSession.hxx>
@@ -159,12 +159,10 @@ sdkResult stepWriter::write(std::string const & path, Message_ProgressRange cons
                options.text("stepWriteOrganisation")}
         .apply(model);
 
-    StepData_StepWriter text(model);
-    text.SendModel(Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()));
     sdkOutputFile file(path, range);
     stepTextEncoding encoding(file);
     std::ostream stream(&encoding);
-    text.Print(stream);
+    step_write_text(model, Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), stream);
     encoding.finish();
     auto result = file.close(m_context.file());
     m_context.promise().checked = result && sdk_file_passes(path, [](std::string_view content) {

@@ -49,6 +49,8 @@ sdkResult stlReader::transfer(sdkDocument & document, Message_ProgressRange cons
             return sdkResult::cancelled();
         }
         triangles += solid.size();
+        m_context.account().holds(sdkSourceKind::root);
+        m_context.account().holds(sdkSourceKind::face, solid.size() > 0 ? 1 : 0);
         if (solid.size() == 0) {
             ++empty;
         } else if (!wanted) {

@@ -3,8 +3,11 @@
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
+#include "sdk/geometry/sdkTriangleGaps.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
+#include "sdk/sdkVisibility.h"
+#include "stl/stlHidden.h"
 #include "stl/stlInput.h"
 #include "stl/stlName.h"
 #include "stl/stlOutput.h"
@@ -57,6 +60,7 @@ stlWriter::stlWriter(sdkContext & context) : m_context(context)
                      .surfaces = false,
                      .visibility = false,
                      .solids = false};
+    promise.hidden = false;
     promise.deflection = tolerances(options).linear;
     promise.read_back["stlReadUnit"] = sdk_output_unit(options).name;
 }
@@ -73,9 +77,25 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     auto const lost = sdk_report_losses(document, m_context.promise().holds, "STL", reporter);
     reporter.failed(lost);
 
-    auto const tessellation = sdk_tessellate(document, tolerances(options), scope.Next(9));
-    if (tessellation.cancelled) {
+    auto tessellation = sdk_tessellate(document, tolerances(options), scope.Next(8));
+    auto const open = sdk_close_triangles(document, tolerances(options), scope.Next());
+    if (tessellation.cancelled || scope.UserBreak()) {
         return sdkResult::cancelled();
+    }
+    for (auto const & part : open) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "unmatched-edges",
+             .part = part.name,
+             .place = {},
+             .source = 0,
+             .output = static_cast<double>(part.unmatched_edges),
+             .text = sdkText("stl::%s: the triangles do not close; %d of their edges have no triangle on the "
+                             "other side. Repair the part or change the tolerance",
+                             part.name, part.unmatched_edges)});
+    }
+    if (tessellation.failed > 0) {
+        tessellation = sdk_count_triangles(document);
     }
     if (tessellation.failed > 0) {
         reporter.error("stl::%d faces could not be tessellated and are not in the file; repair them or "
@@ -84,8 +104,9 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
         reporter.failed(tessellation.failed);
     }
     for (auto const & label : document.free_shapes()) {
-        collect(label, TopLoc_Location());
+        collect(document, label, TopLoc_Location());
     }
+    note_hidden();
     if (!each && m_solids.size() > 1) {
         reporter.output("stl::%d parts are written as one solid", m_solids.size());
     }
@@ -110,7 +131,12 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
         reporter.output("stl::%d triangles without area are left out", whole - triangles);
     }
     if (triangles == 0) {
-        sdk_report_nothing(m_context, had_entities && document.empty());
+        if (m_hidden > 0) {
+            reporter.output("stl::Nothing is left to write to %s: all that it could hold is hidden",
+                            m_context.file());
+        } else {
+            sdk_report_nothing(m_context, had_entities && document.empty());
+        }
         m_solids.clear();
         return sdkResult::completed();
     }
@@ -121,15 +147,23 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
-void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & location)
+// What its author does not want to be seen stays out: in one mesh with the rest nobody could tell it apart.
+void stlWriter::collect(sdkDocument const & document, TDF_Label const & label,
+                        TopLoc_Location const & location)
 {
+    if (sdk_hidden(document, label)) {
+        ++m_hidden;
+        return;
+    }
     if (XCAFDoc_ShapeTool::IsAssembly(label)) {
         TDF_LabelSequence components;
         XCAFDoc_ShapeTool::GetComponents(label, components);
         for (auto const & component : components) {
             TDF_Label referred;
-            if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
-                collect(referred, location * XCAFDoc_ShapeTool::GetLocation(component));
+            if (sdk_hidden(document, component)) {
+                ++m_hidden;
+            } else if (XCAFDoc_ShapeTool::GetReferredShape(component, referred)) {
+                collect(document, referred, location * XCAFDoc_ShapeTool::GetLocation(component));
             }
         }
         return;
@@ -137,15 +171,32 @@ void stlWriter::collect(TDF_Label const & label, TopLoc_Location const & locatio
     Solid solid{sdkDocument::name(label), {}};
     double const unit = sdk_output_unit(m_context.options()).millimetres;
     auto const placed = XCAFDoc_ShapeTool::GetShape(label).Moved(location, Standard_False);
+    auto const hidden = stl_hidden_faces(document, label, location);
+    m_hidden += hidden.bodies;
     for (TopExp_Explorer face(placed, TopAbs_FACE); face.More(); face.Next()) {
         TopLoc_Location ignored;
         auto const & one = TopoDS::Face(face.Current());
-        if (!BRep_Tool::Triangulation(one, ignored).IsNull()) {
+        if (!hidden.faces.Contains(one) && !BRep_Tool::Triangulation(one, ignored).IsNull()) {
             solid.meshes.emplace_back(one, unit, !is_text(m_context.options()));
         }
     }
     if (!solid.meshes.empty()) {
         m_solids.push_back(std::move(solid));
+    }
+}
+
+void stlWriter::note_hidden()
+{
+    if (m_hidden > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::note,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(m_hidden),
+             .output = 0,
+             .text = sdkText("stl::%d hidden shapes are left out of %s, because an STL file cannot hide them",
+                             m_hidden, m_context.file())});
     }
 }
 

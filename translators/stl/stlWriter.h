@@ -20,9 +20,11 @@ private:
         std::vector<stlPlacedMesh> meshes;
     };
 
-    void collect(TDF_Label const & label, TopLoc_Location const & location);
+    void collect(sdkDocument const & document, TDF_Label const & label, TopLoc_Location const & location);
+    void note_hidden();
     std::int64_t count_triangles() const;
 
     sdkContext & m_context;
     std::vector<Solid> m_solids;
+    std::int64_t m_hidden = 0; // parts, instances and bodies of parts that are left out
 };

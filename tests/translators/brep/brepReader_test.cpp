@@ -248,3 +248,16 @@ TEST_F(BrepReader, TakesMembersThatAreMirroredOrScaledAsPartOrAssembly)
         }
     }
 }
+
+TEST_F(BrepReader, KeepsAnAccountOfItsFile)
+{
+    ASSERT_TRUE(write(kit_compound({kit_hollow_cube(), kit_wire(), kit_cube(5)}), path("mixed.brep")));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("mixed.brep"), document, {{"vmrOptProcessWireframe", "false"}}));
+    EXPECT_EQ(account().held(sdkSourceKind::root), 1);
+    EXPECT_EQ(account().held(sdkSourceKind::solid), 2);
+    EXPECT_EQ(account().held(sdkSourceKind::shell), 3);
+    EXPECT_EQ(account().held(sdkSourceKind::face), 18);
+    EXPECT_EQ(account().held(sdkSourceKind::curve), 2); // though they are not wanted
+    EXPECT_EQ(account().held(sdkSourceKind::point), 0);
+}

@@ -3,6 +3,7 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/geometry/sdkTessellation.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
 #include <TopExp_Explorer.hxx>
@@ -148,19 +149,21 @@ TEST_F(BrepWriter, LeavesTrianglesOfSurfacesOutUnlessAskedButKeepsMeshes)
     sdk_tessellate(cube, {});
     EXPECT_EQ(trip(cube).triangles, 0);
     for (auto const * form : {"text", "binary"}) {
-        auto const mesh = trip(kit_facet_cube(), {{"brepWriteForm", form}, {"vmrOptOutputUnits", "cm"}});
+        auto const mesh =
+            trip(kit_facet_cube(),
+                 {{"brepWriteForm", form}, {"vmrOptOutputUnits", "cm"}, {"brepWriteFacets", "mesh"}});
         EXPECT_EQ(mesh.triangles, 12);
         EXPECT_NEAR(mesh.volume, 1000, 1e-6);
     }
 }
 
-TEST_F(BrepWriter, MakesFacesOfMeshesWhenAsked)
+TEST_F(BrepWriter, MakesFacesOfMeshes)
 {
     auto const facets = trip(kit_facet_cube(), {{"brepWriteFacets", "facets"}});
     EXPECT_EQ(facets.faces, 12);
     EXPECT_EQ(facets.solids, 1);
     EXPECT_EQ(facets.triangles, 0);
-    ASSERT_TRUE(write(kit_facet_cube(), path("merged.brep"), {{"brepWriteFacets", "merged"}}));
+    ASSERT_TRUE(write(kit_facet_cube(), path("merged.brep")));
     EXPECT_TRUE(said().says("12 triangles became 6 plane faces in 1 solids and 0 open shells"));
     EXPECT_EQ(said().processed(), 6);
     sdkDocument document;
@@ -169,13 +172,32 @@ TEST_F(BrepWriter, MakesFacesOfMeshesWhenAsked)
     EXPECT_TRUE(BRepCheck_Analyzer(XCAFDoc_ShapeTool::GetShape(document.parts().First())).IsValid());
 }
 
-TEST_F(BrepWriter, RefusesMoreFacetsThanTheLimit)
+TEST_F(BrepWriter, SaysOfAMeshThatItHasNoSurfaces)
 {
-    Values const values{{"brepWriteFacets", "facets"}, {"brepWriteMaxFacets", "11"}};
-    auto const result = write(kit_facet_cube(), path("many.brep"), values);
-    EXPECT_EQ(result.status(), sdkStatus::write_error);
-    EXPECT_TRUE(
-        contains(result.text().formatted(), "There are 12 triangles to make faces of, and the limit is 11"));
+    ASSERT_TRUE(write(kit_facet_cube(), path("mesh.brep"), {{"brepWriteFacets", "mesh"}}, "Scan"));
+    ASSERT_EQ(account().findings().size(), 1U);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.weight, sdkWeight::note);
+    EXPECT_EQ(finding.kind, "facets-only");
+    EXPECT_EQ(finding.part, "Scan");
+    EXPECT_EQ(finding.source, 12);
+    EXPECT_EQ(finding.text.formatted(), "Scan: 12 triangles have no surfaces and make no solid; set the "
+                                        "option brepWriteFacets to merged for solids");
+
+    ASSERT_TRUE(write(kit_facet_cube(), path("solid.brep")));
+    EXPECT_TRUE(account().findings().empty());
+}
+
+TEST_F(BrepWriter, KeepsAMeshOfMoreTrianglesThanTheLimitAndSaysSo)
+{
+    for (auto const * facets : {"facets", "merged"}) {
+        Values const values{{"brepWriteFacets", facets}, {"brepWriteMaxFacets", "11"}};
+        EXPECT_EQ(trip(kit_facet_cube(), values).triangles, 12);
+        ASSERT_TRUE(write(kit_facet_cube(), path("many.brep"), values));
+        ASSERT_EQ(account().findings().size(), 1U);
+        EXPECT_EQ(account().findings().front().kind, "facets-only");
+        EXPECT_TRUE(contains(account().findings().front().text.formatted(), "brepWriteMaxFacets"));
+    }
 }
 
 TEST_F(BrepWriter, WritesCurvesAsPolylinesWhenAsked)
@@ -255,6 +277,22 @@ TEST_F(BrepWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
     EXPECT_FALSE(promise().exact_curves);
     EXPECT_FALSE(write(kit_cube(10), "/dev/full"));
     EXPECT_FALSE(promise().checked);
+}
+
+TEST_F(BrepWriter, SaysThatHiddenShapesAreVisible)
+{
+    sdkDocument document;
+    sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+    document.add_shape(kit_cube(20), "Seen");
+    ASSERT_TRUE(write(document, path("hidden.brep")));
+    ASSERT_EQ(account().findings().size(), 1u);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.kind, "hidden");
+    EXPECT_EQ(finding.weight, sdkWeight::note);
+    EXPECT_TRUE(contains(finding.text.formatted(), "1 hidden shapes are visible"));
+    sdkDocument again;
+    ASSERT_TRUE(read(path("hidden.brep"), again));
+    EXPECT_NEAR(sdk_measure(again).volume, 9000, 1e-6);
 }
 
 TEST_F(BrepWriter, KeepsMembersThatAreMirroredOrScaled)

@@ -163,6 +163,27 @@ TEST_F(IgesOptions, FacetsBecomeASolidOrAreRefused)
     EXPECT_FALSE(std::filesystem::exists(path("refused.igs")));
 }
 
+TEST_F(IgesOptions, FacetsOfOnePlaneStayApartUnlessTheyAreToBeMerged)
+{
+    ASSERT_TRUE(write(kit_facet_cube(), path("facets.igs"), {{"igesWriteMergeFacets", "false"}}));
+    EXPECT_TRUE(said().says("12 triangles of 1 parts became 12 plane faces in 1 solids and 0 open shells"));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("facets.igs"), document));
+    EXPECT_EQ(sdk_measure(document).faces, 12);
+    EXPECT_EQ(sdk_measure(document).solids, 1);
+    EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+}
+
+TEST_F(IgesOptions, MoreFacetsThanTheLimitAreRefusedWithTheNameOfTheOption)
+{
+    auto const refused = write(kit_facet_cube(), path("many.igs"), {{"igesWriteMaxFacets", "11"}});
+    EXPECT_EQ(refused.status(), sdkStatus::write_error);
+    EXPECT_EQ(refused.text().formatted(),
+              "There are 12 triangles to make faces of, and the limit is 11; reduce the mesh, raise the "
+              "option igesWriteMaxFacets, or write a mesh format");
+    EXPECT_TRUE(write(kit_facet_cube(), path("few.igs"), {{"igesWriteMaxFacets", "12"}}));
+}
+
 TEST_F(IgesOptions, CurvesBecomePolylinesWhenTheyAreAskedFor)
 {
     ASSERT_TRUE(write(kit_wire(), path("wire.igs")));

@@ -63,13 +63,21 @@ TEST_F(IgesVisibility, BlankedMembersAndInstancesAreHidden)
     file.add({402, "2," + std::to_string(seen) + "," + std::to_string(blanked), 7});
     auto const solid = file.add({150, block, 0, 0, "00010000"});
     auto const definition = file.add({308, "0,4HPART,1," + std::to_string(solid), 0, 0, "00010200"});
-    for (auto const * const status : {"00000000", "01000000"}) {
-        file.add({408, std::to_string(definition) + ",50.,0.,0.,1.", 0, 0, status});
-    }
+    file.add({408, std::to_string(definition) + ",50.,0.,0.,1."});
+    file.add({408, std::to_string(definition) + ",80.,0.,0.,1.", 0, 0, "01000000"});
     sdkDocument document;
     ASSERT_TRUE(read(folder().write("members.igs", file.text()), document));
     EXPECT_EQ(sdk_measure(document).solids, 4);
-    EXPECT_EQ(sdk_hidden_labels(document).Length(), 2);
+    auto const labels = sdk_hidden_labels(document);
+    ASSERT_EQ(labels.Length(), 2);
+    for (auto const & label : labels) {
+        if (XCAFDoc_ShapeTool::IsComponent(label)) {
+            EXPECT_EQ(XCAFDoc_ShapeTool::GetLocation(label).Transformation().TranslationPart().X(), 80);
+        } else {
+            EXPECT_TRUE(XCAFDoc_ShapeTool::IsSubShape(label));
+            EXPECT_EQ(XCAFDoc_ShapeTool::GetShape(label).ShapeType(), TopAbs_SOLID);
+        }
+    }
 }
 
 TEST_F(IgesVisibility, SaysWhatIsLeftOutWhenOnlyVisibleEntitiesAreRead)

@@ -71,5 +71,5 @@ TEST(Manifest, OfStepAndIgesDeclareTheGeneralOptionsAlike)
             }
         }
     }
-    EXPECT_EQ(compared, 6);
+    EXPECT_EQ(compared, 7);
 }

@@ -1,5 +1,7 @@
 #include "stepTextTest.h"
 
+#include "sdk/sdkVisibility.h"
+
 class StepMappings : public stepTextTest {
 protected:
     // A block of 6 x 1 x 1 from (1, 2, 3), mapped by the item #100 into the shape of the only product.
@@ -99,4 +101,56 @@ TEST_F(StepMappings, InACircleDoNoHarm)
                              "#102=CARTESIAN_TRANSFORMATION_OPERATOR_3D('','','',$,$,#13,2.,$);\n");
     read(file, document);
     EXPECT_GE(sdk_measure(document).solids, 1);
+}
+
+TEST_F(StepMappings, CopiesHaveTheColoursLayersAndVisibilityOfTheirSource)
+{
+    auto text = kit_read_file(fault("mapped_scale2.step"));
+    auto const style = [](std::string const & first, std::string const & kind, std::string const & item,
+                          std::string const & colour) {
+        auto const number = [&](int more) { return "#" + std::to_string(std::stoi(first) + more); };
+        return number(0) + "=" + kind + "('',(" + number(1) + ")," + item + ");\n" + number(1) +
+               "=PRESENTATION_STYLE_ASSIGNMENT((" + number(2) + "));\n" + number(2) +
+               "=SURFACE_STYLE_USAGE(.BOTH.," + number(3) + ");\n" + number(3) + "=SURFACE_SIDE_STYLE('',(" +
+               number(4) + "));\n" + number(4) + "=SURFACE_STYLE_FILL_AREA(" + number(5) + ");\n" +
+               number(5) + "=FILL_AREA_STYLE('',(" + number(6) + "));\n" + number(6) +
+               "=FILL_AREA_STYLE_COLOUR(''," + number(7) + ");\n" + number(7) + "=COLOUR_RGB(''," + colour +
+               ");\n";
+    };
+    text.insert(text.rfind("ENDSEC;"),
+                style("5000", "STYLED_ITEM", "#15", "1.,0.,0.") +
+                    style("5010", "OVER_RIDING_STYLED_ITEM", "#17,#5000", "0.,0.,1.") +
+                    "#5020=MECHANICAL_DESIGN_GEOMETRIC_PRESENTATION_REPRESENTATION('',(#5000,#5010),#345);\n"
+                    "#5021=PRESENTATION_LAYER_ASSIGNMENT('Seven','',(#15));\n#5022=INVISIBILITY((#5000));\n");
+    sdkDocument document;
+    ASSERT_TRUE(read(folder().write("styled.stp", text), document));
+    ASSERT_EQ(document.parts().Length(), 2);
+    for (auto const & part : document.parts()) {
+        Quantity_Color colour;
+        ASSERT_TRUE(document.colours()->GetColor(part, XCAFDoc_ColorSurf, colour)) << sdkDocument::name(part);
+        EXPECT_TRUE(colour.IsEqual(Quantity_Color(Quantity_NOC_RED)));
+        TDF_LabelSequence layers;
+        document.layers()->GetLayers(part, layers);
+        EXPECT_EQ(layers.Length(), 1);
+        EXPECT_TRUE(sdk_hidden(document, part));
+        TDF_LabelSequence faces;
+        XCAFDoc_ShapeTool::GetSubShapes(part, faces);
+        ASSERT_EQ(faces.Length(), 1);
+        ASSERT_TRUE(document.colours()->GetColor(faces.First(), XCAFDoc_ColorSurf, colour));
+        EXPECT_TRUE(colour.IsEqual(Quantity_Color(Quantity_NOC_BLUE1)));
+    }
+}
+
+TEST_F(StepMappings, CopiesWithinAProductHaveTheColoursOfTheirSource)
+{
+    auto const styles = "#500=STYLED_ITEM('',(#501),#104);\n#501=PRESENTATION_STYLE_ASSIGNMENT((#502));\n"
+                        "#502=SURFACE_STYLE_USAGE(.BOTH.,#503);\n#503=SURFACE_SIDE_STYLE('',(#504));\n"
+                        "#504=SURFACE_STYLE_FILL_AREA(#505);\n#505=FILL_AREA_STYLE('',(#506));\n"
+                        "#506=FILL_AREA_STYLE_COLOUR('',#507);\n#507=COLOUR_RGB('',1.,0.,0.);\n"
+                        "#508=MECHANICAL_DESIGN_GEOMETRIC_PRESENTATION_REPRESENTATION('',(#500),#10);\n"
+                        "#102=CARTESIAN_TRANSFORMATION_OPERATOR_3D('','','',#15,#109,#110,2.,#14);\n";
+    sdkDocument document;
+    ASSERT_TRUE(read(mapped(styles), document));
+    ASSERT_EQ(document.parts().Length(), 1);
+    EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(Quantity_Color(Quantity_NOC_RED)));
 }

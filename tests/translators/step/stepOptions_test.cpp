@@ -184,12 +184,48 @@ TEST_F(StepOptions, FacetsBecomeASolidOrAreRefused)
     sdkDocument document;
     ASSERT_TRUE(read(path("facets.stp"), document));
     EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
-    EXPECT_EQ(sdk_measure(document).faces, 12);
+    EXPECT_EQ(sdk_measure(document).faces, 6);
 
     auto const refused = write(kit_facet_cube(), path("refused.stp"), {{"stepWriteFaceted", "refuse"}});
     EXPECT_EQ(refused.status(), sdkStatus::write_error);
     EXPECT_NE(refused.text().formatted().find("stepWriteFaceted"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(path("refused.stp")));
+}
+
+TEST_F(StepOptions, FacetsOfOnePlaneStayApartUnlessTheyAreToBeMerged)
+{
+    ASSERT_TRUE(write(kit_facet_cube(), path("facets.stp"), {{"stepWriteMergeFacets", "false"}}));
+    EXPECT_TRUE(said().says("12 triangles of 1 parts became 12 plane faces in 1 solids and 0 open shells"));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("facets.stp"), document));
+    EXPECT_EQ(sdk_measure(document).faces, 12);
+    EXPECT_EQ(sdk_measure(document).solids, 1);
+    EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+}
+
+TEST_F(StepOptions, EdgesOfPlaneFacesHaveNoCurvesInTheParametersOfTheirPlanes)
+{
+    ASSERT_TRUE(write(kit_facet_cube(), path("facets.stp")));
+    EXPECT_EQ(kit_read_file(path("facets.stp")).find("PCURVE"), std::string::npos);
+    ASSERT_TRUE(write(BRepPrimAPI_MakeCylinder(5, 10).Shape(), path("round.stp")));
+    EXPECT_NE(kit_read_file(path("round.stp")).find("PCURVE"), std::string::npos);
+
+    // One part of a document has no say in what another one needs.
+    sdkDocument document;
+    document.add_shape(BRepPrimAPI_MakeCylinder(5, 10).Shape(), "Round");
+    document.add_shape(kit_facet_cube(), "Facets");
+    ASSERT_TRUE(write(document, path("both.stp")));
+    EXPECT_NE(kit_read_file(path("both.stp")).find("PCURVE"), std::string::npos);
+}
+
+TEST_F(StepOptions, MoreFacetsThanTheLimitAreRefusedWithTheNameOfTheOption)
+{
+    auto const refused = write(kit_facet_cube(), path("many.stp"), {{"stepWriteMaxFacets", "11"}});
+    EXPECT_EQ(refused.status(), sdkStatus::write_error);
+    EXPECT_EQ(refused.text().formatted(),
+              "There are 12 triangles to make faces of, and the limit is 11; reduce the mesh, raise the "
+              "option stepWriteMaxFacets, or write a mesh format");
+    EXPECT_TRUE(write(kit_facet_cube(), path("few.stp"), {{"stepWriteMaxFacets", "12"}}));
 }
 
 TEST_F(StepOptions, CurvesBecomePolylinesWithinTheTolerance)

@@ -185,3 +185,14 @@ TEST_F(StlReader, GivesAMeshThatBecomesASolid)
         EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-9);
     }
 }
+
+TEST_F(StlReader, KeepsAnAccountOfItsFile)
+{
+    sdkDocument document;
+    ASSERT_TRUE(read_content("solid a\n" + stl_text_facet() + "endsolid a\nsolid b\nendsolid b\nsolid c\n" +
+                                 stl_text_facet(5) + "endsolid c\n",
+                             document));
+    EXPECT_EQ(account().held(sdkSourceKind::root), 3);
+    EXPECT_EQ(account().held(sdkSourceKind::face), 2);
+    EXPECT_EQ(account().held(sdkSourceKind::solid), 0);
+}

@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
 #include <BRepPrimAPI_MakeSphere.hxx>
@@ -12,6 +13,7 @@
 #include <TopoDS.hxx>
 
 #include <TopoDS_Face.hxx>
+#include <TopoDS_Iterator.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -262,6 +264,42 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
     }
+}
+
+TEST_F(StlWriter, LeavesHiddenShapesOut)
+{
+    for (auto const * form : {"text", "binary"}) {
+        sdkDocument document;
+        sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+        auto const pair = kit_compound({kit_cube(20), kit_cube(5)});
+        auto const part = document.add_shape(pair, "Pair");
+        TopoDS_Iterator body(pair);
+        body.Next();
+        sdk_hide(document, document.shapes()->AddSubShape(part, body.Value()));
+        kit_add_assembly(document);
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(document.free_shapes().Last(), components);
+        sdk_hide(document, components.Last());
+        ASSERT_TRUE(write(document, path("hidden.stl"), {{"stlWriteForm", form}}));
+        EXPECT_FALSE(promise().hidden);
+        ASSERT_EQ(account().findings().size(), 1u);
+        EXPECT_EQ(account().findings().front().kind, "hidden");
+        EXPECT_EQ(account().findings().front().weight, sdkWeight::note);
+        EXPECT_EQ(account().findings().front().source, 3);
+        sdkDocument again;
+        ASSERT_TRUE(read(path("hidden.stl"), again));
+        EXPECT_NEAR(sdk_measure(again).volume, 8000 + 1500, 1e-3);
+    }
+}
+
+TEST_F(StlWriter, WritesNothingWhenAllIsHidden)
+{
+    sdkDocument document;
+    sdk_hide(document, document.add_shape(kit_cube(10), "Hidden"));
+    EXPECT_TRUE(write(document, path("nothing.stl")));
+    EXPECT_EQ(said().processed(), 0);
+    EXPECT_TRUE(said().says("all that it could hold is hidden"));
+    EXPECT_FALSE(std::filesystem::exists(path("nothing.stl")));
 }
 
 TEST_F(StlWriter, KeepsMembersThatAreMirroredOrScaled)

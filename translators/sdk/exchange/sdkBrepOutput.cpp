@@ -1,5 +1,9 @@
 #include "sdk/exchange/sdkBrepOutput.h"
 
+#include "sdk/exchange/sdkOffsetCurves.h"
+#include "sdk/exchange/sdkRepairCheck.h"
+#include "sdk/exchange/sdkUnbounded.h"
+#include "sdk/exchange/sdkZeroEdges.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
@@ -38,7 +42,12 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     bool const had_something = !document.empty();
     sdk_make_places_rigid(document);
     sdk_filter_by_options(document, document.parts(), m_context);
+    // IGES has an entity for a plane without end.
+    auto const endless = sdk_drop_unbounded(document, m_format, m_format == "IGES", m_context);
     m_count = document.count_entities();
+    if (m_count.entities() == 0 && endless > 0) {
+        return sdkResult::completed();
+    }
     if (m_count.entities() == 0) {
         auto const kinds = sdk_entity_kinds(m_context.options());
         sdk_report_nothing(m_context, had_something && !(kinds.wireframe && kinds.surfaces));
@@ -52,6 +61,10 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     if (m_count.curves > 0 && m_context.options().text(m_prefix + "WriteCurves") == "polyline") {
         make_polylines(document, scope.Next());
     }
+    sdk_convert_offset_curves(document);
+    if (auto const edges = sdk_drop_zero_edges(document); edges > 0) {
+        m_context.reporter().output("exchange::%d edges without length were left out", edges);
+    }
     tighten_edges(document, scope.Next());
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
@@ -62,15 +75,20 @@ sdkResult sdkBrepOutput::replace_facets(sdkDocument & document, Message_Progress
     if (m_context.options().text(option) == "refuse") {
         return sdkResult::write_error(sdk_facets_refused(sdk_facet_parts(document), m_format, option));
     }
-    auto const counts = sdk_make_facets(document, {}, range);
+    sdkFacetOptions facets;
+    facets.merge_coplanar = m_context.options().boolean(m_prefix + "WriteMergeFacets");
+    facets.max_option = m_prefix + "WriteMaxFacets";
+    facets.max_facets = m_context.options().integer(facets.max_option);
+    auto const counts = sdk_make_facets(document, facets, range);
     if (!counts.refusal.empty()) {
         return sdkResult::write_error(counts.refusal);
     }
     if (counts.cancelled) {
         return sdkResult::cancelled();
     }
-    m_context.reporter().output("exchange::%d triangles of %d parts became %d solids and %d open shells",
-                                counts.triangles, counts.parts, counts.solids, counts.shells);
+    m_context.reporter().output("exchange::%d triangles of %d parts became %d plane faces in %d solids and "
+                                "%d open shells",
+                                counts.triangles, counts.parts, counts.faces, counts.solids, counts.shells);
     m_count = document.count_entities();
     return sdkResult::completed();
 }
@@ -91,6 +109,9 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
     sdkHealingOptions healing;
     healing.max_tolerance = m_context.options().real("vmrTolCurveOnSurface3d");
     healing.precision = std::min(healing.precision, healing.max_tolerance);
+    healing.keep = [](TopoDS_Shape const & before, TopoDS_Shape const & after) {
+        return sdk_no_worse(before, after);
+    };
     TDF_LabelSequence loose;
     for (auto const & part : document.parts()) {
         if (has_loose_edge(XCAFDoc_ShapeTool::GetShape(part), healing.max_tolerance)) {
@@ -105,5 +126,10 @@ void sdkBrepOutput::tighten_edges(sdkDocument & document, Message_ProgressRange 
                                 "were repaired; %d such edges "
                                 "are left",
                                 loose.Length(), healing.max_tolerance, counts.loose_edges);
+    if (counts.taken_back > 0) {
+        m_context.reporter().output("exchange::%d repairs were taken back because edges, volume or area were "
+                                    "farther off afterwards",
+                                    counts.taken_back);
+    }
     m_count = document.count_entities();
 }

@@ -14,7 +14,8 @@
 class sdkBrepOutput {
 public:
     // The options of the format that are not general are named by its prefix: <prefix>WriteFaceted with the
-    // values "facet" and "refuse", and <prefix>WriteCurves with "exact" and "polyline".
+    // values "facet" and "refuse", <prefix>WriteMergeFacets and <prefix>WriteMaxFacets, and
+    // <prefix>WriteCurves with "exact" and "polyline".
     sdkBrepOutput(std::string format, std::string prefix, sdkContext & context);
 
     sdkResult prepare(sdkDocument & document, Message_ProgressRange const & range);

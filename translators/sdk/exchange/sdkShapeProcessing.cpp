@@ -1,5 +1,7 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 
+#include "sdk/exchange/sdkCurvesOnSurfaces.h"
+
 #include <BRep_Tool.hxx>
 #include <Geom_ConicalSurface.hxx>
 #include <Geom_ElementarySurface.hxx>
@@ -58,6 +60,9 @@ public:
                               Standard_Boolean non_manifold) const override
     {
         bool const writing = std::string_view(sequence).starts_with("write.");
+        if (writing) {
+            m_curves_on_surfaces.choose_for(shape);
+        }
         if (writing ? !has_surface_to_describe_anew(shape) : m_reading == sdkHealing::none) {
             return shape;
         }
@@ -67,6 +72,8 @@ public:
 
 private:
     sdkHealing m_reading;
+    // What is chosen for one shape lasts until the next.
+    sdkCurvesOnSurfaces mutable m_curves_on_surfaces;
 };
 
 } // namespace

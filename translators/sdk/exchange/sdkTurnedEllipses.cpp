@@ -23,6 +23,7 @@
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Iterator.hxx>
 
 #include <cmath>
 #include <numbers>
@@ -148,6 +149,27 @@ TopoDS_Wire halves(TopoDS_Edge const & edge)
     return wire;
 }
 
+// The same curve from its major axis on, for an edge at which nothing else hangs.
+TopoDS_Edge begun_anew(TopoDS_Edge const & edge)
+{
+    auto const forward = TopoDS::Edge(edge.Oriented(TopAbs_FORWARD).Located(TopLoc_Location()));
+    double first = 0;
+    double last = 0;
+    auto curve = BRep_Tool::Curve(forward, first, last);
+    if (auto const trimmed = Handle(Geom_TrimmedCurve)::DownCast(curve); !trimmed.IsNull()) {
+        curve = trimmed->BasisCurve();
+    }
+    BRep_Builder builder;
+    TopoDS_Vertex begin;
+    builder.MakeVertex(begin, curve->Value(0), BRep_Tool::Tolerance(TopExp::FirstVertex(forward)));
+    TopoDS_Edge result;
+    builder.MakeEdge(result, curve, BRep_Tool::Tolerance(forward));
+    builder.Add(result, begin.Oriented(TopAbs_FORWARD));
+    builder.Add(result, begin.Oriented(TopAbs_REVERSED));
+    builder.Range(result, 0, turn);
+    return TopoDS::Edge(result.Located(edge.Location()).Oriented(edge.Orientation()));
+}
+
 bool has_turned_ellipse(TopoDS_Shape const & shape)
 {
     for (TopExp_Explorer edge(shape, TopAbs_EDGE); edge.More(); edge.Next()) {
@@ -228,6 +250,17 @@ int sdk_divide_turned_ellipses(sdkDocument & document, Message_ProgressRange con
         if (shape.ShapeType() == TopAbs_COMPOUND ||
             (!has_turned_ellipse(shape) && !has_face_on_turned_ellipse(shape))) {
             return std::nullopt;
+        }
+        if (shape.ShapeType() == TopAbs_EDGE) {
+            return begun_anew(TopoDS::Edge(shape));
+        }
+        if (shape.ShapeType() == TopAbs_WIRE && shape.NbChildren() == 1) {
+            BRep_Builder builder;
+            TopoDS_Wire wire;
+            builder.MakeWire(wire);
+            builder.Add(wire, begun_anew(TopoDS::Edge(TopoDS_Iterator(shape).Value())));
+            wire.Closed(Standard_True);
+            return wire;
         }
         return described_anew(shape, history);
     };

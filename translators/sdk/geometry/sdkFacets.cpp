@@ -229,9 +229,9 @@ sdkFacetCounts sdk_make_facets(sdkDocument & document, sdkFacetOptions const & o
     }
     if (triangles > options.max_facets) {
         counts.refusal = sdkText(
-            "geometry::There are %d triangles to make faces of, and the limit is %d; reduce the mesh, "
-            "raise the limit, or write a mesh format",
-            triangles, options.max_facets);
+            "geometry::There are %d triangles to make faces of, and the limit is %d; reduce the mesh, raise "
+            "the option %s, or write a mesh format",
+            triangles, options.max_facets, options.max_option);
         return counts;
     }
     Message_ProgressScope scope(range, nullptr, 2);

@@ -25,6 +25,7 @@ struct sdkFacetOptions {
     bool solids = true;        // closed shells become solids that look outward, those inside them cavities
     bool merge_coplanar = false;       // neighbouring facets of one plane become one face
     std::int64_t max_facets = 100'000; // in the whole document
+    std::string max_option = {};       // of the format, which sets max_facets; the refusal names it
 };
 
 struct sdkFacetCounts {

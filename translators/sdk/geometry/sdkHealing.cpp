@@ -3,11 +3,13 @@
 #include "sdk/geometry/sdkPartEdit.h"
 #include "sdk/geometry/sdkReShapeHistory.h"
 
+#include <BRepBuilderAPI_Copy.hxx>
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepLib.hxx>
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
 #include <Precision.hxx>
+#include <ShapeBuild_ReShape.hxx>
 #include <ShapeFix_Shape.hxx>
 #include <ShapeFix_Wireframe.hxx>
 #include <TopExp.hxx>
@@ -25,6 +27,16 @@ std::int64_t count_loose_edges(TopoDS_Shape const & shape, double maximum)
         count += BRep_Tool::Tolerance(TopoDS::Edge(edges(at))) > maximum ? 1 : 0;
     }
     return count;
+}
+
+void remember_copy(TopoDS_Shape const & shape, BRepBuilderAPI_Copy & copy,
+                   Handle(ShapeBuild_ReShape) const & context, sdkShapeHistory & history)
+{
+    TopTools_IndexedMapOfShape all;
+    TopExp::MapShapes(shape, all);
+    for (int at = 1; at <= all.Extent(); ++at) {
+        history.replace(all(at), context->Apply(copy.ModifiedShape(all(at))));
+    }
 }
 
 bool valid(TopoDS_Shape const & shape)
@@ -48,7 +60,13 @@ sdkHealingCounts sdk_heal(sdkDocument & document, TDF_LabelSequence const & part
         ++counts.parts;
         bool const was_valid = valid(shape);
         counts.invalid += was_valid ? 0 : 1;
-        ShapeFix_Shape fix(shape);
+        // Repairs change curves and tolerances in place, so one that may be taken back is made on a copy.
+        std::optional<BRepBuilderAPI_Copy> copy;
+        if (options.keep) {
+            copy.emplace(shape);
+        }
+        auto const original = copy ? copy->Shape() : shape;
+        ShapeFix_Shape fix(original);
         fix.SetPrecision(options.precision);
         fix.SetMaxTolerance(options.max_tolerance);
         fix.SetMinTolerance(Precision::Confusion());
@@ -66,14 +84,25 @@ sdkHealingCounts sdk_heal(sdkDocument & document, TDF_LabelSequence const & part
         if (options.same_parameter) {
             BRepLib::SameParameter(after, options.precision);
         }
+        bool const changed = fixed || dropped || options.same_parameter;
+        if (changed && options.keep && !options.keep(shape, after)) {
+            ++counts.taken_back;
+            counts.still_invalid += was_valid ? 0 : 1;
+            counts.loose_edges += count_loose_edges(shape, options.max_tolerance);
+            return std::nullopt;
+        }
         if (!was_valid && !valid(after)) {
             ++counts.still_invalid;
         }
         counts.loose_edges += count_loose_edges(after, options.max_tolerance);
-        if ((!fixed && !dropped) || after.IsSame(shape)) {
+        if (copy ? !changed : (!fixed && !dropped) || after.IsSame(shape)) {
             return std::nullopt;
         }
-        sdk_remember(shape, fix.Context(), history);
+        if (copy) {
+            remember_copy(shape, *copy, fix.Context(), history);
+        } else {
+            sdk_remember(shape, fix.Context(), history);
+        }
         return after;
     };
     auto const edits = sdk_edit_parts(document, parts, edit, scope.Next(parts.Length()));

@@ -1,5 +1,6 @@
 #include "sdk/geometry/sdkLosses.h"
 
+#include "sdk/sdkMaterials.h"
 #include "sdk/sdkStated.h"
 
 namespace {
@@ -73,6 +74,8 @@ std::int64_t sdk_report_losses(sdkDocument const & document, sdkCapabilities con
            attributes.coloured);
     report(capabilities.layers, "geometry::%s files hold no layers: the layers of %d shapes are lost",
            attributes.layered);
+    report(false, "geometry::%s files hold no materials: the materials or densities of %d parts are lost",
+           sdk_count_materials(document));
     report(
         false,
         "geometry::%s files hold no validation properties: the volumes, areas and centroids that the source "

@@ -51,6 +51,23 @@ double deviation(TopTools_IndexedMapOfShape const & faces)
     return farthest;
 }
 
+sdkTessellationCounts count(TopTools_IndexedMapOfShape const & faces)
+{
+    sdkTessellationCounts counts;
+    TopLoc_Location location;
+    for (int at = 1; at <= faces.Extent(); ++at) {
+        auto const & face = faces(at);
+        auto const & triangles = BRep_Tool::Triangulation(TopoDS::Face(face), location);
+        if (triangles.IsNull() || triangles->NbTriangles() == 0) {
+            ++counts.failed;
+        } else {
+            ++counts.faces;
+            counts.triangles += triangles->NbTriangles();
+        }
+    }
+    return counts;
+}
+
 } // namespace
 
 sdkTessellationCounts & sdkTessellationCounts::operator+=(sdkTessellationCounts const & other)
@@ -96,16 +113,18 @@ sdkTessellationCounts sdk_tessellate(TopoDS_Shape const & shape, sdkTessellation
             parameters.Deflection *= std::max(0.3, 0.9 * tolerances.linear / farthest);
         }
     }
+    counts = count(faces);
     counts.cancelled = scope.UserBreak();
-    for (int at = 1; at <= faces.Extent(); ++at) {
-        auto const & face = faces(at);
-        auto const & triangles = BRep_Tool::Triangulation(TopoDS::Face(face), location);
-        if (triangles.IsNull() || triangles->NbTriangles() == 0) {
-            ++counts.failed;
-        } else {
-            ++counts.faces;
-            counts.triangles += triangles->NbTriangles();
-        }
+    return counts;
+}
+
+sdkTessellationCounts sdk_count_triangles(sdkDocument const & document)
+{
+    sdkTessellationCounts counts;
+    for (auto const & part : document.parts()) {
+        TopTools_IndexedMapOfShape faces;
+        TopExp::MapShapes(XCAFDoc_ShapeTool::GetShape(part), TopAbs_FACE, faces);
+        counts += count(faces);
     }
     return counts;
 }

@@ -29,3 +29,6 @@ sdkTessellationCounts sdk_tessellate(TopoDS_Shape const & shape, sdkTessellation
 sdkTessellationCounts sdk_tessellate(sdkDocument const & document,
                                      sdkTessellationTolerances const & tolerances,
                                      Message_ProgressRange const & range = {});
+
+// What the parts of a document have of triangles as they are.
+sdkTessellationCounts sdk_count_triangles(sdkDocument const & document);

@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkInventory.h"
 
 #include "sdk/measure/sdkInventoryColours.h"
+#include "sdk/sdkVisibility.h"
 
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
@@ -219,7 +220,7 @@ private:
         if (auto const name = sdkDocument::name(label); !name.empty()) {
             names.insert(name);
         }
-        hidden = hidden || sdk_label_hidden(m_document, label);
+        hidden = hidden || sdk_hidden(m_document, label);
         layers.merge(sdk_label_layers(m_document, label));
     }
 

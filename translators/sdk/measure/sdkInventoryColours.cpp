@@ -1,5 +1,7 @@
 #include "sdk/measure/sdkInventoryColours.h"
 
+#include "sdk/sdkVisibility.h"
+
 #include <Quantity_ColorRGBA.hxx>
 #include <TColStd_HSequenceOfExtendedString.hxx>
 #include <TCollection_AsciiString.hxx>
@@ -51,21 +53,6 @@ std::set<std::string> sdk_label_layers(sdkDocument const & document, TDF_Label c
     return names;
 }
 
-bool sdk_label_hidden(sdkDocument const & document, TDF_Label const & label)
-{
-    if (!document.colours()->IsVisible(label)) {
-        return true;
-    }
-    TDF_LabelSequence layers;
-    document.layers()->GetLayers(label, layers);
-    for (auto const & layer : layers) {
-        if (!document.layers()->IsVisible(layer)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 sdkPartAttributes::sdkPartAttributes(sdkDocument const & document, TDF_Label const & part)
     : m_part(read(document, part))
 {
@@ -82,7 +69,7 @@ sdkPartAttributes::sdkPartAttributes(sdkDocument const & document, TDF_Label con
 sdkPartAttributes::Detail sdkPartAttributes::read(sdkDocument const & document, TDF_Label const & label)
 {
     return {sdkDocument::name(label), sdk_label_colour(document, label), sdk_label_layers(document, label),
-            sdk_label_hidden(document, label)};
+            sdk_hidden(document, label)};
 }
 
 sdkPartAttributes::Detail const * sdkPartAttributes::of(TopoDS_Shape const & shape) const

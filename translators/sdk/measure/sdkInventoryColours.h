@@ -38,5 +38,3 @@ private:
 std::optional<std::string> sdk_label_colour(sdkDocument const & document, TDF_Label const & label);
 
 std::set<std::string> sdk_label_layers(sdkDocument const & document, TDF_Label const & label);
-
-bool sdk_label_hidden(sdkDocument const & document, TDF_Label const & label);

@@ -221,10 +221,10 @@ TEST(Facets, RefusesMoreTrianglesThanTheLimitAndChangesNothing)
 {
     sdkDocument document;
     document.add_shape(kit_facet_cube(), "Cube");
-    auto const counts = sdk_make_facets(document, {.max_facets = 11});
+    auto const counts = sdk_make_facets(document, {.max_facets = 11, .max_option = "xWriteMaxFacets"});
     EXPECT_EQ(counts.refusal.formatted(),
               "There are 12 triangles to make faces of, and the limit is 11; reduce the mesh, "
-              "raise the limit, or write a mesh format");
+              "raise the option xWriteMaxFacets, or write a mesh format");
     EXPECT_EQ(document.count_entities().facets_only, 1);
     EXPECT_TRUE(sdk_make_facets(document, {.max_facets = 12}).refusal.empty());
 }

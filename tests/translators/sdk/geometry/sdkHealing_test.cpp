@@ -50,6 +50,38 @@ TEST(Healing, RepairsAFaceWhoseBoundaryIsTurnedAndKeepsItsColour)
     EXPECT_TRUE(kit_colour(document, part).IsEqual(kit_red()));
 }
 
+TEST(Healing, TakesARepairBackThatIsNotGoodEnough)
+{
+    for (bool const good : {false, true}) {
+        auto const cylinder = BRepPrimAPI_MakeCylinder(5, 10).Shape();
+        auto const edge = TopoDS::Edge(TopExp_Explorer(cylinder, TopAbs_EDGE).Current());
+        BRep_Builder().UpdateEdge(edge, 0.1);
+        BRep_Builder().SameParameter(edge, Standard_False);
+        sdkDocument document;
+        auto const part = document.add_shape(cylinder, "Cylinder");
+        auto const face = TopExp_Explorer(cylinder, TopAbs_FACE).Current();
+        document.colours()->SetColor(document.shapes()->AddSubShape(part, face), kit_red(),
+                                     XCAFDoc_ColorSurf);
+        TopoDS_Shape judged;
+        sdkHealingOptions options;
+        options.keep = [&](TopoDS_Shape const & before, TopoDS_Shape const & after) {
+            EXPECT_TRUE(before.IsSame(cylinder));
+            judged = after;
+            return good;
+        };
+        auto const counts = sdk_heal(document, document.parts(), options);
+        ASSERT_FALSE(judged.IsNull());
+        EXPECT_EQ(counts.taken_back, good ? 0 : 1);
+        EXPECT_EQ(counts.repaired, good ? 1 : 0);
+        EXPECT_EQ(counts.details, 0);
+        EXPECT_EQ(XCAFDoc_ShapeTool::GetShape(part).IsSame(cylinder), !good);
+        EXPECT_EQ(XCAFDoc_ShapeTool::GetShape(part).IsSame(judged), good);
+        EXPECT_EQ(BRep_Tool::Tolerance(edge), 0.1) << "the repair has changed what it had to leave alone";
+        EXPECT_FALSE(BRep_Tool::SameParameter(edge));
+        EXPECT_TRUE(kit_colour(document, part).IsEqual(kit_red()));
+    }
+}
+
 TEST(Healing, CountsEdgesWhoseToleranceExceedsTheMaximum)
 {
     auto const cube = kit_cube(10);

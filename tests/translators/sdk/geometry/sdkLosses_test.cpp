@@ -5,7 +5,10 @@
 #include "translators/kit/kitTrip.h"
 
 #include <BRepBuilderAPI_MakeVertex.hxx>
+#include <TCollection_HAsciiString.hxx>
 #include <TopoDS_Vertex.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_MaterialTool.hxx>
 #include <gtest/gtest.h>
 
 TEST(Losses, CountsAttributesOfPartsAssembliesAndSubShapes)
@@ -69,4 +72,20 @@ TEST(Losses, NameWhatTheSourceHasStatedOfItsProducts)
     EXPECT_TRUE(reporter.says("STL files hold no validation properties"));
     EXPECT_TRUE(reporter.says("states for 3 products are lost"));
     EXPECT_TRUE(reporter.misfits.empty());
+}
+
+TEST(Losses, NamesMaterials)
+{
+    sdkDocument document;
+    auto const part = document.add_shape(kit_cube(10), "Part");
+    auto const materials = XCAFDoc_DocumentTool::MaterialTool(document.handle()->Main());
+    materials->SetMaterial(part, new TCollection_HAsciiString("Steel"), new TCollection_HAsciiString(""),
+                           7.85, new TCollection_HAsciiString(""), new TCollection_HAsciiString(""));
+    materials->SetMaterial(document.add_shape(kit_cube(20), "Other"), new TCollection_HAsciiString(""),
+                           new TCollection_HAsciiString(""), 0, new TCollection_HAsciiString(""),
+                           new TCollection_HAsciiString(""));
+    kitReporter reporter;
+    sdk_report_losses(document, {}, "BREP", reporter);
+    EXPECT_EQ(reporter.outputs, std::vector<std::string>{"BREP files hold no materials: the materials or "
+                                                         "densities of 1 parts are lost"});
 }

@@ -1,0 +1,91 @@
+#include "sdk/geometry/sdkPartEdit.h"
+#include "sdk/geometry/sdkTriangleGaps.h"
+
+#include <BRepTools.hxx>
+#include <Message_ProgressScope.hxx>
+#include <ShapeFix_Shape.hxx>
+#include <Standard_Failure.hxx>
+#include <Standard_OutOfMemory.hxx>
+
+namespace {
+
+// A repair may not move anything further than this; in millimetres.
+constexpr double most_moved = 0.01;
+
+void tessellate_again(TopoDS_Shape const & shape, sdkTessellationTolerances const & tolerances)
+{
+    BRepTools::Clean(shape);
+    sdk_tessellate(shape, tolerances);
+}
+
+bool is_better(sdkTriangleGaps const & now, sdkTriangleGaps const & before)
+{
+    return now.closed_solids >= before.closed_solids && now.unmatched_edges < before.unmatched_edges;
+}
+
+// Null when the repair itself fails, as it does on a face whose border crosses itself.
+TopoDS_Shape repaired(TopoDS_Shape const & shape)
+{
+    try {
+        Handle(ShapeFix_Shape) const fix = new ShapeFix_Shape(shape);
+        fix->SetMaxTolerance(most_moved);
+        fix->Perform();
+        return fix->Shape();
+    } catch (Standard_OutOfMemory const &) {
+        throw;
+    } catch (Standard_Failure const &) {
+        return {};
+    }
+}
+
+// Returns what is left open.
+std::int64_t close(sdkDocument & document, TDF_Label const & part,
+                   sdkTessellationTolerances const & tolerances)
+{
+    auto const shape = XCAFDoc_ShapeTool::GetShape(part);
+    auto const before = sdk_triangle_gaps(shape);
+    if (before.unmatched_edges == 0) {
+        return 0;
+    }
+    tessellate_again(shape, {tolerances.linear / 2, tolerances.angular / 2});
+    if (auto const finer = sdk_triangle_gaps(shape); is_better(finer, before)) {
+        return finer.unmatched_edges;
+    }
+    tessellate_again(shape, tolerances);
+    auto const mended = repaired(shape);
+    if (mended.IsNull()) {
+        return before.unmatched_edges;
+    }
+    tessellate_again(mended, tolerances);
+    auto const after = sdk_triangle_gaps(mended);
+    if (!is_better(after, before)) {
+        return before.unmatched_edges;
+    }
+    TDF_LabelSequence parts;
+    parts.Append(part);
+    sdk_edit_parts(document, parts,
+                   [&](TDF_Label const &, TopoDS_Shape const &, sdkShapeHistory &) { return mended; });
+    return after.unmatched_edges;
+}
+
+} // namespace
+
+std::vector<sdkOpenPart> sdk_close_triangles(sdkDocument & document,
+                                             sdkTessellationTolerances const & tolerances,
+                                             Message_ProgressRange const & range)
+{
+    std::vector<sdkOpenPart> open;
+    auto const parts = document.parts();
+    Message_ProgressScope scope(range, nullptr, parts.Length());
+    for (auto const & part : parts) {
+        if (scope.UserBreak()) {
+            break;
+        }
+        auto const name = sdkDocument::name(part);
+        if (auto const left = close(document, part, tolerances); left > 0) {
+            open.push_back({name, left});
+        }
+        scope.Next();
+    }
+    return open;
+}
