@@ -145,7 +145,7 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
     std::vector<sdkText> problems; // there are none: the values are the modules' own
     Listener listener;
     sdkOptions const options(module->resources(), values, problems);
-    sdkContext context(options, listener, question.written);
+    sdkContext context(options, listener, question.shown);
     context.account().want(false);
     sdkDocument output;
     Message_ProgressScope scope(m_progress->Start(), nullptr, 10);

@@ -6,6 +6,7 @@
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkInexactSeams.h"
 #include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
@@ -48,7 +49,8 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
     promise.holds = {.structure = false,
                      .names = options.boolean("igesWriteNames"),
                      .colours = options.boolean("igesWriteColours"),
-                     .layers = options.boolean("igesWriteLayers"),
+                     .layers = false, // levels have numbers in place of the names
+                     .transparency = false,
                      .solids = solids};
     promise.ascii_names = true;
     promise.exact_curves = options.text("igesWriteCurves") == "exact";
@@ -71,6 +73,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     flatten(document);
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
+    sdk_divide_inexact_seams(document);
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));

@@ -27,6 +27,15 @@ std::string as_written(std::string const & name, sdkPromise const & promise)
     return promise.ascii_names ? in_ascii(name) : name;
 }
 
+std::map<std::string, double> opaque(std::map<std::string, double> const & colours)
+{
+    std::map<std::string, double> result;
+    for (auto const & [colour, share] : colours) {
+        result[colour.size() == 9 ? colour.substr(0, 7) + "ff" : colour] += share;
+    }
+    return result;
+}
+
 bool near_colour(std::string const & a, std::string const & b)
 {
     if (a == b || a.size() != b.size() || a.empty()) {
@@ -89,7 +98,10 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
     }
-    if (holds.colours && !sdk_same_colours(source.colours, output.colours)) {
+    auto const solid = [&](std::map<std::string, double> const & colours) {
+        return holds.transparency ? colours : opaque(colours);
+    };
+    if (holds.colours && !sdk_same_colours(solid(source.colours), solid(output.colours))) {
         auto const found = sdk_main_colour(output.colours);
         add("colour",
             found.empty()

@@ -1,13 +1,12 @@
 #include "sdk/measure/sdkBodyMeasure.h"
 
+#include "sdk/measure/sdkCurveIntegrals.h"
 #include "sdk/measure/sdkEdgeDeviation.h"
 #include "sdk/measure/sdkFaceIntegrals.h"
 #include "sdk/measure/sdkMeshMeasure.h"
 
 #include <BRepAdaptor_Curve.hxx>
-#include <BRepGProp.hxx>
 #include <BRep_Tool.hxx>
-#include <GProp_GProps.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -144,10 +143,10 @@ void extend(TopoDS_Shape const & body, Bnd_Box & extent)
 sdkBodyMeasure measure_curve(TopoDS_Shape const & body)
 {
     sdkBodyMeasure measure;
-    GProp_GProps line;
-    BRepGProp::LinearProperties(body, line);
-    measure.length = line.Mass();
-    measure.centroid = line.CentreOfMass();
+    auto const integrals = sdk_curve_integrals(TopoDS::Edge(body));
+    measure.length = integrals.length;
+    measure.centroid =
+        integrals.length > 0 ? gp_Pnt(integrals.moment / integrals.length) : reference_of(body);
     measure.edges = 1;
     extend(body, measure.extent);
     return measure;

@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkMeshDistance.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/sdkVisibility.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
@@ -13,6 +14,7 @@
 #include <Poly_Triangulation.hxx>
 #include <Precision.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopTools_MapOfShape.hxx>
 #include <TopoDS.hxx>
 
 #include <array>
@@ -92,9 +94,30 @@ void add_inside(TopoDS_Face const & face, int most, std::string const & part,
     }
 }
 
-void add_points(TDF_Label const & label, TopLoc_Location const & outer, int most,
-                std::vector<sdkSurfacePoint> & points)
+// The faces of the sub-shapes of a part that are hidden.
+TopTools_MapOfShape hidden_faces(sdkDocument const & document, TDF_Label const & part)
 {
+    TopTools_MapOfShape faces;
+    TDF_LabelSequence details;
+    XCAFDoc_ShapeTool::GetSubShapes(part, details);
+    for (auto const & detail : details) {
+        if (!sdk_hidden(document, detail)) {
+            continue;
+        }
+        for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(detail), TopAbs_FACE); face.More();
+             face.Next()) {
+            faces.Add(face.Current());
+        }
+    }
+    return faces;
+}
+
+void add_points(sdkDocument const & document, TDF_Label const & label, TopLoc_Location const & outer,
+                bool hidden, int most, std::vector<sdkSurfacePoint> & points)
+{
+    if (!hidden && sdk_hidden(document, label)) {
+        return;
+    }
     TDF_Label definition = label;
     TopLoc_Location location = outer;
     if (XCAFDoc_ShapeTool::GetReferredShape(label, definition)) {
@@ -106,17 +129,18 @@ void add_points(TDF_Label const & label, TopLoc_Location const & outer, int most
         TDF_LabelSequence components;
         XCAFDoc_ShapeTool::GetComponents(definition, components);
         for (auto const & component : components) {
-            add_points(component, location, most, points);
+            add_points(document, component, location, hidden, most, points);
         }
         return;
     }
     auto const part = sdkDocument::name(definition);
+    auto const left_out = hidden ? TopTools_MapOfShape() : hidden_faces(document, definition);
     std::vector<sdkSurfacePoint> own;
     for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(definition), TopAbs_FACE); face.More();
          face.Next()) {
         auto const & one = TopoDS::Face(face.Current());
         TopLoc_Location ignored;
-        if (!BRep_Tool::Surface(one, ignored).IsNull()) {
+        if (!left_out.Contains(one) && !BRep_Tool::Surface(one, ignored).IsNull()) {
             add_edges(one, most, part, own);
             add_inside(one, most, part, own);
         }
@@ -129,11 +153,11 @@ void add_points(TDF_Label const & label, TopLoc_Location const & outer, int most
 
 } // namespace
 
-std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face)
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, bool hidden, int most_of_a_face)
 {
     std::vector<sdkSurfacePoint> points;
     for (auto const & label : document.free_shapes()) {
-        add_points(label, {}, most_of_a_face, points);
+        add_points(document, label, {}, hidden, most_of_a_face, points);
     }
     return points;
 }

@@ -15,8 +15,9 @@ struct sdkSurfacePoint {
 };
 
 // Points of all faces of the document at all their places: along their edges, and on curved faces between
-// them. At most so many for one face.
-std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face = 64);
+// them. At most so many for one face; none of hidden shapes, unless they are wanted.
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, bool hidden = true,
+                                                int most_of_a_face = 64);
 
 // Distances of points from the triangles of a document, in millimetres.
 class sdkMeshDistance {

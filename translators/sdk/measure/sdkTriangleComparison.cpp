@@ -115,6 +115,9 @@ std::vector<sdkFinding> sdk_compare_triangles(sdkMeasuredModel const & a, sdkMea
                                      *finding.source, *finding.output);
     }
     compare_surfaces(surfaces.document, triangles.document, deflection, findings);
-    compare_points(surfaces.document, triangles, deflection, findings);
+    // Surfaces take long to be given triangles that are fine enough; what is known to differ needs none.
+    if (findings.empty()) {
+        compare_points(surfaces.document, triangles, deflection, findings);
+    }
     return findings;
 }
