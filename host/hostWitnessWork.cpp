@@ -13,6 +13,7 @@
 #include <exception>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -116,8 +117,11 @@ hostTestimony hostWitnessWork::testify(hostQuestion const & question)
     sdkText reason;
     auto repaired = attempt(question, true, reason);
     auto const weight = [](std::optional<std::vector<sdkFinding>> const & findings) {
-        return std::count_if(findings->begin(), findings->end(),
-                             [](auto const & finding) { return finding.weight != sdkWeight::note; });
+        auto const number = [&](sdkWeight one) {
+            return std::count_if(findings->begin(), findings->end(),
+                                 [one](auto const & finding) { return finding.weight == one; });
+        };
+        return std::pair(number(sdkWeight::loss), number(sdkWeight::difference));
     };
     auto & best = repaired && (!strict || weight(repaired) <= weight(strict)) ? repaired : strict;
     if (!best) {
