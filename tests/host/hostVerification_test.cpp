@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <map>
 
 using nlohmann::json;
 
@@ -227,7 +229,9 @@ TEST_F(HostVerification, OutlivesAWitnessThatTalksNonsense)
 TEST_F(HostVerification, WaitsForTheReaderOnlySoLong)
 {
     job.value()["patience"] = 0.01;
+    auto const begun = std::chrono::steady_clock::now();
     run({{"lieReads", "hang"}, {"lieChecked", "true"}});
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(4));
     EXPECT_EQ(status(), "completed");
     EXPECT_EQ(verdict(), "not_verified");
     ASSERT_EQ(findings("not-read-back").size(), 1U);
