@@ -189,12 +189,14 @@ TEST_F(CompareProgram, SaysWhyNothingCouldBeCompared)
     folder.write("garbage.step", "ISO-10303-21; this is no file of that kind");
     folder.write("noise.xyz", "noise");
     folder.write("a.stl", cube_stl(0));
+    folder.write("no\xFFtext.stl", cube_stl(0));
     for (auto const & [words, part] : std::vector<std::pair<std::vector<std::string>, std::string>>{
              {{"a.stl", "absent.step"}, "absent.step"},
              {{"a.stl", "garbage.step"}, "garbage.step"},
              {{"a.stl", "noise.xyz"}, "--format-b"},
              {{"noise.xyz", "a.stl"}, "--format-a"},
              {{"a.stl", "."}, "folder"},
+             {{"a.stl", "no\xFFtext.stl"}, "text.stl is not valid"},
              {{"a.stl"}, "B is required"},
              {{"a.stl", "a.stl", "--relative", "much"}, "--relative"},
              {{"a.stl", "a.stl", "--relative", "-1"}, "--relative"},
