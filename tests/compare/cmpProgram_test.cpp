@@ -7,6 +7,7 @@
 #include <csignal>
 #include <nlohmann/json.hpp>
 #include <poll.h>
+#include <set>
 #include <sstream>
 
 using nlohmann::json;
@@ -153,6 +154,32 @@ TEST_F(CompareProgram, HoldsTrianglesAgainstSurfaces)
     auto const counted = run_json({sample, "screw.stl", "--counts"}, 2);
     EXPECT_EQ(counted["same"], nullptr) << "counts of triangles and of faces say nothing of each other";
     EXPECT_TRUE(counted.contains("error"));
+}
+
+TEST_F(CompareProgram, ComparesAttributesOrDoesNot)
+{
+    // Two transparent plates in a layer, and a hidden pin, which IGES files hold in other ways.
+    std::string const source = FAULTS "/attr.step";
+    translate(source, "IGES", "attr.igs");
+    std::set<std::string> kinds;
+    auto const report = run_json({source, "attr.igs"}, 1);
+    for (auto const & difference : report["differences"])
+        kinds.insert(difference["kind"]);
+    EXPECT_EQ(kinds, (std::set<std::string>{"colour", "layer"})) << report;
+    EXPECT_EQ(run({source, "attr.igs", "--no-colours", "--quiet"}).exit_status, 1);
+    EXPECT_EQ(run({source, "attr.igs", "--no-colours", "--no-layers", "--quiet"}).exit_status, 0);
+
+    // A format without names and assemblies is not blamed for it, unless they are asked for.
+    translate(source, "BREP", "attr.brep");
+    EXPECT_EQ(run({source, "attr.brep", "--quiet"}).exit_status, 0);
+    EXPECT_EQ(run({source, "attr.brep", "--names", "--quiet"}).exit_status, 1);
+    EXPECT_EQ(run({source, "attr.brep", "--structure", "--quiet"}).exit_status, 1);
+
+    auto const all = run({source, source, "--all"});
+    EXPECT_EQ(all.exit_status, 0);
+    EXPECT_NE(all.output.find("hidden pin"), std::string::npos) << all.output;
+    EXPECT_EQ(run({source, source}).output.find("hidden pin"), std::string::npos);
+    EXPECT_TRUE(is_last_line(run({source, "attr.brep", "--counts"}).output, "Same by counts"));
 }
 
 TEST_F(CompareProgram, ReadsAsTheOptionsSay)
