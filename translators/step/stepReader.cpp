@@ -15,6 +15,7 @@
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
 #include "step/stepMaterials.h"
+#include "step/stepOperators.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
@@ -92,7 +93,20 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     m_links = stepTextualLinks(reader.StepModel(), file.text());
-    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) { return m_links.explain(entity); });
+    auto const completed = step_complete_operators(reader.StepModel(), file.text());
+    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
+        return m_links.explain(entity) || completed.count(entity.get()) > 0;
+    });
+    if (!completed.empty()) {
+        m_context.account().add(
+            {.kind = "not-standard",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(completed.size()),
+             .text = sdkText("step::%s: %d transformations lack the second name and the description that the "
+                             "standard gives them; they are read without",
+                             m_context.file(), completed.size())});
+    }
     if (auto result = check_transformations(); !result) {
         return result;
     }

@@ -46,16 +46,52 @@ std::vector<int> references_in(std::string_view text)
 
 } // namespace
 
-stepReferences step_references_of(std::set<int> const & numbers, std::string_view text)
+std::map<int, std::string_view> step_definitions_of(std::set<int> const & numbers, std::string_view text)
 {
-    stepReferences found;
+    std::map<int, std::string_view> found;
     if (numbers.empty()) {
         return found;
     }
     for (auto at = text.find('='); at != std::string_view::npos; at = text.find('=', at + 1)) {
         if (int const number = number_before(text, at); numbers.count(number) > 0) {
-            found.emplace(number, references_in(text.substr(at)));
+            found.emplace(number, text.substr(at));
         }
+    }
+    return found;
+}
+
+std::vector<std::string> step_parameters(std::string_view definition)
+{
+    std::vector<std::string> parameters;
+    int depth = 0;
+    for (std::size_t at = 0; at < definition.size() && definition[at] != ';'; ++at) {
+        char const character = definition[at];
+        if (character == '\'') {
+            auto const end = std::min(definition.find('\'', at + 1), definition.size() - 1);
+            if (depth > 0) {
+                parameters.back() += definition.substr(at, end - at + 1);
+            }
+            at = end;
+            continue;
+        }
+        depth -= character == ')' ? 1 : 0;
+        if (depth > 0 && !(depth == 1 && character == ',') &&
+            white.find(character) == std::string_view::npos) {
+            parameters.back() += character;
+        }
+        depth += character == '(' ? 1 : 0;
+        if ((character == '(' || character == ',') && depth == 1) {
+            parameters.emplace_back();
+        }
+    }
+    return parameters;
+}
+
+stepReferences step_references_of(std::set<int> const & numbers, std::string_view text)
+{
+    stepReferences found;
+    for (auto const & [number, definition] : step_definitions_of(numbers, text)) {
+        found.emplace(number, references_in(definition));
     }
     return found;
 }

@@ -154,3 +154,13 @@ TEST_F(StepMappings, CopiesWithinAProductHaveTheColoursOfTheirSource)
     ASSERT_EQ(document.parts().Length(), 1);
     EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(Quantity_Color(Quantity_NOC_RED)));
 }
+
+TEST_F(StepMappings, OperatorsWithoutSecondNameAndDescriptionAreReadAndTold)
+{
+    expect_range(mapped("#102=CARTESIAN_TRANSFORMATION_OPERATOR_3D('a, (b;',#15,$,#110,2.,#14);\n", "#107"),
+                 102, 114, 48);
+    ASSERT_EQ(account().findings().size(), 1U);
+    EXPECT_EQ(account().findings().front().kind, "not-standard");
+    EXPECT_EQ(account().findings().front().weight, sdkWeight::note);
+    EXPECT_TRUE(said().errors.empty()) << said().errors.front();
+}

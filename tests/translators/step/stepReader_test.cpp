@@ -136,7 +136,7 @@ TEST_F(StepReader, RefusesATransformationWithoutOrigin)
     auto const text = cube_text();
     auto const said =
         refusal(with(text, "DATA;\n",
-                     "DATA;\n#90001=CARTESIAN_TRANSFORMATION_OPERATOR_3D('',#90002,#90002,#90003,1.,"
+                     "DATA;\n#90001=CARTESIAN_TRANSFORMATION_OPERATOR_3D('',#90002,#90002,$,1.,"
                      "#90002);\n#90002=DIRECTION('',(0.,0.,1.));\n#90003=CARTESIAN_POINT('',(0.,0.,0.));\n"));
     EXPECT_TRUE(has(said, "#90001")) << said;
 }
