@@ -106,7 +106,7 @@ TEST(TriangleComparison, SeesAPointThatSticksOut)
     // The surfaces all have triangles near them; only the triangles know of the spike.
     Model const surfaces(kit_cube(100));
     auto const triangles = Model(triangles_of(kit_cube(100), 0.1, -0.9));
-    auto const findings = sdk_compare_triangles(triangles.measured(), surfaces.measured(), 0.5);
+    auto const findings = sdk_compare_triangles(triangles.measured(), surfaces.measured(), 0.7);
     ASSERT_EQ(kinds(findings), Kinds{"deviation"});
     EXPECT_NEAR(*findings[0].output, 0.9, 0.01);
 }
