@@ -75,7 +75,7 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         promise.read_back = {{"stlReadUnit", "in"}};
         promise.made = promise.exact_curves = promise.ascii_names = promise.hidden = promise.checked = flag;
         auto & holds = promise.holds;
-        holds = {flag, flag, flag, flag, flag, flag, flag, flag, flag};
+        holds = {flag, flag, flag, flag, flag, flag, flag, flag, flag, flag};
         return question;
     };
     for (bool const flag : {false, true}) {
@@ -88,7 +88,7 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         for (bool const read_flag :
              {promise.made, promise.exact_curves, promise.ascii_names, promise.hidden, promise.checked,
               holds.structure, holds.names, holds.colours, holds.layers, holds.curves, holds.points,
-              holds.surfaces, holds.visibility, holds.solids}) {
+              holds.surfaces, holds.visibility, holds.transparency, holds.solids}) {
             EXPECT_EQ(read_flag, flag);
         }
     }

@@ -64,8 +64,12 @@ void iges_decode_names(Handle(IGESData_IGESModel) const & model, std::string con
     auto const page = iconv_name(code_page);
     for (int number = 1; number <= model->NbEntities(); ++number) {
         auto const name = Handle(IGESBasic_Name)::DownCast(model->Entity(number));
-        if (name.IsNull() || name->Value().IsNull()) {
+        if (name.IsNull()) {
             continue;
+        }
+        if (name->Value().IsNull()) {
+            // The toolkit follows a name that could not be read without looking.
+            name->Init(1, new TCollection_HAsciiString(""));
         }
         std::string const text = name->Value()->ToCString();
         if (is_ascii(text)) {

@@ -10,7 +10,8 @@
 class IGESData_IGESModel;
 
 // Turns the names of the entities, which are in the code page, into UTF-8, as which they are put into a
-// document. A name that is not in the code page is taken for ISO 8859-1, which fits any bytes.
+// document. A name that is not in the code page is taken for ISO 8859-1, which fits any bytes; one that could
+// not be read becomes an empty one.
 void iges_decode_names(Handle(IGESData_IGESModel) const & model, std::string const & code_page);
 
 // Puts an underscore for each character of a name in the document that is not ASCII. Returns the number of

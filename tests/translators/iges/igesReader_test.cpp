@@ -122,3 +122,14 @@ TEST_F(IgesReader, SaysThatAModelHasAScaleAndKeepsItsLengths)
     EXPECT_TRUE(has(finding.text.formatted(), "0.5 times the real size"));
     EXPECT_NEAR(sdk_measure(document).volume, 6000, 1e-6);
 }
+
+TEST_F(IgesReader, ReadsASolidWhoseNameCannotBeRead)
+{
+    auto text = kit_read_file(FAULTS "/blank.igs");
+    auto const name = text.find("406,1,3Hbox;");
+    ASSERT_NE(name, std::string::npos);
+    text.replace(name, 3, "400");
+    sdkDocument document;
+    ASSERT_TRUE(read(folder().write("nameless.igs", text), document));
+    EXPECT_NEAR(sdk_measure(document).volume, 6000, 1e-6);
+}
