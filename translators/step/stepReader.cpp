@@ -23,6 +23,7 @@
 #include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
+#include <STEPCAFControl_ExternFile.hxx>
 #include <STEPControl_Controller.hxx>
 #include <StepData_StepModel.hxx>
 #include <StepGeom_CartesianPoint.hxx>
@@ -214,8 +215,9 @@ void stepReader::take_inventory()
     for (int number = 1; number <= reader.NbRootsForTransfer(); ++number) {
         roots.push_back(reader.RootForTransfer(number));
     }
-    stepInventory inventory(reader.WS(), m_links, m_context);
+    stepInventory inventory(reader.WS(), m_links, m_context.file(), m_context);
     inventory.take(roots);
+    take_external_inventories();
     auto const absent = step_lose_absent_files(reader.WS(), m_context);
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
         return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
@@ -255,6 +257,19 @@ void stepReader::read_visibility(sdkDocument & document, int hidden_before)
              .text =
                  sdkText("step::%s hides %d bodies or surfaces; they stay hidden where the output can say so",
                          m_context.file(), hidden)});
+    }
+}
+
+// What is lost in files that hold parts of an assembly is lost in the assembly.
+void stepReader::take_external_inventories()
+{
+    using Files = NCollection_DataMap<TCollection_AsciiString, Handle(STEPCAFControl_ExternFile)>;
+    for (Files::Iterator file(m_reader->ExternFiles()); file.More(); file.Next()) {
+        auto const & session = file.Value()->GetWS();
+        if (file.Value()->GetLoadStatus() == IFSelect_RetDone && file.Value()->GetTransferStatus() &&
+            !session.IsNull() && session != m_reader->Reader().WS() && !session->Model().IsNull()) {
+            stepInventory(session, {}, file.Key().ToCString(), m_context).take({});
+        }
     }
 }
 

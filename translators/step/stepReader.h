@@ -27,6 +27,7 @@ private:
     void build_missing();
     void read_visibility(sdkDocument & document, int hidden_before);
     void take_inventory();
+    void take_external_inventories();
     void prepare_layers() const;
     void report_losses() const;
     void report_materials(std::int64_t arrived) const;
