@@ -54,7 +54,7 @@ the target format can hold them.
 
 Each translation runs in a process of its own, and an output appears whole
 or not at all. What a format cannot hold, and what went wrong, is reported
-with counts.]])
+with counts. A second program compares two files of any of these formats.]])
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${VMR_PACKAGE_NAME}-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION non-free/libdevel)

@@ -142,7 +142,7 @@ std::optional<std::string> cmp_make_job(cmpOptions const & options, cmpInstallat
     }
     for (auto const & [name, wanted] :
          {std::pair("names", options.names), std::pair("colours", options.colours),
-          std::pair("layers", options.layers)})
+          std::pair("layers", options.layers), std::pair("structure", options.structure)})
         if (wanted)
             comparison[name] = *wanted;
     json const job = {{"job", 1}, {"compare", comparison}, {"memory_limit", s2s_physical_memory()}};

@@ -60,6 +60,9 @@ void declare(CLI::App & app, cmpOptions & options, cmpTexts const & texts)
     add_choice(app, "layers", options.layers,
                texts("compare::Compare layers; without it, where both files have them"),
                texts("compare::Do not compare layers"));
+    add_choice(app, "structure", options.structure,
+               texts("compare::Compare assemblies; without it, where both files have them"),
+               texts("compare::Do not compare assemblies"));
     add_side(app, "a", options.a, texts);
     add_side(app, "b", options.b, texts);
 }

@@ -24,6 +24,7 @@ struct cmpOptions {
     std::optional<bool> names; ///< compared where both files have them when not given
     std::optional<bool> colours;
     std::optional<bool> layers;
+    std::optional<bool> structure; ///< assemblies and instances
     bool json = false;
     bool quiet = false;
     bool all = false; ///< the table has the parts that are the same, too

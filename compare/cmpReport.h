@@ -32,6 +32,7 @@ struct cmpReport {
     cmpSide b;
     std::vector<nlohmann::json> pairs; ///< the events of the host
     std::vector<cmpFinding> findings;  ///< differences and notes
+    bool counts_only = false;
     sdbVerdict verdict = sdbVerdictNone;
     std::string problem; ///< why they could not be compared
 

@@ -52,9 +52,8 @@ private:
 };
 
 /// True when the user has ended it.
-bool listen(s2sHostProcess & process, s2sHostLink & link, cmpHostTalk & talk)
+bool listen(EndSignals const & signals, s2sHostProcess & process, s2sHostLink & link, cmpHostTalk & talk)
 {
-    EndSignals const signals;
     s2sHostLink * const links[] = {&link};
     while (!talk.end() && (!link.closed() || link.has_line())) {
         if (!link.has_line())
@@ -87,9 +86,11 @@ cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & instal
                       cmpTexts const & texts)
 {
     cmpReport report;
+    report.counts_only = options.counts_only;
     auto const job = cmp_make_job(options, installation, texts, report);
     if (!job)
         return report;
+    EndSignals const signals;
     s2sHostProcess process;
     if (int const error = process.start(installation.host_program())) {
         report.problem =
@@ -99,7 +100,7 @@ cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & instal
     s2sHostLink link(process.descriptor());
     link.send(*job);
     cmpHostTalk talk(report, texts);
-    if (listen(process, link, talk)) {
+    if (listen(signals, process, link, talk)) {
         report.verdict = sdbVerdictNone;
         report.problem = texts("compare::The comparison was ended");
         return report;

@@ -146,7 +146,7 @@ void hostComparison::judge()
         .colours = compared(m_comparison.colours, in_a.colours, in_b.colours, same_format),
         .layers = compared(m_comparison.layers, in_a.layers, in_b.layers, same_format),
         .visibility = compared({}, in_a.hidden, in_b.hidden, same_format),
-        .structure = compared({}, a.assemblies > 0, b.assemblies > 0, same_format),
+        .structure = compared(m_comparison.structure, a.assemblies > 0, b.assemblies > 0, same_format),
         .same_format = same_format,
         .file_a = file_a,
         .file_b = file_b};

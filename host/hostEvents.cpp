@@ -107,6 +107,8 @@ void hostEvents::file(std::string const & path, char const * direction)
     auto const line = line_of({{"event", "file"}, {"path", path}, {"direction", direction}});
     std::lock_guard const lock(m_mutex);
     add(line);
+    // A reader that crashes at once takes with it what has not been sent, and the file would not be known.
+    flush();
 }
 
 void hostEvents::progress(int percent)

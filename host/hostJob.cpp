@@ -35,8 +35,10 @@ void from_json(json const & value, hostComparisonJob & job)
         *number = value.value(name, *number);
     }
     job.counts_only = value.value("level", std::string("full")) == "counts";
-    for (auto const & [name, wanted] :
-         {std::pair{"names", &job.names}, {"colours", &job.colours}, {"layers", &job.layers}}) {
+    for (auto const & [name, wanted] : {std::pair{"names", &job.names},
+                                        {"colours", &job.colours},
+                                        {"layers", &job.layers},
+                                        {"structure", &job.structure}}) {
         if (auto const found = value.find(name); found != value.end()) {
             *wanted = found->get<bool>();
         }

@@ -30,6 +30,7 @@ struct hostComparisonJob {
     std::optional<bool> names;
     std::optional<bool> colours;
     std::optional<bool> layers;
+    std::optional<bool> structure; // assemblies and instances
 };
 
 // The translation, or the comparison, that the engine asks for.

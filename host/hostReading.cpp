@@ -29,7 +29,7 @@ sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const 
     auto result = reader->transfer(document, scope.Next());
     m_findings = context.account().findings();
     auto const losses = std::count_if(m_findings.begin(), m_findings.end(), [](sdkFinding const & finding) {
-        return finding.weight == sdkWeight::loss;
+        return finding.weight == sdkWeight::loss && finding.kind != "annotation";
     });
     // Modules that keep no account only count.
     m_lost = context.account().kept() ? losses : std::max<std::int64_t>(losses, m_reporter.failed() - failed);

@@ -28,7 +28,7 @@ public:
 
     // What the reader has found out, once it has come as far as making shapes.
     std::vector<sdkFinding> const & findings() const { return m_findings; }
-    // How many things of the file gave no shape.
+    // How many things of the file should have given a shape and did not; annotation gives none.
     std::int64_t lost() const { return m_lost; }
 
 private:

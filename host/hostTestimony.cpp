@@ -85,6 +85,7 @@ void each_flag(Promise & promise, Visit const & visit)
     visit("points", promise.holds.points);
     visit("surfaces", promise.holds.surfaces);
     visit("visibility", promise.holds.visibility);
+    visit("transparency", promise.holds.transparency);
     visit("solids", promise.holds.solids);
     visit("exact_curves", promise.exact_curves);
     visit("ascii_names", promise.ascii_names);
@@ -97,6 +98,7 @@ void each_flag(Promise & promise, Visit const & visit)
 std::string host_write_question(hostQuestion const & question)
 {
     json value = {{"written", question.written},
+                  {"shown", question.shown},
                   {"deflection", question.promise.deflection},
                   {"read_back", question.promise.read_back}};
     each_flag(question.promise, [&](char const * name, bool flag) { value[name] = flag; });
@@ -108,6 +110,7 @@ hostQuestion host_read_question(std::string const & line)
     auto const value = json::parse(line);
     hostQuestion question;
     value.at("written").get_to(question.written);
+    value.at("shown").get_to(question.shown);
     value.at("deflection").get_to(question.promise.deflection);
     value.at("read_back").get_to(question.promise.read_back);
     each_flag(question.promise, [&](char const * name, bool & flag) { value.at(name).get_to(flag); });

@@ -9,6 +9,7 @@
 // What the witness is asked once the output is written.
 struct hostQuestion {
     std::string written; // path of the output
+    std::string shown;   // the name under which the user knows it
     sdkPromise promise;
 };
 

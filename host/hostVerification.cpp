@@ -1,5 +1,7 @@
 #include "host/hostVerification.h"
 
+#include "sdk/sdkFiles.h"
+
 #include <Message_ProgressScope.hxx>
 
 #include <algorithm>
@@ -70,8 +72,9 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     hostTestimony testimony;
     if (m_readable) {
         Message_ProgressScope scope(range, nullptr, 100);
-        testimony = m_witness->ask({m_job.output.file, writer.promise()}, limit(), m_cancelled,
-                                   [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); });
+        testimony =
+            m_witness->ask({m_job.output.file, m_job.final_name, writer.promise()}, limit(), m_cancelled,
+                           [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); });
         m_witness.reset();
         if (m_cancelled) {
             return sdkResult::cancelled();
@@ -94,8 +97,8 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     }
     auto const verdict = host_verdict(testimony, findings, reporter.failed());
     m_events.verdict(host_verdict_name(verdict));
-    reporter.message(sdkStream::output,
-                     host_verdict_text(verdict, findings, reporter.failed(),
-                                       m_level == hostVerificationLevel::counts, m_job.final_name));
+    reporter.message(sdkStream::output, host_verdict_text(verdict, findings, reporter.failed(),
+                                                          m_level == hostVerificationLevel::counts,
+                                                          sdk_file_name(m_job.final_name)));
     return sdkResult::completed();
 }

@@ -13,6 +13,7 @@
 #include <exception>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -116,8 +117,11 @@ hostTestimony hostWitnessWork::testify(hostQuestion const & question)
     sdkText reason;
     auto repaired = attempt(question, true, reason);
     auto const weight = [](std::optional<std::vector<sdkFinding>> const & findings) {
-        return std::count_if(findings->begin(), findings->end(),
-                             [](auto const & finding) { return finding.weight != sdkWeight::note; });
+        auto const number = [&](sdkWeight one) {
+            return std::count_if(findings->begin(), findings->end(),
+                                 [one](auto const & finding) { return finding.weight == one; });
+        };
+        return std::pair(number(sdkWeight::loss), number(sdkWeight::difference));
     };
     auto & best = repaired && (!strict || weight(repaired) <= weight(strict)) ? repaired : strict;
     if (!best) {
@@ -145,7 +149,7 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
     std::vector<sdkText> problems; // there are none: the values are the modules' own
     Listener listener;
     sdkOptions const options(module->resources(), values, problems);
-    sdkContext context(options, listener, question.written);
+    sdkContext context(options, listener, question.shown);
     context.account().want(false);
     sdkDocument output;
     Message_ProgressScope scope(m_progress->Start(), nullptr, 10);

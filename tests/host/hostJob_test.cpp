@@ -79,3 +79,30 @@ TEST(HostJob, RefusesWhatIsNoJob)
         EXPECT_FALSE(problem.empty()) << text;
     }
 }
+
+TEST(HostJob, ReadsAComparison)
+{
+    hostJob job;
+    std::string problem;
+    ASSERT_EQ(host_parse_job(R"({"job": 1, "memory_limit": 12, "compare": {
+                                 "a": {"file": "/a.step", "module": "/m/step.so", "format": "STEP"},
+                                 "b": {"file": "/b.stl", "module": "/m/stl.so", "format": "STL",
+                                       "options": {"stlReadUnit": "in"}},
+                                 "relative": 0.001, "level": "counts", "names": false, "layers": true}})",
+                             job, problem),
+              hostJobState::complete)
+        << problem;
+    ASSERT_TRUE(job.comparison);
+    EXPECT_EQ(job.comparison->a.file, "/a.step");
+    EXPECT_EQ(job.comparison->b.options.at("stlReadUnit"), "in");
+    EXPECT_EQ(job.comparison->relative, 0.001);
+    EXPECT_EQ(job.comparison->absolute, 1.0e-4);
+    EXPECT_EQ(job.comparison->deflection, 0.1);
+    EXPECT_TRUE(job.comparison->counts_only);
+    EXPECT_EQ(job.comparison->names, false);
+    EXPECT_EQ(job.comparison->layers, true);
+    EXPECT_EQ(job.comparison->colours, std::nullopt);
+    EXPECT_EQ(job.memory_limit, 12U);
+    EXPECT_EQ(state(R"({"job": 1, "compare": {"a": {"file": "/a", "module": "m", "format": "F"}}})"),
+              hostJobState::invalid);
+}

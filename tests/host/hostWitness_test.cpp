@@ -121,7 +121,8 @@ TEST(HostWitness, HasSeenTheDocumentAsItWasBeforeItWasChanged)
     document.shapes()->RemoveShape(label);
     std::atomic<bool> const cancelled = false;
     auto const testimony =
-        witness.ask({folder.write("a.odd", "x"), {}}, std::chrono::seconds(30), cancelled, [](int) {});
+        witness.ask({.written = folder.write("a.odd", "x"), .shown = "a.odd", .promise = {}},
+                    std::chrono::seconds(30), cancelled, [](int) {});
     EXPECT_TRUE(testimony.read_back);
     ASSERT_FALSE(testimony.findings.empty());
     EXPECT_EQ(testimony.findings[0].kind, "missing-solid");
@@ -143,8 +144,9 @@ TEST(HostWitness, NamesFaultsOfTheSourceItself)
     std::atomic<bool> const cancelled = false;
     for (auto const level : {sdkMeasureLevel::full, sdkMeasureLevel::counts}) {
         hostWitness witness(document, {.module = LIES_MODULE, .format = "LIE", .level = level}, {});
-        auto const testimony = witness.ask({.written = "/no/such/file.lie", .promise = {}},
-                                           std::chrono::milliseconds(patience), cancelled, [](int) {});
+        auto const testimony =
+            witness.ask({.written = "/no/such/file.lie", .shown = "file.lie", .promise = {}},
+                        std::chrono::milliseconds(patience), cancelled, [](int) {});
         EXPECT_FALSE(testimony.read_back);
         if (level == sdkMeasureLevel::counts) {
             EXPECT_TRUE(testimony.findings.empty());

@@ -34,6 +34,18 @@ class Completion(unittest.TestCase):
         self.assertNotIn("word stl.rsc", after("a.step -t STL -o b.stl -w -r"))
         self.assertNotIn("files rsc", after("a.step -t STL -o b.stl -w -r"))
 
+    def test_comparisons_take_two_files_and_options_in_any_order(self):
+        self.assertIn("files", after("--compare"))
+        self.assertIn("files", after("--compare --json a.stp --relative 0.1"))
+        self.assertNotIn("files", after("--compare a.stp --json b.stl"))
+        self.assertIn("word --no-colours", after("--compare a.stp b.stl"))
+        self.assertEqual(after("--compare a.stp --relative"), [])
+        self.assertIn("word STL", after("--compare a.stp --format-a"))
+        self.assertIn("word stlReadUnit:in", after("--compare a.stp b.stl --option-b"))
+        self.assertNotIn("word stlReadUnit:in", after("--compare a.stp b.stl --option-a"))
+        self.assertIn("word stlReadUnit:in", after("--compare --format-a stl a.txt --option-a"))
+        self.assertFalse([name for name in options_after("--compare a.stp b.stl --option-b") if "Write" in name])
+
 
 if __name__ == "__main__":
     unittest.main()

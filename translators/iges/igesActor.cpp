@@ -11,7 +11,7 @@ namespace {
 
 bool is_made_here(Handle(IGESData_IGESEntity) const & entity)
 {
-    return iges_is_solid(entity) || iges_is_scaled_instance(entity);
+    return iges_is_solid(entity) || iges_is_subfigure_instance(entity);
 }
 
 } // namespace

@@ -12,8 +12,9 @@ bool iges_is_solid(Handle(IGESData_IGESEntity) const & entity);
 
 // Makes shapes of entities: of those that the toolkit passes over or fails on by itself, and has the toolkit
 // make all others. These are solid primitives and swept solids, solid instances and assemblies (types 430 and
-// 184), and instances of subfigures with a scale (type 408), which the toolkit drops because the place of a
-// shape must not scale. Here they have such a place; what takes the shapes makes geometry of it.
+// 184), and instances of subfigures (type 408). Of these the toolkit drops those with a scale, because the
+// place of a shape must not scale, and heals the shape once for each instance. Here they share it, and have
+// such a place; what takes the shapes makes geometry of it.
 class igesActor : public IGESToBRep_Actor {
     DEFINE_STANDARD_RTTI_INLINE(igesActor, IGESToBRep_Actor)
 

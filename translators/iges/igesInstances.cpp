@@ -33,9 +33,15 @@ TopoDS_Shape moved(TopoDS_Shape const & shape, gp_GTrsf const & matrix, double u
 
 TopoDS_Shape scaled(IGESBasic_SingularSubfigure const & instance, double unit, Shapes const & shape_of)
 {
+    double const factor = instance.HasScaleFactor() ? instance.ScaleFactor() : 1;
+    if (std::abs(factor) < gp::Resolution()) {
+        return {};
+    }
     auto const shape = shape_of(instance.Subfigure());
     gp_Trsf place;
-    place.SetScale(gp_Pnt(), instance.ScaleFactor());
+    if (std::abs(factor - 1) > TopLoc_Location::ScalePrec()) {
+        place.SetScale(gp_Pnt(), factor);
+    }
     place.SetTranslationPart(gp_Vec(instance.Translation()) * unit);
     return shape.IsNull() ? shape : shape.Moved(TopLoc_Location(place), Standard_False);
 }
@@ -83,12 +89,10 @@ std::vector<Entity> iges_members(Entity const & entity)
     return members;
 }
 
-bool iges_is_scaled_instance(Entity const & entity)
+bool iges_is_subfigure_instance(Entity const & entity)
 {
     auto const instance = Handle(IGESBasic_SingularSubfigure)::DownCast(entity);
-    return !instance.IsNull() && !instance->Subfigure().IsNull() && instance->HasScaleFactor() &&
-           instance->ScaleFactor() != 0 &&
-           std::abs(instance->ScaleFactor() - 1) > TopLoc_Location::ScalePrec();
+    return !instance.IsNull() && !instance->Subfigure().IsNull();
 }
 
 bool iges_is_solid_instance(Entity const & entity)

@@ -10,8 +10,8 @@
 // an instance (408) places; none for others.
 std::vector<Handle(IGESData_IGESEntity)> iges_members(Handle(IGESData_IGESEntity) const & entity);
 
-// An instance of a subfigure with a scale other than 1.
-bool iges_is_scaled_instance(Handle(IGESData_IGESEntity) const & entity);
+// An instance of a subfigure (type 408).
+bool iges_is_subfigure_instance(Handle(IGESData_IGESEntity) const & entity);
 
 // An instance of a solid (type 430) or an assembly of solids (184).
 bool iges_is_solid_instance(Handle(IGESData_IGESEntity) const & entity);

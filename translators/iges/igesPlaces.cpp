@@ -3,23 +3,16 @@
 #include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/sdkAttributes.h"
 #include "sdk/sdkFlatten.h"
-#include "sdk/sdkPlaced.h"
 
+#include <TDF_LabelMap.hxx>
 #include <TopoDS_Shape.hxx>
 
 namespace {
 
-bool can_be_instance(TDF_Label const & reference, TDF_Label const & definition)
+bool is_body(TDF_Label const & definition)
 {
     auto const kind = XCAFDoc_ShapeTool::GetShape(definition).ShapeType();
-    bool const body = kind == TopAbs_COMPOUND || kind == TopAbs_SOLID;
-    return body && sdk_scale_of(XCAFDoc_ShapeTool::GetLocation(reference)) == 1;
-}
-
-int users_of(TDF_Label const & definition)
-{
-    TDF_LabelSequence users;
-    return XCAFDoc_ShapeTool::GetUsers(definition, users);
+    return kind == TopAbs_COMPOUND || kind == TopAbs_SOLID;
 }
 
 void make_instances(sdkDocument & document, TDF_LabelSequence const & references, std::string const & name)
@@ -41,26 +34,25 @@ void make_instances(sdkDocument & document, TDF_LabelSequence const & references
 
 void iges_settle_places(sdkDocument & document, TDF_LabelSequence const & labels, std::string const & name)
 {
-    TDF_LabelSequence fixed;
-    TDF_LabelSequence movable;
+    TDF_LabelMap once;
+    TDF_LabelMap shared;
+    for (auto const & label : labels) {
+        TDF_Label definition;
+        if (XCAFDoc_ShapeTool::GetReferredShape(label, definition) && !once.Add(definition)) {
+            shared.Add(definition);
+        }
+    }
+    TDF_LabelSequence alone;
+    TDF_LabelSequence instances;
     for (auto const & label : labels) {
         TDF_Label definition;
         if (XCAFDoc_ShapeTool::GetReferredShape(label, definition)) {
-            (can_be_instance(label, definition) ? movable : fixed).Append(label);
+            (is_body(definition) && shared.Contains(definition) ? instances : alone).Append(label);
         }
-    }
-    sdk_flatten(document, fixed, sdkPlacing::geometry);
-    TDF_LabelSequence alone;
-    TDF_LabelSequence instances;
-    for (auto const & label : movable) {
-        TDF_Label definition;
-        XCAFDoc_ShapeTool::GetReferredShape(label, definition);
-        (users_of(definition) > 1 ? instances : alone).Append(label);
     }
     sdk_flatten(document, alone, sdkPlacing::geometry);
     if (!instances.IsEmpty()) {
         make_instances(document, instances, name);
     }
-    // Those within groups.
     sdk_make_places_rigid(document);
 }

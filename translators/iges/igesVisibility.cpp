@@ -6,7 +6,9 @@
 
 #include <IGESData_IGESModel.hxx>
 #include <Interface_ShareFlags.hxx>
+#include <NCollection_DataMap.hxx>
 #include <TColStd_MapOfTransient.hxx>
+#include <TopTools_OrientedShapeMapHasher.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <TransferBRep.hxx>
 #include <TransferBRep_ShapeMapper.hxx>
@@ -22,23 +24,36 @@ namespace {
 
 using Entity = Handle(IGESData_IGESEntity);
 
-// The label of a shape: of a free shape, or within one, where it gets a label if it has none.
-TDF_Label label_of(TopoDS_Shape const & shape, sdkDocument & document)
-{
-    // A search would find the definition of an instance rather than the instance.
-    for (auto const & one : document.free_shapes()) {
-        if (XCAFDoc_ShapeTool::GetShape(one).IsEqual(shape)) {
-            return one;
+// Finds the labels of shapes: of free shapes, or within parts, where a shape gets a label if it has none.
+class Labels {
+public:
+    explicit Labels(sdkDocument & document) : m_document(document), m_parts(document.parts())
+    {
+        // A search of the document would find the definition of an instance rather than the instance.
+        for (auto const & label : document.free_shapes()) {
+            m_free.Bind(XCAFDoc_ShapeTool::GetShape(label), label);
         }
     }
-    TDF_Label label;
-    for (auto const & part : document.parts()) {
-        if (document.shapes()->AddSubShape(part, shape, label)) {
+
+    TDF_Label of(TopoDS_Shape const & shape)
+    {
+        TDF_Label label;
+        if (m_free.Find(shape, label)) {
             return label;
         }
+        for (auto const & part : m_parts) {
+            if (m_document.shapes()->AddSubShape(part, shape, label)) {
+                return label;
+            }
+        }
+        return {};
     }
-    return {};
-}
+
+private:
+    sdkDocument & m_document;
+    TDF_LabelSequence m_parts;
+    NCollection_DataMap<TopoDS_Shape, TDF_Label, TopTools_OrientedShapeMapHasher> m_free;
+};
 
 void blank(Entity const & entity)
 {
@@ -70,6 +85,7 @@ std::int64_t iges_hide_blanked(Handle(XSControl_WorkSession) const & session, sd
 {
     auto const process = session->TransferReader()->TransientProcess();
     std::int64_t roots = 0;
+    Labels labels(document);
     TColStd_MapOfTransient seen;
     std::function<bool(Entity const &)> const hide = [&](Entity const & entity) {
         if (!seen.Add(entity)) {
@@ -77,7 +93,7 @@ std::int64_t iges_hide_blanked(Handle(XSControl_WorkSession) const & session, sd
         }
         if (entity->BlankStatus() != 0) {
             if (auto const shape = TransferBRep::ShapeResult(process->Find(entity)); !shape.IsNull()) {
-                sdk_hide(document, label_of(shape, document));
+                sdk_hide(document, labels.of(shape));
             }
             return true;
         }

@@ -1,10 +1,12 @@
 #include "iges/igesWriter.h"
 
+#include "iges/igesColours.h"
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
+#include "sdk/exchange/sdkInexactSeams.h"
 #include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
@@ -47,7 +49,8 @@ igesWriter::igesWriter(sdkContext & context) : m_context(context)
     promise.holds = {.structure = false,
                      .names = options.boolean("igesWriteNames"),
                      .colours = options.boolean("igesWriteColours"),
-                     .layers = options.boolean("igesWriteLayers"),
+                     .layers = false, // levels have numbers in place of the names
+                     .transparency = false,
                      .solids = solids};
     promise.ascii_names = true;
     promise.exact_curves = options.text("igesWriteCurves") == "exact";
@@ -66,9 +69,11 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
         return result;
     }
     report_losses(document);
+    report_colours(document);
     flatten(document);
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
+    sdk_divide_inexact_seams(document);
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
@@ -114,6 +119,31 @@ void igesWriter::report_losses(sdkDocument & document)
     if (!layers.IsEmpty() && options.boolean("igesWriteLayers")) {
         reporter.output("iges::IGES files hold no names of layers: %d layers became level numbers",
                         layers.Length());
+    }
+}
+
+void igesWriter::report_colours(sdkDocument const & document)
+{
+    if (!m_context.options().boolean("igesWriteColours")) {
+        return;
+    }
+    auto const losses = iges_count_colour_losses(document);
+    if (losses.transparent > 0) {
+        m_context.reporter().output("iges::IGES files hold no transparency: %d shapes become opaque",
+                                    losses.transparent);
+    }
+    if (losses.overridden > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "colour",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(losses.overridden),
+             .output = 0,
+             .text =
+                 sdkText("iges::%d instances have another colour than their part; in %s they have that of "
+                         "the part",
+                         losses.overridden, m_context.file())});
     }
 }
 

@@ -17,6 +17,7 @@ public:
 
 private:
     void report_losses(sdkDocument & document);
+    void report_colours(sdkDocument const & document);
     void flatten(sdkDocument & document);
     void blank_hidden(sdkDocument const & document);
     void fill_header();

@@ -8,10 +8,14 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
     if (sdkDocument::name(to).empty()) {
         sdkDocument::set_name(to, sdkDocument::name(from));
     }
+    // The colour of surfaces hides the general one, so one of them keeps out both.
+    auto const & colours = document.colours();
+    bool const surfaces = colours->IsSet(to, XCAFDoc_ColorGen) || colours->IsSet(to, XCAFDoc_ColorSurf);
     for (auto const type : {XCAFDoc_ColorGen, XCAFDoc_ColorSurf, XCAFDoc_ColorCurv}) {
+        bool const own = type == XCAFDoc_ColorCurv ? colours->IsSet(to, type) : surfaces;
         TDF_Label colour;
-        if (!document.colours()->IsSet(to, type) && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
-            document.colours()->SetColor(to, colour, type);
+        if (!own && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
+            colours->SetColor(to, colour, type);
         }
     }
     if (sdk_material(to).IsNull()) {

@@ -11,5 +11,6 @@ struct sdkCapabilities {
     bool points = true;
     bool surfaces = true;
     bool visibility = true;
+    bool transparency = true; // of colours
     bool solids = true; // as such; else only the faces that bound them
 };

@@ -76,7 +76,7 @@ class Flattening {
 public:
     Flattening(sdkDocument & document, sdkPlacing placing) : m_document(document), m_placing(placing) {}
 
-    // The places are those from the assembly down to the label, the outermost first.
+    // The places are those from the assembly down to the label, and the assemblies, the outermost first.
     void flatten(TDF_Label const & label, TopLoc_Location const & location, TDF_LabelSequence const & places)
     {
         if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
@@ -86,8 +86,10 @@ public:
         } else if (XCAFDoc_ShapeTool::IsAssembly(label)) {
             TDF_LabelSequence components;
             XCAFDoc_ShapeTool::GetComponents(label, components);
+            TDF_LabelSequence inner = places;
+            inner.Append(label);
             for (auto const & component : components) {
-                flatten(component, location, places);
+                flatten(component, location, inner);
             }
         } else {
             add_part(label, location, places);

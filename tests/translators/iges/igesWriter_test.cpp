@@ -5,6 +5,7 @@
 #include "sdk/sdkStated.h"
 #include "translators/kit/kitFault.h"
 
+#include <Quantity_ColorRGBA.hxx>
 #include <TopExp_Explorer.hxx>
 
 class IgesWriter : public igesFormatTest {
@@ -165,4 +166,33 @@ TEST_F(IgesWriter, NamesTheValidationPropertiesThatAreLost)
     sdk_add_stated(document, 1);
     ASSERT_TRUE(write(document, path("stated.igs")));
     EXPECT_TRUE(said().says("IGES files hold no validation properties"));
+}
+
+TEST_F(IgesWriter, SaysThatShapesBecomeOpaque)
+{
+    sdkDocument document;
+    auto const part = document.add_shape(kit_cube(10), "Glass");
+    document.colours()->SetColor(part, Quantity_ColorRGBA(kit_red(), 0.5F), XCAFDoc_ColorSurf);
+    ASSERT_TRUE(write(document, path("glass.igs")));
+    EXPECT_TRUE(said().says("IGES files hold no transparency: 1 shapes become opaque"));
+    ASSERT_TRUE(write(document, path("grey.igs"), {{"igesWriteColours", "false"}}));
+    EXPECT_FALSE(said().says("transparency"));
+}
+
+TEST_F(IgesWriter, NamesColoursOfInstancesThatArePartsOwn)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    ASSERT_TRUE(write(document, path("same.igs")));
+    EXPECT_TRUE(account().findings().empty());
+    sdkDocument other;
+    kit_add_assembly(other);
+    TDF_LabelSequence components;
+    XCAFDoc_ShapeTool::GetComponents(other.free_shapes().First(), components);
+    other.colours()->SetColor(components.First(), kit_blue(), XCAFDoc_ColorSurf);
+    ASSERT_TRUE(write(other, path("other.igs")));
+    ASSERT_EQ(account().findings().size(), 1u);
+    EXPECT_EQ(account().findings().front().kind, "colour");
+    EXPECT_EQ(account().findings().front().weight, sdkWeight::difference);
+    EXPECT_EQ(account().findings().front().source, 1);
 }

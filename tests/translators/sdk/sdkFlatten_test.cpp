@@ -47,6 +47,40 @@ TEST_P(Flatten, KeepsTheColoursOfFaces)
     EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
 }
 
+TEST_P(Flatten, LetsTheColourOfThePartHideThoseOfItsPlaces)
+{
+    // Of whichever kind the colours are.
+    for (auto const of_part : {XCAFDoc_ColorGen, XCAFDoc_ColorSurf}) {
+        for (auto const of_place : {XCAFDoc_ColorGen, XCAFDoc_ColorSurf}) {
+            sdkDocument document;
+            auto const cube = document.add_shape(kit_cube(10), "Cube");
+            document.colours()->SetColor(cube, kit_red(), of_part);
+            auto const assembly = document.shapes()->NewShape();
+            auto const place = document.shapes()->AddComponent(assembly, cube, TopLoc_Location());
+            document.colours()->SetColor(place, kit_blue(), of_place);
+            document.shapes()->UpdateAssemblies();
+            sdk_flatten(document, document.free_shapes(), GetParam());
+            ASSERT_EQ(document.parts().Length(), 1);
+            EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
+        }
+    }
+}
+
+TEST_P(Flatten, GivesPartsTheColourAndTheLayerOfTheirAssembly)
+{
+    sdkDocument document;
+    auto const cube = document.add_shape(kit_cube(10), "Cube");
+    auto const assembly = document.shapes()->NewShape();
+    document.shapes()->AddComponent(assembly, cube, TopLoc_Location());
+    document.colours()->SetColor(assembly, kit_red(), XCAFDoc_ColorSurf);
+    document.layers()->SetLayer(assembly, "Outer");
+    document.shapes()->UpdateAssemblies();
+    sdk_flatten(document, document.free_shapes(), GetParam());
+    ASSERT_EQ(document.parts().Length(), 1);
+    EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
+    EXPECT_TRUE(document.layers()->IsSet(document.parts().First(), "Outer"));
+}
+
 TEST_P(Flatten, LeavesPartsAlone)
 {
     sdkDocument document;

@@ -18,9 +18,11 @@ void tessellate_again(TopoDS_Shape const & shape, sdkTessellationTolerances cons
     sdk_tessellate(shape, tolerances);
 }
 
-bool is_better(sdkTriangleGaps const & now, sdkTriangleGaps const & before)
+// A solid that has lost its closed shell has no gaps either.
+bool closes(TopoDS_Shape const & shape, sdkTriangleGaps const & before)
 {
-    return now.closed_solids >= before.closed_solids && now.unmatched_edges < before.unmatched_edges;
+    auto const now = sdk_triangle_gaps(shape);
+    return now.unmatched_edges == 0 && now.closed_solids >= before.closed_solids;
 }
 
 // Null when the repair itself fails, as it does on a face whose border crosses itself.
@@ -47,9 +49,12 @@ std::int64_t close(sdkDocument & document, TDF_Label const & part,
     if (before.unmatched_edges == 0) {
         return 0;
     }
-    tessellate_again(shape, {tolerances.linear / 2, tolerances.angular / 2});
-    if (auto const finer = sdk_triangle_gaps(shape); is_better(finer, before)) {
-        return finer.unmatched_edges;
+    // Lines of a face that lie close to each other cross when they are divided coarsely.
+    for (double const finer : {2.0, 4.0}) {
+        tessellate_again(shape, {tolerances.linear / finer, tolerances.angular / finer});
+        if (closes(shape, before)) {
+            return 0;
+        }
     }
     tessellate_again(shape, tolerances);
     auto const mended = repaired(shape);
@@ -57,15 +62,14 @@ std::int64_t close(sdkDocument & document, TDF_Label const & part,
         return before.unmatched_edges;
     }
     tessellate_again(mended, tolerances);
-    auto const after = sdk_triangle_gaps(mended);
-    if (!is_better(after, before)) {
+    if (!closes(mended, before)) {
         return before.unmatched_edges;
     }
     TDF_LabelSequence parts;
     parts.Append(part);
     sdk_edit_parts(document, parts,
                    [&](TDF_Label const &, TopoDS_Shape const &, sdkShapeHistory &) { return mended; });
-    return after.unmatched_edges;
+    return 0;
 }
 
 } // namespace

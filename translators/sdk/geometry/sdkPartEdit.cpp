@@ -1,5 +1,6 @@
 #include "sdk/geometry/sdkPartEdit.h"
 
+#include "sdk/sdkAttributes.h"
 #include "sdk/sdkPlaced.h"
 #include "sdk/sdkScaler.h"
 
@@ -8,6 +9,8 @@
 #include <NCollection_DataMap.hxx>
 #include <TNaming_Builder.hxx>
 #include <TopAbs.hxx>
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <TopTools_OrientedShapeMapHasher.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
@@ -120,6 +123,28 @@ void forget_detail(sdkDocument & document, TDF_Label const & detail)
     detail.ForgetAllAttributes(Standard_True);
 }
 
+// A detail that was divided leaves its name, colour and layers to all its pieces. False when none is there.
+bool spread(sdkDocument & document, TDF_Label const & part, TDF_Label const & detail, TopAbs_ShapeEnum kind,
+            TopoDS_Shape const & now)
+{
+    TopTools_IndexedMapOfShape pieces;
+    TopExp::MapShapes(now, kind, pieces);
+    bool any = false;
+    for (int at = 1; at <= pieces.Extent(); ++at) {
+        if (!document.shapes()->IsSubShape(part, pieces(at))) {
+            continue;
+        }
+        TDF_Label copy;
+        if (!any) {
+            TNaming_Builder(detail).Generated(pieces(at));
+        } else if (document.shapes()->AddSubShape(part, pieces(at), copy)) {
+            sdk_add_attributes(document, detail, copy);
+        }
+        any = true;
+    }
+    return any;
+}
+
 // Gives the part another shape and lets its labelled sub-shapes follow. Returns how many of them are gone.
 std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Shape const & shape,
                        sdkShapeHistory const & history)
@@ -137,7 +162,12 @@ std::int64_t set_shape(sdkDocument & document, TDF_Label const & part, TopoDS_Sh
         if (!history.scaled_nothing()) {
             now = sdk_found_in(shape, now);
         }
-        if (now.IsNull() || !document.shapes()->IsSubShape(part, now)) {
+        bool const there = !now.IsNull() && document.shapes()->IsSubShape(part, now);
+        bool const divided = !now.IsNull() && now.ShapeType() < before.ShapeType();
+        if (!there && divided && spread(document, part, detail, before.ShapeType(), now)) {
+            continue;
+        }
+        if (!there) {
             forget_detail(document, detail);
             ++gone;
         } else if (!now.IsEqual(before)) {

@@ -24,7 +24,7 @@ struct sdkOpenPart {
 };
 
 // Tessellates parts whose triangles do not close once more: finer, and if that does not help, after a repair.
-// What does not come nearer to being closed by it stays as it is. Returns the parts that are left open.
+// What is not closed by it stays as it is. Returns the parts that are left open.
 std::vector<sdkOpenPart> sdk_close_triangles(sdkDocument & document,
                                              sdkTessellationTolerances const & tolerances,
                                              Message_ProgressRange const & range = {});

@@ -27,6 +27,15 @@ std::string as_written(std::string const & name, sdkPromise const & promise)
     return promise.ascii_names ? in_ascii(name) : name;
 }
 
+std::map<std::string, double> opaque(std::map<std::string, double> const & colours)
+{
+    std::map<std::string, double> result;
+    for (auto const & [colour, share] : colours) {
+        result[colour.size() == 9 ? colour.substr(0, 7) + "ff" : colour] += share;
+    }
+    return result;
+}
+
 bool near_colour(std::string const & a, std::string const & b)
 {
     if (a == b || a.size() != b.size() || a.empty()) {
@@ -69,7 +78,7 @@ bool sdk_same_colours(std::map<std::string, double> const & source,
         for (auto const & [other, part] : output) {
             found += near_colour(colour, other) ? part : 0;
         }
-        if (!colour.empty() && std::abs(found - share) > 1.0e-3 * std::max(found, share)) {
+        if (!colour.empty() && !(std::abs(found - share) <= 1.0e-3 * std::max(found, share))) {
             return false;
         }
     }
@@ -89,7 +98,10 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
     }
-    if (holds.colours && !sdk_same_colours(source.colours, output.colours)) {
+    auto const solid = [&](std::map<std::string, double> const & colours) {
+        return holds.transparency ? colours : opaque(colours);
+    };
+    if (holds.colours && !sdk_same_colours(solid(source.colours), solid(output.colours))) {
         auto const found = sdk_main_colour(output.colours);
         add("colour",
             found.empty()
@@ -135,9 +147,9 @@ void sdk_compare_names(sdkInventory const & source, sdkInventory const & output,
 void sdk_compare_structure(sdkInventory const & source, sdkInventory const & output,
                            std::vector<sdkFinding> & findings)
 {
-    if (source.instances != output.instances) {
+    if (output.instances < source.instances) {
         findings.push_back(
-            {source.instances > output.instances ? sdkWeight::loss : sdkWeight::difference,
+            {sdkWeight::loss,
              "instances",
              {},
              {},
@@ -146,8 +158,8 @@ void sdk_compare_structure(sdkInventory const & source, sdkInventory const & out
              sdkText("measure::The assemblies of the source have %d instances and those of the output %d",
                      source.instances, output.instances)});
     }
-    if (source.assemblies != output.assemblies) {
-        findings.push_back({source.assemblies > output.assemblies ? sdkWeight::loss : sdkWeight::difference,
+    if (output.assemblies < source.assemblies) {
+        findings.push_back({sdkWeight::loss,
                             "assemblies",
                             {},
                             {},

@@ -28,6 +28,7 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
 void sdk_compare_names(sdkInventory const & source, sdkInventory const & output, sdkPromise const & promise,
                        std::vector<sdkFinding> & findings);
 
-// Assemblies and places in them.
+// Assemblies and places in them that the output lacks. That it has more is no difference: what is placed
+// inside one part may become an assembly, and a body that is there once more is told as that.
 void sdk_compare_structure(sdkInventory const & source, sdkInventory const & output,
                            std::vector<sdkFinding> & findings);

@@ -130,8 +130,9 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
                     turned ? sdkWeight::note : sdkWeight::difference);
     }
     double const least = std::min(in_a.edge_deviation, in_b.edge_deviation);
-    double const largest = std::max(in_a.edge_deviation, in_b.edge_deviation);
-    if (largest > std::max(tolerances.absolute, 1.01 * least)) {
+    double const allowed = std::max(tolerances.absolute, 1.01 * least);
+    // Not what is larger, so that what is no number is told.
+    if (!(in_a.edge_deviation <= allowed && in_b.edge_deviation <= allowed)) {
         tell.amounts("edge-deviation", in_a.edge_deviation, in_b.edge_deviation,
                      sdkText("compare::%s at %s has edges up to %.6g mm off their surfaces in A and up to "
                              "%.6g mm in B",

@@ -2,12 +2,13 @@
 
 #include "sdk/measure/sdkEdgeDeviation.h"
 #include "sdk/measure/sdkFaceIntegrals.h"
+#include "sdk/measure/sdkGaussRule.h"
 #include "sdk/measure/sdkMeshMeasure.h"
 
 #include <BRepAdaptor_Curve.hxx>
-#include <BRepGProp.hxx>
 #include <BRep_Tool.hxx>
-#include <GProp_GProps.hxx>
+#include <Precision.hxx>
+#include <TColStd_Array1OfReal.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -141,14 +142,55 @@ void extend(TopoDS_Shape const & body, Bnd_Box & extent)
     }
 }
 
+// Between the places where the curve is not smooth, and in pieces, of which an arc wants some.
+template <class Add>
+void integrate(BRepAdaptor_Curve const & curve, Add const & add)
+{
+    constexpr int points = 10;
+    int const pieces = curve.GetType() == GeomAbs_Line ? 1 : 8;
+    TColStd_Array1OfReal knots(1, curve.NbIntervals(GeomAbs_CN) + 1);
+    curve.Intervals(knots, GeomAbs_CN);
+    for (int at = knots.Lower(); at < knots.Upper(); ++at) {
+        double const half = (knots(at + 1) - knots(at)) / pieces / 2;
+        for (int piece = 0; piece < pieces; ++piece) {
+            double const middle = knots(at) + (2 * piece + 1) * half;
+            for (auto const & [place, weight] : sdk_gauss_rule(points)) {
+                gp_Pnt point;
+                gp_Vec tangent;
+                curve.D1(middle + half * place, point, tangent);
+                add(point, weight * half * tangent.Magnitude());
+            }
+        }
+    }
+}
+
 sdkBodyMeasure measure_curve(TopoDS_Shape const & body)
 {
     sdkBodyMeasure measure;
-    GProp_GProps line;
-    BRepGProp::LinearProperties(body, line);
-    measure.length = line.Mass();
-    measure.centroid = line.CentreOfMass();
     measure.edges = 1;
+    auto const & edge = TopoDS::Edge(body);
+    TopLoc_Location location;
+    double first = 0;
+    double last = 0;
+    auto const reference = reference_of(body);
+    measure.centroid = reference;
+    if (BRep_Tool::Curve(edge, location, first, last).IsNull() || Precision::IsInfinite(first) ||
+        Precision::IsInfinite(last)) {
+        return measure;
+    }
+    gp_XYZ moment;
+    gp_Mat second{0, 0, 0, 0, 0, 0, 0, 0, 0};
+    integrate(BRepAdaptor_Curve(edge), [&](gp_Pnt const & point, double length) {
+        auto const arm = point.XYZ() - reference.XYZ();
+        measure.length += length;
+        moment += arm * length;
+        second += outer(arm).Multiplied(length);
+    });
+    if (measure.length > 0) {
+        auto const centre = moment / measure.length;
+        measure.centroid = reference.XYZ() + centre;
+        measure.moments = second - outer(centre).Multiplied(measure.length);
+    }
     extend(body, measure.extent);
     return measure;
 }
@@ -206,7 +248,8 @@ sdkBodyMeasure sdkBodyMeasure::placed(gp_Trsf const & place) const
     result.centroid.Transform(place);
     auto const turn = place.HVectorialPart();
     result.moments = turn.Multiplied(moments).Multiplied(turn.Transposed());
-    result.moments.Multiply(scale * scale * scale * scale);
+    bool const line = area == 0 && length > 0;
+    result.moments.Multiply(scale * scale * scale * (line ? 1 : scale));
     result.extent = extent.IsVoid() ? extent : extent.Transformed(place);
     for (auto & face : result.faces) {
         face.area *= scale * scale;

@@ -30,7 +30,8 @@ struct sdkBodyMeasure {
     double length = 0; // of curves
     // Of the volume of a solid, of the area of shells, faces and meshes, of the length of curves.
     gp_Pnt centroid;
-    // Second moments of the area about the centroid of the area; they tell how the body lies.
+    // Second moments of the area, of a curve of its length, about the centroid of the same; they tell how the
+    // body lies.
     gp_Mat moments{0, 0, 0, 0, 0, 0, 0, 0, 0};
     Bnd_Box extent;            // of the edges and triangles, without surfaces that bulge between them
     double edge_deviation = 0; // see sdkEdgeDeviation.h

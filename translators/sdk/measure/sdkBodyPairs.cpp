@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -31,13 +32,14 @@ double amount(sdkBody const & body)
     }
 }
 
-bool same_moments(gp_Mat const & a, gp_Mat const & b, double area, double size, double relative)
+bool same_moments(gp_Mat const & a, gp_Mat const & b, double amount, double size, double relative)
 {
     // Ten times: second moments add up the errors of two coordinates.
-    double const allowed = 10 * std::max(relative, 1.0e-6) * area * size * size;
+    double const allowed = 10 * std::max(relative, 1.0e-6) * amount * size * size;
     for (int row = 1; row <= 3; ++row) {
         for (int column = 1; column <= 3; ++column) {
-            if (std::abs(a.Value(row, column) - b.Value(row, column)) > allowed) {
+            // What is no number agrees with nothing.
+            if (!(std::abs(a.Value(row, column) - b.Value(row, column)) <= allowed)) {
                 return false;
             }
         }
@@ -65,24 +67,32 @@ public:
     }
 
 private:
-    // Along one axis, so that not everything is held against everything.
+    // Along one line, so that not everything is held against everything.
     void find_same()
     {
         std::vector<std::pair<double, std::size_t>> places;
         for (std::size_t at = 0; at < m_output.size(); ++at) {
-            places.emplace_back(m_output[at]->measure.centroid.X(), at);
+            places.emplace_back(sdk_skew_place(m_output[at]->measure.centroid), at);
         }
         std::sort(places.begin(), places.end());
         for (auto const * body : m_source) {
             double const reach = m_tolerances.absolute + 10 * m_tolerances.relative * body->size();
-            double const x = body->measure.centroid.X();
+            double const x = sdk_skew_place(body->measure.centroid);
             auto const first =
                 std::lower_bound(places.begin(), places.end(), std::pair(x - reach, std::size_t{0}));
             int best_rank = -1;
             std::size_t best = 0;
+            sdkBody const * taken = nullptr;
             for (auto place = first; place != places.end() && place->first <= x + reach; ++place) {
                 auto const & other = *m_output[place->second];
-                if (m_taken[place->second] || !sdk_same_body(*body, other, m_tolerances)) {
+                if (m_taken[place->second] && taken) {
+                    continue;
+                }
+                if (!sdk_same_body(*body, other, m_tolerances)) {
+                    continue;
+                }
+                if (m_taken[place->second]) {
+                    taken = &other;
                     continue;
                 }
                 int const rank =
@@ -98,6 +108,8 @@ private:
             if (best_rank >= 0) {
                 m_taken[best] = true;
                 m_pairs.same.emplace_back(body, m_output[best]);
+            } else if (taken) {
+                m_pairs.coincident.emplace_back(body, taken);
             } else {
                 m_pairs.missing.push_back(body);
             }
@@ -132,7 +144,7 @@ private:
                 double const far = a.measure.centroid.Distance(b.measure.centroid) / larger_size(a, b);
                 double const least = std::max(std::abs(amount(a)), std::abs(amount(b)));
                 double const unlike = least > 0 ? std::abs(amount(a) - amount(b)) / least : 0;
-                double const distance = far + unlike + (named ? 0 : 0.3);
+                double const distance = far + (std::isnan(unlike) ? 1 : unlike) + (named ? 0 : 0.3);
                 if (distance < (named ? 10 : 1)) {
                     candidates.push_back({distance, from, to});
                 }
@@ -176,6 +188,13 @@ bool sdkTolerances::same_place(gp_Pnt const & a, gp_Pnt const & b, double size) 
     return a.Distance(b) <= absolute + 10 * relative * size;
 }
 
+double sdk_skew_place(gp_Pnt const & point)
+{
+    double const place = 0.5349 * point.X() + 0.5872 * point.Y() + 0.6074 * point.Z();
+    // An order has to have a place for everything.
+    return std::isnan(place) ? std::numeric_limits<double>::infinity() : place;
+}
+
 bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & tolerances)
 {
     auto const & first = a.measure;
@@ -188,7 +207,8 @@ bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & t
         return true;
     }
     if (a.kind == sdkBodyKind::curve) {
-        return tolerances.same_amount(first.length, second.length);
+        return tolerances.same_amount(first.length, second.length) &&
+               same_moments(first.moments, second.moments, first.length, size, tolerances.relative);
     }
     if (!tolerances.same_amount(first.area, second.area)) {
         return false;

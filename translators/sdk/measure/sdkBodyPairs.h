@@ -16,6 +16,10 @@ struct sdkTolerances {
     bool same_place(gp_Pnt const & a, gp_Pnt const & b, double size) const;
 };
 
+// How far a point lies along a direction in which the rows of a grid do not fall together. Never farther from
+// that of another point than the two are apart.
+double sdk_skew_place(gp_Pnt const & point);
+
 // True when the two have the same measure and place, whatever they are called.
 bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & tolerances);
 
@@ -25,8 +29,11 @@ using sdkBodies = std::vector<sdkBody const *>;
 struct sdkBodyPairs {
     std::vector<std::pair<sdkBody const *, sdkBody const *>> same;  // by sdk_same_body
     std::vector<std::pair<sdkBody const *, sdkBody const *>> other; // by name and by what is nearest
-    sdkBodies missing;                                              // in the source only
-    sdkBodies extra;                                                // in the output only
+    // Bodies of the source that lie where one of "same" lies, and its counterpart: the output has one of
+    // them.
+    std::vector<std::pair<sdkBody const *, sdkBody const *>> coincident;
+    sdkBodies missing; // in the source only
+    sdkBodies extra;   // in the output only
 };
 
 // Of bodies of one kind. Where several could be meant, those that share a name and colours come first.

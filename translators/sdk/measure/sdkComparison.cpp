@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkComparison.h"
 
 #include "sdk/measure/sdkAttributeComparison.h"
+#include "sdk/measure/sdkCurveComparison.h"
 #include "sdk/measure/sdkFaceComparison.h"
 #include "sdk/measure/sdkTotalsComparison.h"
 
@@ -65,6 +66,10 @@ private:
             for (auto const & [from, to] : pairs.other) {
                 compare_geometry(*from, *to);
                 compare_topology(*from, *to);
+                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+            }
+            for (auto const & [from, to] : pairs.coincident) {
+                sdk_tell_coincident(*from, m_findings);
                 sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
             }
             missing.insert(missing.end(), pairs.missing.begin(), pairs.missing.end());
@@ -151,7 +156,7 @@ private:
                       "measure::%s at %s has faces that look to the wrong side along %d edges in the output",
                       from.title(), from.place(), b.turned_edges));
         }
-        if (b.edge_deviation > std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation)) {
+        if (!(b.edge_deviation <= std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation))) {
             add(sdkWeight::difference, "edge-deviation", from, a.edge_deviation, b.edge_deviation,
                 sdkText("measure::%s at %s has edges up to %.6g mm off their surfaces in the output, and up "
                         "to %.6g "
@@ -172,7 +177,8 @@ private:
         for (auto const kind : {sdkBodyKind::curve, sdkBodyKind::point}) {
             bool const curve = kind == sdkBodyKind::curve;
             if ((curve ? holds.curves : holds.points) && !(curve && !m_options.promise.exact_curves)) {
-                compare_loose(kind);
+                sdk_compare_loose(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options,
+                                  m_findings);
             } else if (!(curve ? holds.curves : holds.points) && m_source.count(kind) > 0) {
                 // The writer has told of them; here they only count.
                 double const number = static_cast<double>(m_source.count(kind));
@@ -190,36 +196,6 @@ private:
                                                       m_source.count(kind))});
             }
         }
-    }
-
-    void compare_loose(sdkBodyKind kind)
-    {
-        auto const pairs =
-            sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
-        for (auto const & [from, to] : pairs.same) {
-            sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
-        }
-        auto missing = pairs.missing;
-        auto extra = pairs.extra;
-        for (auto const & [from, to] : pairs.other) {
-            missing.push_back(from);
-            extra.push_back(to);
-        }
-        // A curve may be divided on the way: then the pieces are as long as the whole.
-        double missing_length = 0;
-        double extra_length = 0;
-        for (auto const * one : missing) {
-            missing_length += one->measure.length;
-        }
-        for (auto const * one : extra) {
-            extra_length += one->measure.length;
-        }
-        if (kind == sdkBodyKind::curve && !missing.empty() &&
-            m_options.tolerances.same_amount(missing_length, extra_length)) {
-            return;
-        }
-        sdk_tell_missing(missing, m_findings);
-        sdk_tell_extra(extra, m_findings);
     }
 
     void compare_counts()

@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkFaceComparison.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -11,7 +12,8 @@ public:
     {
         for (auto const * body : bodies) {
             for (auto const & face : body->measure.faces) {
-                m_faces.push_back({face.centroid.X(), &face, body});
+                m_faces.push_back({sdk_skew_place(face.centroid), &face, body});
+                ++m_left[body];
             }
         }
         std::sort(m_faces.begin(), m_faces.end(), [](auto const & a, auto const & b) { return a.x < b.x; });
@@ -22,13 +24,15 @@ public:
     sdkBody const * take(sdkFaceMeasure const & wanted, double size, sdkTolerances const & tolerances)
     {
         double const reach = tolerances.absolute + 10 * tolerances.relative * size;
-        auto at = std::lower_bound(m_faces.begin(), m_faces.end(), wanted.centroid.X() - reach,
-                                   [](auto const & face, double x) { return face.x < x; });
-        for (; at != m_faces.end() && at->x <= wanted.centroid.X() + reach; ++at) {
+        double const x = sdk_skew_place(wanted.centroid);
+        auto at = std::lower_bound(m_faces.begin(), m_faces.end(), x - reach,
+                                   [](auto const & face, double least) { return face.x < least; });
+        for (; at != m_faces.end() && at->x <= x + reach; ++at) {
             auto const index = static_cast<std::size_t>(at - m_faces.begin());
             if (!m_taken[index] && tolerances.same_amount(at->face->area, wanted.area) &&
                 tolerances.same_place(at->face->centroid, wanted.centroid, size)) {
                 m_taken[index] = true;
+                --m_left[at->body];
                 return at->body;
             }
         }
@@ -38,11 +42,8 @@ public:
     // How many faces of a body nobody has taken.
     std::size_t left(sdkBody const * body) const
     {
-        std::size_t count = 0;
-        for (std::size_t at = 0; at < m_faces.size(); ++at) {
-            count += m_faces[at].body == body && !m_taken[at] ? 1 : 0;
-        }
-        return count;
+        auto const found = m_left.find(body);
+        return found == m_left.end() ? 0 : found->second;
     }
 
 private:
@@ -54,6 +55,7 @@ private:
 
     std::vector<Face> m_faces;
     std::vector<bool> m_taken;
+    std::unordered_map<sdkBody const *, std::size_t> m_left;
 };
 
 void tell_regrouped(sdkBody const & body, std::vector<sdkFinding> & findings)
@@ -117,4 +119,12 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
                             sdkText("measure::%s at %s (%s) is in the output and not in the source",
                                     body->title(), body->place(), kind)});
     }
+}
+
+void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & findings)
+{
+    findings.push_back({sdkWeight::note, "coincident", body.title(), body.place(), std::nullopt, std::nullopt,
+                        sdkText("measure::%s at %s (%s) lies in the source on another one that is the same; "
+                                "the output has one of them",
+                                body.title(), body.place(), sdk_kind_name(body.kind))});
 }

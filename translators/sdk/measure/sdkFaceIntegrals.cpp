@@ -41,6 +41,22 @@ bool smooth(GeomAbs_SurfaceType type)
     return type <= GeomAbs_Torus;
 }
 
+// What a swept or offset surface does between its knots, nobody can tell from outside; this many pieces are
+// enough for a full turn.
+constexpr int pieces_of_unknown = 8;
+
+Knots divided(Knots const & knots, int pieces)
+{
+    Knots all;
+    for (std::size_t at = 0; at + 1 < knots.size(); ++at) {
+        for (int piece = 0; piece < pieces; ++piece) {
+            all.push_back(knots[at] + (knots[at + 1] - knots[at]) * piece / pieces);
+        }
+    }
+    all.push_back(knots.back());
+    return all;
+}
+
 Knots with_arcs_divided(Knots const & knots)
 {
     Knots divided;
@@ -71,8 +87,26 @@ Knots knots_of(Curve const & curve, double first, double last)
     Knots knots(all.begin(), all.end());
     knots.front() = first;
     knots.back() = last;
-    bool const arc = curve.GetType() == GeomAbs_Circle || curve.GetType() == GeomAbs_Ellipse;
-    return arc ? with_arcs_divided(knots) : knots;
+    switch (curve.GetType()) {
+    case GeomAbs_Line:
+    case GeomAbs_BSplineCurve:
+    case GeomAbs_BezierCurve:
+        return knots;
+    case GeomAbs_Circle:
+    case GeomAbs_Ellipse:
+        return with_arcs_divided(knots);
+    default:
+        return divided(knots, pieces_of_unknown);
+    }
+}
+
+template <class Curve>
+int degree_of(Curve const & curve)
+{
+    if (curve.GetType() != GeomAbs_BSplineCurve && curve.GetType() != GeomAbs_BezierCurve) {
+        return 0;
+    }
+    return curve.Degree() + (curve.IsRational() ? 2 : 0);
 }
 
 class Integration {
@@ -89,13 +123,13 @@ public:
             TColStd_Array1OfReal v_knots(1, m_surface.NbVIntervals(GeomAbs_CN) + 1);
             m_surface.VIntervals(v_knots, GeomAbs_CN);
             m_v_knots.assign(v_knots.begin(), v_knots.end());
-            if (m_type == GeomAbs_SurfaceOfRevolution) {
-                m_u_knots = with_arcs_divided(m_u_knots);
+            if (m_type != GeomAbs_BSplineSurface && m_type != GeomAbs_BezierSurface) {
+                m_u_knots = divided(m_u_knots, pieces_of_unknown);
+                m_v_knots =
+                    m_type == GeomAbs_SurfaceOfExtrusion ? m_v_knots : divided(m_v_knots, pieces_of_unknown);
             }
-            m_u_first = m_u_knots.front();
-            m_has_first = true;
         }
-        m_u_points = m_type == GeomAbs_Plane ? 2 : points_of_surface(surface_degree(true));
+        m_u_points = m_type == GeomAbs_Plane ? 2 : points_for(surface_degree(true));
     }
 
     sdkFaceIntegrals run()
@@ -108,10 +142,9 @@ public:
             if (one.Orientation() > TopAbs_REVERSED) {
                 continue;
             }
-            m_nodes.clear();
             m_type == GeomAbs_Plane ? add_edge_of_plane(one) : add_edge(one);
-            integrate();
         }
+        integrate();
         m_result.volume *= m_sign;
         m_result.volume_moment *= m_sign;
         return m_result;
@@ -132,30 +165,28 @@ private:
     }
 
     // The volume moment has four times the degree of the surface in it, the area a root.
-    static int points_of_surface(int degree) { return std::clamp(2 * degree, 4, 10); }
+    static int points_for(int degree) { return std::clamp(2 * degree, 4, 24); }
 
     void add_whole_surface()
     {
-        double const u = m_surface.LastUParameter();
-        if (!m_has_first) {
-            m_u_first = m_surface.FirstUParameter();
-            m_has_first = true;
-        }
+        double const u_first = m_surface.FirstUParameter();
+        double const u_last = m_surface.LastUParameter();
         Knots knots = m_v_knots;
         if (knots.empty()) {
             knots = {m_surface.FirstVParameter(), m_surface.LastVParameter()};
         }
-        if (Precision::IsInfinite(u) || Precision::IsInfinite(knots.front()) ||
-            Precision::IsInfinite(knots.back())) {
+        if (Precision::IsInfinite(u_first) || Precision::IsInfinite(u_last) ||
+            Precision::IsInfinite(knots.front()) || Precision::IsInfinite(knots.back())) {
             return;
         }
         if (round_in_v(m_type)) {
             knots = with_arcs_divided(knots);
         }
-        add_nodes(knots, points_of_surface(surface_degree(false)), [&](double v, double weight) {
-            m_nodes.push_back({u, v, weight});
+        // Down on one side and up on the other, as a boundary would run.
+        add_nodes(knots, points_for(surface_degree(false)), [&](double v, double weight) {
+            m_nodes.push_back({u_last, v, weight});
+            m_nodes.push_back({u_first, v, -weight});
         });
-        integrate();
     }
 
     // Of planes the curve in space serves as well as one on the surface, and is always there.
@@ -175,9 +206,8 @@ private:
         bool const moved = !location.IsIdentity();
         auto const place = location.Transformation();
         double const sign = edge.Orientation() == TopAbs_REVERSED ? -1 : 1;
-        bool const line = curve.GetType() == GeomAbs_Line;
         // What comes of a curve of degree n by the quadratic moments has degree 4 n.
-        int const points = line ? 3 : 8;
+        int const points = curve.GetType() == GeomAbs_Line ? 3 : points_for(std::max(4, degree_of(curve)));
         add_nodes(knots_of(curve, first, last), points, [&](double t, double weight) {
             gp_Pnt point;
             gp_Vec tangent;
@@ -211,7 +241,10 @@ private:
         }
         bool const along_v = line && std::abs(curve.Line().Direction().X()) < 1e-12;
         // A curve of many spans is nearly straight in each.
-        int const points = along_v ? points_of_surface(surface_degree(false)) : knots.size() > 5 ? 5 : 10;
+        bool const short_spans = knots.size() > 5 && degree_of(curve) <= 3;
+        int const points = along_v       ? points_for(surface_degree(false))
+                           : short_spans ? 5
+                                         : points_for(std::max(5, degree_of(curve)));
         double const sign = edge.Orientation() == TopAbs_REVERSED ? -1 : 1;
         add_nodes(knots, points, [&](double t, double weight) {
             gp_Pnt2d point;
@@ -236,6 +269,9 @@ private:
             }
         }
         std::sort(knots.begin(), knots.end());
+        if (!smooth(m_type) && m_type != GeomAbs_BSplineSurface && std::abs(line.Direction().X()) > 1e-12) {
+            return divided(knots, pieces_of_unknown);
+        }
         bool const arcs =
             round_in_v(m_type) || (round_in_u(m_type) && std::abs(line.Direction().X()) > 1e-12);
         return arcs ? with_arcs_divided(knots) : knots;
@@ -260,45 +296,43 @@ private:
         if (m_nodes.empty()) {
             return;
         }
-        if (!m_has_first) {
-            m_u_first = m_nodes.front().u;
-            m_has_first = true;
-        }
-        if (m_u_knots.empty()) {
+        auto const [least, most] = std::minmax_element(
+            m_nodes.begin(), m_nodes.end(), [](Node const & a, Node const & b) { return a.u < b.u; });
+        auto const knots = knots_between(least->u, most->u);
+        for (std::size_t at = 0; at + 1 < knots.size(); ++at) {
             for (auto const & node : m_nodes) {
-                add_run(node, m_u_first, node.u);
-            }
-            return;
-        }
-        for (std::size_t at = 0; at + 1 < m_u_knots.size(); ++at) {
-            // What lies before the first knot or behind the last one belongs to the outer spans.
-            bool const is_last = at + 2 == m_u_knots.size();
-            for (auto const & node : m_nodes) {
-                double const to = is_last ? node.u : std::min(node.u, m_u_knots[at + 1]);
-                if (at == 0 || to > m_u_knots[at]) {
-                    add_run(node, m_u_knots[at], to);
+                if (node.u > knots[at]) {
+                    add_run(node, knots[at], std::min(node.u, knots[at + 1]));
                 }
             }
         }
     }
 
+    // Where the surface is not smooth along u, as often as it repeats itself, from the first to the last.
+    Knots knots_between(double first, double last) const
+    {
+        Knots knots{first, last};
+        double const period = m_u_knots.empty() || !m_surface.IsUPeriodic() ? 0 : m_surface.UPeriod();
+        for (double const knot : m_u_knots) {
+            double const from = period > 0 ? knot + period * std::floor((first - knot) / period) : knot;
+            for (double u = from; u < last; u += period) {
+                if (u > first) {
+                    knots.push_back(u);
+                }
+                if (period <= 0) {
+                    break;
+                }
+            }
+        }
+        std::sort(knots.begin(), knots.end());
+        return round_in_u(m_type) ? with_arcs_divided(knots) : knots;
+    }
+
     void add_run(Node const & node, double from, double to)
     {
-        double const length = to - from;
-        if (std::abs(length) < 1e-14) {
-            return;
-        }
-        int const pieces =
-            round_in_u(m_type)
-                ? std::max(1, static_cast<int>(std::ceil(std::abs(length) / longest_arc - 1e-9)))
-                : 1;
-        auto const & rule = sdk_gauss_rule(m_u_points);
-        double const half = length / pieces / 2;
-        for (int piece = 0; piece < pieces; ++piece) {
-            double const middle = from + (2 * piece + 1) * half;
-            for (auto const & [place, weight] : rule) {
-                add_point(middle + half * place, node.v, half * weight * node.weight);
-            }
+        double const half = (to - from) / 2;
+        for (auto const & [place, weight] : sdk_gauss_rule(m_u_points)) {
+            add_point(from + half * (1 + place), node.v, half * weight * node.weight);
         }
     }
 
@@ -332,8 +366,6 @@ private:
     double m_sign;
     Knots m_u_knots; // none for surfaces that are smooth all over
     Knots m_v_knots;
-    double m_u_first = 0; // where the integrals along u begin
-    bool m_has_first = false;
     int m_u_points = 4;
     std::vector<Node> m_nodes;
     sdkFaceIntegrals m_result;

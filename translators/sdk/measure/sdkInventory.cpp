@@ -103,9 +103,9 @@ private:
             TopTools_MapOfShape seen;
             for (TopExp_Explorer one(shape, kind, avoided); one.More(); one.Next()) {
                 auto const & found = one.Current();
-                // The same edge or vertex of several free wires is one; a solid that is used twice at one
-                // place is one, too.
-                if (seen.Add(found)) {
+                // The same edge or vertex of several free wires is one. A solid that is used twice at one
+                // place is two, as it would be as two instances.
+                if (body < sdkBodyKind::curve || seen.Add(found)) {
                     bool const mesh = body <= sdkBodyKind::face && mesh_only(found);
                     part.bodies.push_back(
                         {mesh ? sdkBodyKind::mesh : body, found,

@@ -35,14 +35,14 @@ void sdk_compare_mesh(sdkDocument const & source, sdkDocument const & output, sd
     // Twice: the mesher looks at few points, and single precision rounds.
     double const allowed = 2 * promise.deflection;
     std::map<std::string, Farthest> parts;
-    for (auto const & [point, part] : sdk_surface_points(source)) {
+    for (auto const & [point, part] : sdk_surface_points(source, promise.hidden)) {
         double const distance = mesh.of(point);
-        if (auto & farthest = parts[part]; distance > farthest.distance) {
+        if (auto & farthest = parts[part]; !(distance <= farthest.distance)) {
             farthest = {distance, point};
         }
     }
     for (auto const & [part, farthest] : parts) {
-        if (farthest.distance > allowed) {
+        if (!(farthest.distance <= allowed)) {
             auto const place = sdk_point_text(farthest.point);
             findings.push_back(
                 {sdkWeight::difference, "deviation", part, place, promise.deflection, farthest.distance,

@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkMeshDistance.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/sdkVisibility.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
@@ -13,6 +14,7 @@
 #include <Poly_Triangulation.hxx>
 #include <Precision.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopTools_MapOfShape.hxx>
 #include <TopoDS.hxx>
 
 #include <array>
@@ -71,16 +73,19 @@ void add_inside(TopoDS_Face const & face, int most, std::string const & part,
                 std::vector<sdkSurfacePoint> & points)
 {
     BRepAdaptor_Surface const surface(face, Standard_False);
-    if (surface.GetType() == GeomAbs_Plane) {
-        return;
-    }
     double u_first = 0;
     double u_last = 0;
     double v_first = 0;
     double v_last = 0;
     BRepTools::UVBounds(face, u_first, u_last, v_first, v_last);
+    if (Precision::IsInfinite(u_first) || Precision::IsInfinite(u_last) || Precision::IsInfinite(v_first) ||
+        Precision::IsInfinite(v_last)) {
+        return;
+    }
     BRepTopAdaptor_FClass2d const inside(face, Precision::PConfusion());
-    int const steps = std::max(2, static_cast<int>(std::sqrt(most)) - 2);
+    // Within its edges a plane can only bulge or be absent, which few points show.
+    int const steps =
+        surface.GetType() == GeomAbs_Plane ? 3 : std::max(2, static_cast<int>(std::sqrt(most)) - 2);
     for (int i = 1; i < steps; ++i) {
         for (int j = 1; j < steps; ++j) {
             gp_Pnt2d const at(u_first + (u_last - u_first) * i / steps,
@@ -92,50 +97,86 @@ void add_inside(TopoDS_Face const & face, int most, std::string const & part,
     }
 }
 
-void add_points(TDF_Label const & label, TopLoc_Location const & outer, int most,
-                std::vector<sdkSurfacePoint> & points)
-{
-    TDF_Label definition = label;
-    TopLoc_Location location = outer;
-    if (XCAFDoc_ShapeTool::GetReferredShape(label, definition)) {
-        location = outer * XCAFDoc_ShapeTool::GetLocation(label);
-    } else {
-        definition = label;
+// Walks down to the parts of a document.
+class PointCollector {
+public:
+    PointCollector(sdkDocument const & document, bool hidden, int most)
+        : m_document(document), m_hidden(hidden), m_most(most)
+    {
     }
-    if (XCAFDoc_ShapeTool::IsAssembly(definition)) {
-        TDF_LabelSequence components;
-        XCAFDoc_ShapeTool::GetComponents(definition, components);
-        for (auto const & component : components) {
-            add_points(component, location, most, points);
+
+    void add(TDF_Label const & label, TopLoc_Location const & outer)
+    {
+        if (!m_hidden && sdk_hidden(m_document, label)) {
+            return;
         }
-        return;
-    }
-    auto const part = sdkDocument::name(definition);
-    std::vector<sdkSurfacePoint> own;
-    for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(definition), TopAbs_FACE); face.More();
-         face.Next()) {
-        auto const & one = TopoDS::Face(face.Current());
-        TopLoc_Location ignored;
-        if (!BRep_Tool::Surface(one, ignored).IsNull()) {
-            add_edges(one, most, part, own);
-            add_inside(one, most, part, own);
+        TDF_Label referred;
+        bool const placed = XCAFDoc_ShapeTool::GetReferredShape(label, referred);
+        auto const definition = placed ? referred : label;
+        auto const location = placed ? outer * XCAFDoc_ShapeTool::GetLocation(label) : outer;
+        if (XCAFDoc_ShapeTool::IsAssembly(definition)) {
+            TDF_LabelSequence components;
+            XCAFDoc_ShapeTool::GetComponents(definition, components);
+            for (auto const & component : components) {
+                add(component, location);
+            }
+        } else {
+            add_part(definition, location);
         }
     }
-    for (auto & point : own) {
-        point.point.Transform(location.Transformation());
-        points.push_back(std::move(point));
+
+    std::vector<sdkSurfacePoint> points;
+
+private:
+    // Of bodies within a part.
+    TopTools_MapOfShape hidden_faces(TDF_Label const & part) const
+    {
+        TopTools_MapOfShape faces;
+        TDF_LabelSequence details;
+        XCAFDoc_ShapeTool::GetSubShapes(part, details);
+        for (auto const & detail : details) {
+            auto const shape = XCAFDoc_ShapeTool::GetShape(detail);
+            if (!shape.IsNull() && shape.ShapeType() <= TopAbs_SOLID && sdk_hidden(m_document, detail)) {
+                for (TopExp_Explorer face(shape, TopAbs_FACE); face.More(); face.Next()) {
+                    faces.Add(face.Current());
+                }
+            }
+        }
+        return faces;
     }
-}
+
+    void add_part(TDF_Label const & part, TopLoc_Location const & location)
+    {
+        auto const name = sdkDocument::name(part);
+        auto const left_out = m_hidden ? TopTools_MapOfShape() : hidden_faces(part);
+        auto const begin = points.size();
+        for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(part), TopAbs_FACE); face.More(); face.Next()) {
+            auto const & one = TopoDS::Face(face.Current());
+            TopLoc_Location ignored;
+            if (!left_out.Contains(one) && !BRep_Tool::Surface(one, ignored).IsNull()) {
+                add_edges(one, m_most, name, points);
+                add_inside(one, m_most, name, points);
+            }
+        }
+        for (auto at = begin; at < points.size(); ++at) {
+            points[at].point.Transform(location.Transformation());
+        }
+    }
+
+    sdkDocument const & m_document;
+    bool m_hidden;
+    int m_most;
+};
 
 } // namespace
 
-std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face)
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, bool hidden, int most_of_a_face)
 {
-    std::vector<sdkSurfacePoint> points;
+    PointCollector collector(document, hidden, most_of_a_face);
     for (auto const & label : document.free_shapes()) {
-        add_points(label, {}, most_of_a_face, points);
+        collector.add(label, {});
     }
-    return points;
+    return std::move(collector.points);
 }
 
 struct sdkMeshDistance::Tree {

@@ -14,9 +14,11 @@ struct sdkSurfacePoint {
     std::string part;
 };
 
-// Points of all faces of the document at all their places: along their edges, and on curved faces between
-// them. At most so many for one face.
-std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, int most_of_a_face = 64);
+// Points of all faces of the document at all their places: along their edges and between them. About so many
+// for one face at most, and fewer for a plane one.
+// `hidden` says whether those of bodies that are hidden, or that lie at hidden places, are wanted.
+std::vector<sdkSurfacePoint> sdk_surface_points(sdkDocument const & document, bool hidden = true,
+                                                int most_of_a_face = 64);
 
 // Distances of points from the triangles of a document, in millimetres.
 class sdkMeshDistance {

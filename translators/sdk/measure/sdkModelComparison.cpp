@@ -108,7 +108,7 @@ private:
         sdkBodies only_b;
         for (auto const kind :
              {sdkBodyKind::solid, sdkBodyKind::shell, sdkBodyKind::face, sdkBodyKind::mesh}) {
-            auto pairs = sdk_pair_bodies(bodies_of(m_a, kind), bodies_of(m_b, kind), m_tolerances);
+            auto pairs = pairs_of(kind);
             pair_moved(pairs);
             for (auto const & [a, b] : pairs.same) {
                 add(*a, *b, false);
@@ -120,6 +120,16 @@ private:
             only_b.insert(only_b.end(), pairs.extra.begin(), pairs.extra.end());
         }
         compare_by_faces(only_a, only_b);
+    }
+
+    // A body that only one of two models has twice at one place is one that the other has not.
+    sdkBodyPairs pairs_of(sdkBodyKind kind) const
+    {
+        auto pairs = sdk_pair_bodies(bodies_of(m_a, kind), bodies_of(m_b, kind), m_tolerances);
+        for (auto const & coincident : pairs.coincident) {
+            pairs.missing.push_back(coincident.first);
+        }
+        return pairs;
     }
 
     // What has the same measure and lies far away was moved.
@@ -193,7 +203,7 @@ private:
 
     void compare_loose(sdkBodyKind kind)
     {
-        auto pairs = sdk_pair_bodies(bodies_of(m_a, kind), bodies_of(m_b, kind), m_tolerances);
+        auto pairs = pairs_of(kind);
         for (auto const & [a, b] : pairs.same) {
             add(*a, *b, false);
         }

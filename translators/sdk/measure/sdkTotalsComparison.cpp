@@ -56,7 +56,7 @@ void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output
     // Chords are shorter than their arcs: a facet of a surface that bends leaves out a little of it. No bound
     // follows from the deflection alone; a tenth is more than any tolerance that makes sense gives.
     double const area_allowed = promise.deflection > 0 ? 0.1 * area : rounding * area;
-    if (std::abs(area - area_there) > area_allowed) {
+    if (!(std::abs(area - area_there) <= area_allowed)) {
         findings.push_back(
             {area_there < area ? sdkWeight::loss : sdkWeight::difference,
              "area",
@@ -73,7 +73,7 @@ void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output
     double const volume = enclosed(source);
     double const volume_there = enclosed(output);
     double const allowed = promise.deflection * std::max(area, area_there) + rounding * std::abs(volume);
-    if (std::abs(volume - volume_there) > allowed) {
+    if (!(std::abs(volume - volume_there) <= allowed)) {
         findings.push_back(
             {sdkWeight::difference,
              "volume",
@@ -91,7 +91,7 @@ void sdk_compare_polylines(sdkInventory const & source, sdkInventory const & out
 {
     double const length = source.length();
     double const there = output.length();
-    if (std::abs(length - there) > 0.02 * length) {
+    if (!(std::abs(length - there) <= 0.02 * length)) {
         findings.push_back(
             {there < length ? sdkWeight::loss : sdkWeight::difference,
              "length",

@@ -1,16 +1,26 @@
 #include "sdk/measure/sdkBodyMeasure.h"
 #include "translators/kit/kitParts.h"
 
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepBuilderAPI_NurbsConvert.hxx>
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCone.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
+#include <Geom_Circle.hxx>
+#include <Geom_SurfaceOfRevolution.hxx>
+#include <Geom_TrimmedCurve.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 #include <gp_Ax2.hxx>
+#include <gp_Circ.hxx>
+#include <gp_Elips.hxx>
 
 #include <gtest/gtest.h>
 
@@ -135,4 +145,48 @@ TEST(BodyMeasure, CanBePlacedInsteadOfMeasuredAgain)
                         1e-7 * measured.moments.Value(1, 1));
         }
     }
+}
+
+TEST(BodyMeasure, OfCurvesIsExact)
+{
+    auto const half = std::numbers::pi / 2;
+    // The ellipse with half axes 20 and 10, as its complete elliptic integral gives it.
+    double const circumference = 4 * 20 * std::comp_ellint_2(std::sqrt(0.75));
+    gp_Elips const ellipse(gp_Ax2(gp_Pnt(1, 2, 3), gp::DZ()), 20, 10);
+    for (double const start : {0.0, 0.3, half, 2.0}) {
+        auto const edge = BRepBuilderAPI_MakeEdge(ellipse, start, start + 4 * half).Edge();
+        auto const curve = measure(edge);
+        EXPECT_NEAR(curve.length, circumference, 1e-9 * circumference);
+        EXPECT_LT(curve.centroid.Distance(gp_Pnt(1, 2, 3)), 1e-9);
+        auto const spline = measure(BRepBuilderAPI_NurbsConvert(edge, Standard_True).Shape());
+        EXPECT_NEAR(spline.length, circumference, 1e-8 * circumference);
+    }
+    gp_Circ const circle(gp_Ax2(gp::Origin(), gp::DZ()), 5);
+    auto const round = measure(BRepBuilderAPI_MakeEdge(circle).Edge());
+    EXPECT_NEAR(round.length, 10 * pi, 1e-9);
+    EXPECT_NEAR(round.moments.Value(1, 1), 10 * pi * 12.5, 1e-6);
+    EXPECT_NEAR(round.moments.Value(3, 3), 0, 1e-9);
+    EXPECT_NEAR(measure(BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 0), gp_Pnt(3, 4, 0)).Edge()).length, 5, 1e-12);
+}
+
+TEST(BodyMeasure, OfSweptSurfacesIsExact)
+{
+    double const circumference = 4 * 20 * std::comp_ellint_2(std::sqrt(0.75));
+    gp_Elips const ellipse(gp_Ax2(), 20, 10);
+    for (double const start : {0.0, 0.3, pi / 4, pi}) {
+        auto const edge = BRepBuilderAPI_MakeEdge(ellipse, start, start + 2 * pi).Edge();
+        auto const base = BRepBuilderAPI_MakeFace(BRepBuilderAPI_MakeWire(edge).Wire()).Face();
+        auto const prism = measure(BRepPrimAPI_MakePrism(base, gp_Vec(0, 0, 10)).Shape());
+        EXPECT_NEAR(prism.volume, 2000 * pi, 1e-8 * prism.volume) << start;
+        EXPECT_NEAR(prism.area, 400 * pi + 10 * circumference, 1e-8 * prism.area) << start;
+        EXPECT_LT(prism.centroid.Distance(gp_Pnt(0, 0, 5)), 1e-7) << start;
+    }
+    // A ball as the surface of revolution of half a circle, not as a sphere.
+    Handle(Geom_Curve) const arc = new Geom_TrimmedCurve(
+        new Geom_Circle(gp_Ax2(gp_Pnt(1, 2, 3), gp::DY(), gp::DX()), 10), -pi / 2, pi / 2);
+    Handle(Geom_Surface) const revolved =
+        new Geom_SurfaceOfRevolution(arc, gp_Ax1(gp_Pnt(1, 2, 3), gp::DZ()));
+    auto const ball = measure(BRepBuilderAPI_MakeFace(revolved, 1e-7).Face());
+    EXPECT_NEAR(ball.area, 400 * pi, 1e-8 * ball.area);
+    EXPECT_LT(ball.centroid.Distance(gp_Pnt(1, 2, 3)), 1e-7);
 }

@@ -1,0 +1,72 @@
+#include "measureBodies.h"
+
+#include "sdk/measure/sdkFaceComparison.h"
+#include "translators/kit/kitParts.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::vector<sdkFinding> compare(TopoDS_Shape const & source, TopoDS_Shape const & output,
+                                sdkComparisonOptions const & options = everything())
+{
+    auto const findings =
+        sdk_compare(inventory_of({{"Part", source}}), inventory_of({{"Part", output}}), options);
+    EXPECT_TRUE(all_fit(findings));
+    return findings;
+}
+
+} // namespace
+
+TEST(FaceComparison, KnowsASolidThatFellApartIntoItsFaces)
+{
+    auto const cube = kit_cube(10);
+    auto const findings = compare(cube, kit_compound(kit_loose_faces(cube)));
+    ASSERT_EQ(kinds(findings), (Kinds{"solid-open"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::loss);
+    EXPECT_EQ(findings[0].part, "Part");
+}
+
+TEST(FaceComparison, ExpectsNoSolidOfAFormatThatHasNone)
+{
+    auto const cube = kit_cube(10);
+    auto options = everything();
+    options.promise.holds.solids = false;
+    EXPECT_TRUE(compare(cube, kit_compound(kit_loose_faces(cube)), options).empty());
+}
+
+TEST(FaceComparison, NotesLooseFacesThatBecameASolid)
+{
+    auto const cube = kit_cube(10);
+    auto const findings = compare(kit_compound(kit_loose_faces(cube)), cube);
+    ASSERT_EQ(kinds(findings), Kinds(6, "regrouped"));
+    for (auto const & finding : findings) {
+        EXPECT_EQ(finding.weight, sdkWeight::note);
+    }
+}
+
+TEST(FaceComparison, KnowsASolidOfWhichAFaceIsLost)
+{
+    auto const cube = kit_cube(10);
+    auto faces = kit_loose_faces(cube);
+    faces.pop_back();
+    auto const findings = compare(cube, kit_compound(faces));
+    ASSERT_EQ(kinds(findings), (Kinds{"missing-solid"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::loss);
+}
+
+TEST(FaceComparison, TellsFacesThatAreOver)
+{
+    auto const cube = kit_cube(10);
+    auto faces = kit_loose_faces(cube);
+    faces.push_back(faces.front().Moved(shifted(500)));
+    EXPECT_EQ(kinds(compare(cube, kit_compound(faces))), (Kinds{"extra-face", "solid-open"}));
+}
+
+TEST(FaceComparison, UsesEachFaceOnce)
+{
+    auto const cube = kit_cube(10);
+    auto const two = kit_compound({cube, cube.Moved(shifted(500))});
+    EXPECT_EQ(kinds(compare(two, kit_compound(kit_loose_faces(cube)))),
+              (Kinds{"missing-solid", "solid-open"}));
+}

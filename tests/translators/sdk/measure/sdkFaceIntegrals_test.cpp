@@ -1,0 +1,112 @@
+#include "sdk/measure/sdkBodyMeasure.h"
+#include "sdk/measure/sdkFaceIntegrals.h"
+
+#include <BRepAlgoAPI_Cut.hxx>
+#include <BRepBuilderAPI_MakeEdge.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepBuilderAPI_NurbsConvert.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepPrimAPI_MakeCone.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
+#include <BRepPrimAPI_MakeSphere.hxx>
+#include <BRepPrimAPI_MakeTorus.hxx>
+#include <BRep_Builder.hxx>
+#include <Geom_SphericalSurface.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <gp_Ax2.hxx>
+#include <gp_Elips.hxx>
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+namespace {
+
+using std::numbers::pi;
+
+sdkBodyMeasure measure(TopoDS_Shape const & shape)
+{
+    return sdk_measure_body(TopExp_Explorer(shape, TopAbs_SOLID).Current(), sdkMeasureLevel::full);
+}
+
+// A prism over an ellipse 40 x 20 that begins at this angle of its own.
+TopoDS_Shape elliptic_prism(double start)
+{
+    gp_Elips const ellipse(gp_Ax2(), 20, 10);
+    auto const edge = BRepBuilderAPI_MakeEdge(ellipse, start, start + 2 * pi).Edge();
+    auto const face = BRepBuilderAPI_MakeFace(BRepBuilderAPI_MakeWire(edge).Wire()).Face();
+    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, 10)).Shape();
+}
+
+} // namespace
+
+TEST(FaceIntegrals, OfPrimitivesFollowTheirFormulas)
+{
+    auto const cone = measure(BRepPrimAPI_MakeCone(10, 4, 20).Solid());
+    EXPECT_NEAR(cone.volume, pi * 20 * (100 + 40 + 16) / 3, 1e-8);
+    auto const torus = measure(BRepPrimAPI_MakeTorus(20, 5).Solid());
+    EXPECT_NEAR(torus.volume, 2 * pi * pi * 20 * 25, 1e-7);
+    EXPECT_NEAR(torus.area, 4 * pi * pi * 20 * 5, 1e-7);
+    EXPECT_LT(torus.centroid.Distance(gp::Origin()), 1e-9);
+    auto const ball = measure(BRepPrimAPI_MakeSphere(gp_Ax2(gp_Pnt(1, 2, 3), gp_Dir(1, 1, 0)), 10).Solid());
+    EXPECT_NEAR(ball.volume, 4000 * pi / 3, 1e-7);
+    EXPECT_LT(ball.centroid.Distance(gp_Pnt(1, 2, 3)), 1e-9);
+}
+
+TEST(FaceIntegrals, OfAPrismOverAnEllipseDoNotDependOnWhereTheEllipseBegins)
+{
+    for (double const start : {0.0, pi / 4, pi, 5.0}) {
+        auto const prism = measure(elliptic_prism(start));
+        EXPECT_NEAR(prism.volume, 2000 * pi, 1e-7) << start;
+        EXPECT_NEAR(prism.area, measure(elliptic_prism(0)).area, 1e-7) << start;
+        EXPECT_LT(prism.centroid.Distance(gp_Pnt(0, 0, 5)), 1e-9) << start;
+    }
+}
+
+TEST(FaceIntegrals, OfSplinesAreThoseOfTheSurfacesThatTheyStandFor)
+{
+    for (auto const & shape : {BRepPrimAPI_MakeSphere(10).Solid(), BRepPrimAPI_MakeTorus(20, 5).Solid()}) {
+        auto const exact = measure(shape);
+        auto const spline = measure(BRepBuilderAPI_NurbsConvert(shape, true).Shape());
+        EXPECT_NEAR(spline.volume, exact.volume, 1e-7 * exact.volume);
+        EXPECT_NEAR(spline.area, exact.area, 1e-7 * exact.area);
+        EXPECT_LT(spline.centroid.Distance(exact.centroid), 1e-6);
+    }
+}
+
+TEST(FaceIntegrals, LeaveOutHoles)
+{
+    auto const plate = BRepPrimAPI_MakeBox(gp_Pnt(-20, -20, 0), 40, 40, 10).Solid();
+    auto const drill = BRepPrimAPI_MakeCylinder(gp_Ax2(gp_Pnt(0, 0, -5), gp_Dir(0, 0, 1)), 5, 20).Solid();
+    auto const drilled = measure(BRepAlgoAPI_Cut(plate, drill).Shape());
+    EXPECT_NEAR(drilled.volume, 16000 - 250 * pi, 1e-7);
+    EXPECT_NEAR(drilled.area, 2 * (1600 - 25 * pi) + 1600 + 100 * pi, 1e-7);
+}
+
+TEST(FaceIntegrals, OfAFaceWithoutABoundaryAreThoseOfItsWholeSurface)
+{
+    TopoDS_Face face;
+    BRep_Builder().MakeFace(face, new Geom_SphericalSurface(gp_Ax3(), 10), 1e-7);
+    auto const integrals = sdk_face_integrals(face, gp::Origin());
+    EXPECT_NEAR(integrals.area, 400 * pi, 1e-8);
+    EXPECT_NEAR(integrals.volume, 4000 * pi / 3, 1e-7);
+    EXPECT_NEAR(sdk_face_integrals(TopoDS::Face(face.Reversed()), gp::Origin()).volume, -4000 * pi / 3, 1e-7);
+}
+
+TEST(FaceIntegrals, AddUpOverFaces)
+{
+    sdkFaceIntegrals sum;
+    for (TopExp_Explorer face(BRepPrimAPI_MakeBox(10, 20, 30).Solid(), TopAbs_FACE); face.More();
+         face.Next()) {
+        sum += sdk_face_integrals(TopoDS::Face(face.Current()), gp_Pnt(3, 3, 3));
+    }
+    EXPECT_NEAR(sum.volume, 6000, 1e-9);
+    EXPECT_NEAR(sum.area, 2200, 1e-9);
+    // Of a volume about a point: its centroid from there.
+    EXPECT_NEAR(sum.volume_moment.X() / sum.volume, 2, 1e-9);
+    EXPECT_NEAR(sum.volume_moment.Y() / sum.volume, 7, 1e-9);
+    EXPECT_NEAR(sum.volume_moment.Z() / sum.volume, 12, 1e-9);
+}
