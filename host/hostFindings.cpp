@@ -1,8 +1,10 @@
 #include "host/hostFindings.h"
 
+#include <utility>
+
 namespace {
 
-// Of one kind and file, as messages.
+// Of one kind and weight and file, as messages.
 constexpr std::int64_t shown = 10;
 
 sdkStream stream_of(sdkWeight weight)
@@ -14,19 +16,18 @@ sdkStream stream_of(sdkWeight weight)
 
 void hostFindings::tell(std::vector<sdkFinding> const & findings)
 {
-    std::map<std::string, std::int64_t> told;
-    std::map<std::string, sdkWeight> weights;
+    std::map<std::pair<std::string, sdkWeight>, std::int64_t> told;
     for (auto const & finding : findings) {
         ++m_counts[finding.weight];
-        weights[finding.kind] = finding.weight;
-        if (++told[finding.kind] <= shown) {
+        if (++told[{finding.kind, finding.weight}] <= shown) {
             m_reporter.message(stream_of(finding.weight), finding.text);
         }
         m_events.finding(finding);
     }
-    for (auto const & [kind, count] : told) {
+    for (auto const & [one, count] : told) {
+        auto const & [kind, weight] = one;
         if (count > shown) {
-            m_reporter.message(stream_of(weights[kind]),
+            m_reporter.message(stream_of(weight),
                                sdkText("host::%d more of the kind \"%s\"", count - shown, kind));
         }
     }

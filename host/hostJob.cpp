@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
 #include <sstream>
 
 using nlohmann::json;
@@ -58,6 +59,9 @@ hostJobState host_parse_job(std::string_view text, hostJob & job, std::string & 
         job.final_name = output.value("final", job.output.file);
         job.staging = value.value("staging", std::string());
         job.memory_limit = value.value("memory_limit", std::uint64_t{0});
+        if (auto const patience = value.find("patience"); patience != value.end()) {
+            job.least_patience = std::chrono::milliseconds(std::llround(patience->get<double>() * 1000));
+        }
     } catch (json::exception const & failure) {
         problem = failure.what();
         return hostJobState::invalid;

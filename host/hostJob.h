@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -25,6 +26,8 @@ struct hostJob {
     // Empty when the engine made none.
     std::string staging;
     std::uint64_t memory_limit = 0;
+    // Reading the output back may take so long, however fast it was written.
+    std::chrono::milliseconds least_patience = std::chrono::seconds(5);
 };
 
 enum class hostJobState { complete, incomplete, invalid };

@@ -9,9 +9,8 @@ namespace {
 
 constexpr char const * option = "vmrOptVerify";
 
-// Reading back may take so many times as long as writing, and so long in any case.
+// Reading back may take so many times as long as writing.
 constexpr int patience = 10;
-constexpr std::chrono::seconds least_patience(5);
 
 bool processes(sdkOptions const & options, char const * kind)
 {
@@ -59,7 +58,7 @@ std::chrono::milliseconds hostVerification::limit() const
 {
     auto const writing = std::chrono::steady_clock::now() - m_begun;
     return std::chrono::ceil<std::chrono::milliseconds>(
-        std::max<std::chrono::steady_clock::duration>(patience * writing, least_patience));
+        std::max<std::chrono::steady_clock::duration>(patience * writing, m_job.least_patience));
 }
 
 sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & findings,

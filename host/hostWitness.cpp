@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <exception>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -124,7 +125,7 @@ hostTestimony hostWitness::ask(hostQuestion const & question, std::chrono::milli
             auto const line = text.substr(0, end_of_line);
             text.erase(0, end_of_line + 1);
             if (line.starts_with('{')) {
-                return host_read_testimony(line);
+                return testimony_from(line);
             }
             progress(std::atoi(line.c_str()));
         }
@@ -133,6 +134,18 @@ hostTestimony hostWitness::ask(hostQuestion const & question, std::chrono::milli
         testimony.reason = how_it_ended();
     }
     return testimony;
+}
+
+// A library that runs wild in the witness may write anywhere.
+hostTestimony hostWitness::testimony_from(std::string const & line) const
+{
+    try {
+        return host_read_testimony(line);
+    } catch (std::exception const &) {
+        hostTestimony testimony;
+        testimony.reason = sdkText("host::The reader of %s ended over the output without a result", m_format);
+        return testimony;
+    }
 }
 
 sdkText hostWitness::how_it_ended()

@@ -40,6 +40,7 @@ public:
                       std::atomic<bool> const & cancelled, std::function<void(int)> const & progress);
 
 private:
+    hostTestimony testimony_from(std::string const & line) const;
     sdkText how_it_ended();
     void end();
 

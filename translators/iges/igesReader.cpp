@@ -1,9 +1,13 @@
 #include "iges/igesReader.h"
 
+#include "iges/igesAccount.h"
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
+#include "iges/igesPlaces.h"
 #include "iges/igesSewing.h"
+#include "iges/igesUnbounded.h"
 #include "iges/igesUnits.h"
+#include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
@@ -12,7 +16,6 @@
 
 #include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
-#include <IGESData_IGESEntity.hxx>
 #include <IGESData_IGESModel.hxx>
 #include <Message_ProgressScope.hxx>
 #include <TCollection_HAsciiString.hxx>
@@ -96,12 +99,31 @@ void igesReader::settle_unit()
     auto section = model->GlobalSection();
     auto & reporter = m_context.reporter();
     reporter.output("iges::Length unit of the file is %s", unit_of(section));
+    iges_note_scale(section, m_context);
     auto const * const wanted = sdk_length_unit(m_context.options().text("igesReadUnits"));
     if (wanted) {
         section.SetUnitFlag(iges_unit_flag(*wanted));
         section.SetUnitName(new TCollection_HAsciiString(std::string(wanted->toolkit).c_str()));
         model->SetGlobalSection(section);
         reporter.output("iges::Its lengths are taken to be in %s, as the options ask", wanted->name);
+    } else {
+        iges_note_unknown_unit(section, m_context);
+    }
+}
+
+void igesReader::hide_blanked(sdkDocument & document)
+{
+    auto const hidden = iges_hide_blanked(m_reader->WS(), document);
+    if (hidden > 0 && m_reader->GetReadVisible()) {
+        m_context.account().add(
+            {.weight = sdkWeight::note,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .output = 0,
+             .text = sdkText("iges::%s: %d blanked entities are left out, as the options ask",
+                             m_context.file(), hidden)});
     }
 }
 
@@ -112,6 +134,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     sdkShapeProcessing const processing(options.boolean("igesReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
+    m_reader->add_own();
     bool const sewing = options.boolean("igesReadSolids");
     Message_ProgressScope scope(range, nullptr, 10);
     bool const transferred =
@@ -119,14 +142,18 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->WS(), STANDARD_TYPE(IGESData_IGESEntity), m_context);
-    auto const added = document.free_shapes_since(before);
-    if (!transferred || added.IsEmpty()) {
+    sdk_report_transfer(m_reader->WS(), {}, m_context);
+    iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+    hide_blanked(document);
+    iges_drop_unbounded(document, document.free_shapes_since(before));
+    if (!transferred || document.free_shapes_since(before).IsEmpty()) {
         return sdkResult::read_error(sdkText("iges::%s has no shapes that can be read", m_context.file()));
     }
+    auto const name = sdk_file_stem(m_context.file());
+    iges_settle_places(document, document.free_shapes_since(before), name);
     if (sewing) {
         igesSewing sewer(document, options.real("igesReadSewTolerance"));
-        sewer.sew(added, sdk_file_stem(m_context.file()), scope.Next(3));
+        sewer.sew(document.free_shapes_since(before), name, scope.Next(3));
         if (scope.UserBreak()) {
             return sdkResult::cancelled();
         }

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "iges/igesRoots.h"
 #include "sdk/sdkModule.h"
-
-#include <IGESCAFControl_Reader.hxx>
 
 #include <optional>
 
@@ -19,7 +18,8 @@ public:
 private:
     sdkResult check_text(sdkInputFile const & file) const;
     void settle_unit();
+    void hide_blanked(sdkDocument & document);
 
     sdkContext & m_context;
-    std::optional<IGESCAFControl_Reader> m_reader;
+    std::optional<igesRoots> m_reader;
 };

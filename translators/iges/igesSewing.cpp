@@ -5,14 +5,47 @@
 #include "sdk/sdkAttributes.h"
 
 #include <BRepBuilderAPI_Sewing.hxx>
+#include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <Geom_Surface.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
 #include <TopoDS_Iterator.hxx>
+#include <TopoDS_Shell.hxx>
 
 namespace {
 
 bool can_be_sewn(TopoDS_Shape const & shape)
 {
     return shape.ShapeType() == TopAbs_FACE || shape.ShapeType() == TopAbs_SHELL;
+}
+
+TopoDS_Shell shell_of(TopoDS_Shape const & face)
+{
+    TopoDS_Shell shell;
+    BRep_Builder builder;
+    builder.MakeShell(shell);
+    builder.Add(shell, face);
+    shell.Closed(BRep_Tool::IsClosed(shell));
+    return shell;
+}
+
+// A ball or a torus may be one face, which bounds a body by itself.
+bool is_closed_face(TopoDS_Shape const & face)
+{
+    return BRep_Tool::IsClosed(shell_of(face));
+}
+
+// Files give such a face two edges where it meets itself, which have to be sewn to each other.
+bool may_meet_itself(TopoDS_Shape const & face)
+{
+    auto const surface = BRep_Tool::Surface(TopoDS::Face(face));
+    return !surface.IsNull() && (surface->IsUClosed() || surface->IsVClosed());
+}
+
+bool can_give_bodies(std::vector<TopoDS_Shape> const & faces)
+{
+    return faces.size() > 1 || (faces.size() == 1 && may_meet_itself(faces.front()));
 }
 
 void append(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind, TopAbs_ShapeEnum avoided,
@@ -95,7 +128,7 @@ TopoDS_Shape igesSewing::sewn(TopoDS_Shape const & shape, sdkShapeHistory & hist
             }
         }
     }
-    if (faces.size() < 2 && !changed) {
+    if (!changed && !can_give_bodies(faces)) {
         return shape;
     }
     sew_faces(faces, results, history);
@@ -105,7 +138,7 @@ TopoDS_Shape igesSewing::sewn(TopoDS_Shape const & shape, sdkShapeHistory & hist
 void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<TopoDS_Shape> & results,
                            sdkShapeHistory & history)
 {
-    if (faces.size() < 2) {
+    if (!can_give_bodies(faces)) {
         results.insert(results.end(), faces.begin(), faces.end());
         return;
     }
@@ -119,14 +152,24 @@ void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<
         results.insert(results.end(), faces.begin(), faces.end());
         return;
     }
+    std::vector<TopoDS_Shape> sewn;
+    append(whole, TopAbs_SHELL, TopAbs_SHAPE, sewn);
+    // Faces that touch no other one.
+    std::vector<TopoDS_Shape> alone;
+    append(whole, TopAbs_FACE, TopAbs_SHELL, alone);
+    for (auto const & face : alone) {
+        sewn.push_back(is_closed_face(face) ? shell_of(face) : face);
+    }
+    if (faces.size() == 1 && sewn.front().ShapeType() == TopAbs_FACE) {
+        results.push_back(faces.front());
+        return;
+    }
     for (auto const & face : faces) {
         if (sewing.IsModified(face)) {
             history.replace(face, sewing.Modified(face));
         }
     }
-    append(whole, TopAbs_SHELL, TopAbs_SHAPE, results);
-    // Faces that touch no other one.
-    append(whole, TopAbs_FACE, TopAbs_SHELL, results);
+    results.insert(results.end(), sewn.begin(), sewn.end());
     m_faces += static_cast<std::int64_t>(faces.size());
 }
 

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
-// Sews faces that a file gives one by one into shells, and closed shells into solids. Faces of one group of
-// the file are sewn to each other only; faces that stand alone are sewn to all others that stand alone.
-// Names, colours and layers stay with the faces.
+// Sews faces that a file gives one by one into shells, and closed shells into solids; a face that is closed
+// by itself, as that of a ball, is such a shell. Faces of one group of the file are sewn to each other only;
+// faces that stand alone are sewn to all others that stand alone. Names, colours and layers stay with the
+// faces.
 class igesSewing {
 public:
     igesSewing(sdkDocument & document, double tolerance) : m_document(document), m_tolerance(tolerance) {}

@@ -2,9 +2,11 @@
 
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
+#include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
+#include "sdk/exchange/sdkTurnedEllipses.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
@@ -63,12 +65,14 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     }
     report_losses(document);
     flatten(document);
-    auto const entities = output.count().entities();
+    sdk_divide_turned_ellipses(document);
+    auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
+    blank_hidden(document);
     auto const failed = std::min(sdk_report_transfer(m_writer->TransferProcess(), m_context), entities);
     reporter.failed(failed);
     if (!transferred) {
@@ -116,6 +120,20 @@ void igesWriter::flatten(sdkDocument & document)
     m_context.reporter().output("iges::IGES files hold no assembly structure: %d assemblies with %d "
                                 "instances became %d separate shapes",
                                 attributes.assemblies, attributes.instances, document.free_shapes().Length());
+}
+
+void igesWriter::blank_hidden(sdkDocument const & document)
+{
+    if (auto const visible = iges_blank_hidden(document, m_writer->TransferProcess()); visible > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(visible),
+             .output = 0,
+             .text = sdkText("iges::%d hidden shapes are visible in %s", visible, m_context.file())});
+    }
 }
 
 sdkResult igesWriter::write(std::string const & path, Message_ProgressRange const & range)

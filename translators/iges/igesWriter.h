@@ -18,6 +18,7 @@ public:
 private:
     void report_losses(sdkDocument & document);
     void flatten(sdkDocument & document);
+    void blank_hidden(sdkDocument const & document);
     void fill_header();
 
     sdkContext & m_context;

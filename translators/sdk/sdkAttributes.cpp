@@ -1,5 +1,7 @@
 #include "sdk/sdkAttributes.h"
 
+#include "sdk/sdkVisibility.h"
+
 void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Label const & to)
 {
     if (sdkDocument::name(to).empty()) {
@@ -10,6 +12,11 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
         if (!document.colours()->IsSet(to, type) && XCAFDoc_ColorTool::GetColor(from, type, colour)) {
             document.colours()->SetColor(to, colour, type);
         }
+    }
+    if (!document.colours()->IsVisible(from)) {
+        document.colours()->SetVisibility(to, Standard_False);
+    if (sdk_hidden(document, from)) {
+        sdk_hide(document, to);
     }
     TDF_LabelSequence layers;
     document.layers()->GetLayers(from, layers);

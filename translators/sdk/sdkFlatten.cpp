@@ -108,7 +108,7 @@ private:
         for (auto const & detail : details) {
             TDF_Label copy;
             auto const placed = placement.placed(XCAFDoc_ShapeTool::GetShape(detail));
-            if (m_document.shapes()->AddSubShape(label, placed, copy)) {
+            if (!placed.IsNull() && m_document.shapes()->AddSubShape(label, placed, copy)) {
                 sdk_add_attributes(m_document, detail, copy);
             }
         }

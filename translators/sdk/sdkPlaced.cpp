@@ -9,12 +9,25 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+// A file may give a mirror as a matrix: its transformation has the factor 1 then, and a matrix that turns
+// right into left.
+bool has_mirroring_matrix(gp_Trsf const & transformation)
+{
+    return transformation.HVectorialPart().Determinant() < 0;
+}
+
+} // namespace
+
 double sdk_scale_of(TopLoc_Location const & place)
 {
     if (place.IsIdentity()) {
         return 1;
     }
-    double const factor = place.Transformation().ScaleFactor();
+    auto const transformation = place.Transformation();
+    double const factor =
+        has_mirroring_matrix(transformation) ? -transformation.ScaleFactor() : transformation.ScaleFactor();
     return std::abs(factor - 1) <= TopLoc_Location::ScalePrec() ? 1 : factor;
 }
 
@@ -26,7 +39,7 @@ TopLoc_Location sdk_rigid_part(TopLoc_Location const & place)
     // A mirror is a negative factor here: what is left without it is a rotation. Changing the factor of a
     // transformation in place would leave it believing that it is a mirror.
     auto const whole = place.Transformation();
-    auto const turn = whole.HVectorialPart();
+    auto const turn = whole.HVectorialPart() * (has_mirroring_matrix(whole) ? -1.0 : 1.0);
     auto const shift = whole.TranslationPart();
     gp_Trsf rigid;
     rigid.SetValues(turn(1, 1), turn(1, 2), turn(1, 3), shift.X(), turn(2, 1), turn(2, 2), turn(2, 3),

@@ -1,10 +1,13 @@
 #include "sdk/sdkVisibility.h"
 
 #include <TDF_ChildIterator.hxx>
+#include <TDF_LabelMap.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_LayerTool.hxx>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -22,6 +25,42 @@ bool is_marked(sdkDocument const & document, TDF_Label const & label)
     // The toolkit's own test does not ask the layers of the label.
     return !document.colours()->IsVisible(label) || lies_on_hidden_layers_only(document, label);
 }
+
+// Which parts are seen at some place, and which are hidden at some.
+class Places {
+public:
+    explicit Places(sdkDocument const & document) : m_document(document) {}
+
+    void follow(TDF_Label const & shape)
+    {
+        m_waiting.emplace_back(shape, false);
+        while (!m_waiting.empty()) {
+            auto const [label, inherited] = m_waiting.back();
+            m_waiting.pop_back();
+            bool const hidden = inherited || is_marked(m_document, label);
+            if (!(hidden ? m_hidden : m_seen).Add(label)) {
+                continue;
+            }
+            if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+                m_waiting.emplace_back(referred, hidden);
+            }
+            TDF_LabelSequence components;
+            XCAFDoc_ShapeTool::GetComponents(label, components);
+            for (auto const & component : components) {
+                m_waiting.emplace_back(component, hidden);
+            }
+        }
+    }
+
+    bool seen(TDF_Label const & label) const { return m_seen.Contains(label); }
+    bool hidden(TDF_Label const & label) const { return m_hidden.Contains(label); }
+
+private:
+    sdkDocument const & m_document;
+    std::vector<std::pair<TDF_Label, bool>> m_waiting;
+    TDF_LabelMap m_seen;
+    TDF_LabelMap m_hidden;
+};
 
 } // namespace
 
@@ -51,4 +90,25 @@ TDF_LabelSequence sdk_hidden_labels(sdkDocument const & document)
         }
     }
     return hidden;
+}
+
+std::int64_t sdk_hide_parts_for_instances(sdkDocument & document)
+{
+    Places places(document);
+    for (auto const & shape : document.free_shapes()) {
+        places.follow(shape);
+    }
+    std::int64_t both = 0;
+    for (auto const & part : document.parts()) {
+        both += places.seen(part) && places.hidden(part) ? 1 : 0;
+        if (places.hidden(part) && !places.seen(part)) {
+            sdk_hide(document, part);
+        }
+    }
+    for (auto const & label : sdk_hidden_labels(document)) {
+        if (XCAFDoc_ShapeTool::IsReference(label) || XCAFDoc_ShapeTool::IsAssembly(label)) {
+            document.colours()->SetVisibility(label, Standard_True);
+        }
+    }
+    return both;
 }

@@ -11,3 +11,8 @@ bool sdk_hidden(sdkDocument const & document, TDF_Label const & label);
 
 // All labels of parts, instances and sub-shapes that are marked themselves, each once.
 TDF_LabelSequence sdk_hidden_labels(sdkDocument const & document);
+
+// Hides parts in place of instances and assemblies, for formats in which only bodies can be hidden: a part is
+// hidden when none of its places is seen. Returns how many parts have both hidden places and such that are
+// seen; all their places will be seen.
+std::int64_t sdk_hide_parts_for_instances(sdkDocument & document);

@@ -1,6 +1,7 @@
 #include "step/stepLosses.h"
 
 #include <Interface_InterfaceModel.hxx>
+#include <StepData_UndefinedEntity.hxx>
 #include <StepDimTol_Datum.hxx>
 #include <StepDimTol_GeometricTolerance.hxx>
 #include <StepShape_DimensionalLocation.hxx>
@@ -10,10 +11,28 @@
 #include <StepVisual_CameraModelD3.hxx>
 #include <StepVisual_TessellatedAnnotationOccurrence.hxx>
 
+#include <string_view>
+
 namespace {
+
+// Drawings have many kinds of annotation that the toolkit does not know; all are called so.
+bool is_unknown_annotation(Standard_Transient const & entity)
+{
+    auto const * part = dynamic_cast<StepData_UndefinedEntity const *>(&entity);
+    for (; part != nullptr; part = part->Next().get()) {
+        std::string_view const kind = part->StepType();
+        if (kind.find("ANNOTATION_") != std::string_view::npos && kind.ends_with("_OCCURRENCE")) {
+            return true;
+        }
+    }
+    return false;
+}
 
 bool is_annotation(Standard_Transient const & entity)
 {
+    if (is_unknown_annotation(entity)) {
+        return true;
+    }
     // A plane only says where annotations lie.
     return entity.IsKind(STANDARD_TYPE(StepVisual_TessellatedAnnotationOccurrence)) ||
            (entity.IsKind(STANDARD_TYPE(StepVisual_AnnotationOccurrence)) &&

@@ -16,7 +16,8 @@ struct stepLosses {
     std::int64_t annotations = 0; // drawn ones, among them those that show the three others
     std::int64_t views = 0;
 
-    bool has_pmi() const { return dimensions + tolerances + datums + annotations + views > 0; }
+    std::int64_t number() const { return dimensions + tolerances + datums + annotations + views; }
+    bool has_pmi() const { return number() > 0; }
 };
 
 stepLosses step_count_losses(Handle(Interface_InterfaceModel) const & model);

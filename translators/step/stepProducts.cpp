@@ -19,14 +19,20 @@ stepProducts::stepProducts(Handle(Interface_InterfaceModel) const & model)
             continue;
         }
         auto const link = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(entity);
-        if (link.IsNull() || link->UsedRepresentation().IsNull()) {
+        if (link.IsNull()) {
             continue;
         }
         auto const shape = link->Definition().PropertyDefinition();
         if (shape.IsNull()) {
             continue;
         }
-        if (auto const product = shape->Definition().ProductDefinition(); !product.IsNull()) {
+        auto const product = shape->Definition().ProductDefinition();
+        if (product.IsNull()) {
+            continue;
+        }
+        if (link->UsedRepresentation().IsNull()) {
+            m_with_unknown_shape.insert(product.get());
+        } else {
             m_products.emplace(link->UsedRepresentation().get(), product);
         }
     }
@@ -37,6 +43,11 @@ Handle(StepBasic_ProductDefinition) stepProducts::product_of(Handle(StepRepr_Rep
 {
     auto const found = m_products.find(shape.get());
     return found == m_products.end() ? Handle(StepBasic_ProductDefinition)() : found->second;
+}
+
+bool stepProducts::has_unknown_shape(Handle(StepBasic_ProductDefinition) const & definition) const
+{
+    return m_with_unknown_shape.count(definition.get()) > 0;
 }
 
 bool stepProducts::uses(Handle(StepBasic_ProductDefinition) const & assembly,

@@ -22,11 +22,15 @@ public:
     bool uses(Handle(StepBasic_ProductDefinition) const & assembly,
               Handle(StepBasic_ProductDefinition) const & component) const;
 
+    // True when the file gives it a shape of a kind that is not known, so that nothing can be said of it.
+    bool has_unknown_shape(Handle(StepBasic_ProductDefinition) const & definition) const;
+
     // What the file calls it; empty when it has no name.
     static std::string name(Handle(StepBasic_ProductDefinition) const & definition);
 
 private:
     using Product = StepBasic_ProductDefinition const *;
     std::map<StepRepr_Representation const *, Handle(StepBasic_ProductDefinition)> m_products;
+    std::set<Product> m_with_unknown_shape;
     std::set<std::pair<Product, Product>> m_usages;
 };

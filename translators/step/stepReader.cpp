@@ -4,15 +4,19 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
-#include "sdk/sdkLengthUnit.h"
+#include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
+#include "step/stepExternFiles.h"
 #include "step/stepFile.h"
+#include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepLosses.h"
 #include "step/stepMappings.h"
 #include "step/stepProducts.h"
+#include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepValidationCheck.h"
+#include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -21,7 +25,6 @@
 #include <StepGeom_CartesianTransformationOperator.hxx>
 #include <StepShape_Face.hxx>
 #include <StepShape_ShapeRepresentation.hxx>
-#include <TColStd_SequenceOfAsciiString.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <Transfer_TransientProcess.hxx>
 #include <XSControl_TransferReader.hxx>
@@ -29,7 +32,7 @@
 
 #include <algorithm>
 #include <istream>
-#include <set>
+#include <vector>
 
 namespace {
 
@@ -39,14 +42,6 @@ bool has_geometry(TDF_LabelSequence const & shapes)
     return std::any_of(parts.begin(), parts.end(), [](TDF_Label const & part) {
         return sdk_count_entities(XCAFDoc_ShapeTool::GetShape(part)).entities() > 0;
     });
-}
-
-// The sign of a unit that the file names in words; other names are left alone.
-std::string sign_of(std::string_view name)
-{
-    auto const known = std::find_if(sdk_length_units.begin(), sdk_length_units.end(),
-                                    [name](auto const & unit) { return unit.english == name; });
-    return std::string(known == sdk_length_units.end() ? name : known->name);
 }
 
 } // namespace
@@ -93,8 +88,8 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     "again from the program that made it",
                     m_context.file()));
     }
-    m_references = step_constructive_references(file.text());
-    sdk_report_load(reader.WS(), m_context);
+    m_links = stepTextualLinks(reader.StepModel(), file.text());
+    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) { return m_links.explain(entity); });
     if (auto result = check_transformations(); !result) {
         return result;
     }
@@ -142,6 +137,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
+    int const hidden_before = sdk_hidden_labels(document).Length();
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
@@ -151,13 +147,14 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->ChangeReader().WS(), STANDARD_TYPE(StepShape_Face), m_context);
+    take_inventory();
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
     }
-    report_units();
+    step_report_units(m_reader->Reader().Model(), m_context);
     report_losses();
+    read_visibility(document, hidden_before);
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
@@ -181,12 +178,46 @@ void stepReader::build_missing()
         return;
     }
     stepProducts const products(model);
-    stepSolids solids(model, actor, process, m_references);
+    stepSolids solids(model, actor, process, m_links.operands());
     stepMappings mappings(products, solids, actor, process);
     for (int number = 1; number <= model->NbEntities(); ++number) {
         mappings.build(Handle(StepShape_ShapeRepresentation)::DownCast(model->Value(number)));
     }
     actor->ResetUnits();
+}
+
+void stepReader::take_inventory()
+{
+    auto & reader = m_reader->ChangeReader();
+    std::vector<Handle(Standard_Transient)> roots;
+    for (int number = 1; number <= reader.NbRootsForTransfer(); ++number) {
+        roots.push_back(reader.RootForTransfer(number));
+    }
+    stepInventory inventory(reader.WS(), m_links, m_context);
+    inventory.take(roots);
+    auto const absent = step_lose_absent_files(reader.WS(), m_context);
+    sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
+        return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
+    });
+}
+
+void stepReader::read_visibility(sdkDocument & document, int hidden_before)
+{
+    auto const & options = m_context.options();
+    if (!options.boolean("stepReadColours") || !options.boolean("stepReadLayers")) {
+        step_read_visibility(m_reader->Reader().WS(), document);
+    }
+    int const hidden = sdk_hidden_labels(document).Length() - hidden_before;
+    if (hidden > 0) {
+        m_context.account().add(
+            {.kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(hidden),
+             .text =
+                 sdkText("step::%s hides %d bodies or surfaces; they stay hidden where the output can say so",
+                         m_context.file(), hidden)});
+    }
 }
 
 sdkResult stepReader::check_transformations() const
@@ -209,14 +240,23 @@ sdkResult stepReader::check_transformations() const
 sdkResult stepReader::without_shapes() const
 {
     auto const unknown = sdk_unknown_kinds(m_reader->Reader().WS());
+    auto const & file = m_context.file();
     if (unknown.empty()) {
         return sdkResult::read_error(
-            sdkText("step::%s has no shapes that can be read; its schema is %s", m_context.file(), m_schema));
+            m_schema.empty()
+                ? sdkText("step::%s has no shapes that can be read, and it names no schema", file)
+                : sdkText("step::%s has no shapes that can be read; its schema is %s", file, m_schema));
+    }
+    if (m_schema.empty()) {
+        return sdkResult::read_error(sdkText(
+            "step::%s has no shapes that can be read; it names no schema, and it has entities of kinds "
+            "that are not known: %s. Export it with exact geometry",
+            file, unknown));
     }
     return sdkResult::read_error(
         sdkText("step::%s has no shapes that can be read; its schema is %s, and it "
                 "has entities of kinds that are not known: %s. Export it with exact geometry",
-                m_context.file(), m_schema, unknown));
+                file, m_schema, unknown));
 }
 
 void stepReader::prepare_layers() const
@@ -233,26 +273,16 @@ void stepReader::report_losses() const
 {
     auto const losses = step_count_losses(m_reader->Reader().Model());
     if (losses.has_pmi()) {
-        m_context.reporter().output(
-            "step::Product and manufacturing information is not translated: %d dimensions, %d "
-            "geometric tolerances, %d datums, %d annotations and %d views are lost",
-            losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views);
-    }
-}
-
-void stepReader::report_units()
-{
-    TColStd_SequenceOfAsciiString lengths;
-    TColStd_SequenceOfAsciiString angles;
-    TColStd_SequenceOfAsciiString solid_angles;
-    m_reader->ChangeReader().FileUnits(lengths, angles, solid_angles);
-    std::set<std::string> names;
-    for (auto const & length : lengths) {
-        TCollection_AsciiString name = length;
-        name.LowerCase();
-        names.insert(sign_of(name.ToCString()));
-    }
-    for (auto const & name : names) {
-        m_context.reporter().output("step::Length unit of the file is %s", name);
+        m_context.account().add(
+            {.weight = sdkWeight::loss,
+             .kind = "annotation",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(losses.number()),
+             .output = 0.0,
+             .text = sdkText(
+                 "step::Product and manufacturing information is not translated: %d dimensions, %d "
+                 "geometric tolerances, %d datums, %d annotations and %d views are lost",
+                 losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views)});
     }
 }

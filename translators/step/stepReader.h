@@ -3,7 +3,7 @@
 #include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
-#include "step/stepReferences.h"
+#include "step/stepGaps.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
@@ -22,13 +22,14 @@ private:
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
     void build_missing();
+    void read_visibility(sdkDocument & document, int hidden_before);
+    void take_inventory();
     void prepare_layers() const;
     void report_losses() const;
-    void report_units();
 
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Reader> m_reader;
     std::string m_schema;
-    stepReferences m_references;
+    stepTextualLinks m_links;
 };

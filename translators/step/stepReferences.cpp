@@ -1,23 +1,18 @@
 #include "step/stepReferences.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 
 namespace {
 
 constexpr std::string_view white = " \t\r\n\f\v";
 
-// Walks back from the keyword over white space and "=" to the number of its instance; 0 when there is none.
-int number_before(std::string_view text, std::size_t keyword)
+// The number of the instance whose definition begins with this equals sign; 0 when it begins none.
+int number_before(std::string_view text, std::size_t equals)
 {
     auto const last_not_of = [text](std::string_view characters, std::size_t from) {
         return from == 0 ? std::string_view::npos : text.find_last_not_of(characters, from - 1);
     };
-    auto const equals = last_not_of(white, keyword);
-    if (equals == std::string_view::npos || text[equals] != '=') {
-        return 0;
-    }
     auto const digit = last_not_of(white, equals);
     if (digit == std::string_view::npos) {
         return 0;
@@ -49,21 +44,18 @@ std::vector<int> references_in(std::string_view text)
     return references;
 }
 
-void find_all(std::string_view text, std::string_view keyword, stepReferences & found)
+} // namespace
+
+stepReferences step_references_of(std::set<int> const & numbers, std::string_view text)
 {
-    for (auto at = text.find(keyword); at != std::string_view::npos; at = text.find(keyword, at + 1)) {
-        if (int const number = number_before(text, at); number > 0) {
+    stepReferences found;
+    if (numbers.empty()) {
+        return found;
+    }
+    for (auto at = text.find('='); at != std::string_view::npos; at = text.find('=', at + 1)) {
+        if (int const number = number_before(text, at); numbers.count(number) > 0) {
             found.emplace(number, references_in(text.substr(at)));
         }
     }
-}
-
-} // namespace
-
-stepReferences step_constructive_references(std::string_view text)
-{
-    stepReferences found;
-    find_all(text, "CSG_SOLID", found);
-    find_all(text, "BOOLEAN_RESULT", found);
     return found;
 }

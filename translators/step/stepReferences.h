@@ -1,12 +1,13 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string_view>
 #include <vector>
 
-// Which entities the constructive solids of a file refer to, by number and in the order of the file: of each
-// CSG_SOLID its expression, of each BOOLEAN_RESULT its two operands. Open CASCADE drops these references
-// where they lead to primitives, so they are taken from the text.
+// Which entities others refer to: numbers by number, in the order of the file.
 using stepReferences = std::map<int, std::vector<int>>;
 
-stepReferences step_constructive_references(std::string_view text);
+// Of the entities with these numbers, from the text of a file: Open CASCADE drops references to what is not
+// there, to what it does not know, and from constructive solids to primitives.
+stepReferences step_references_of(std::set<int> const & numbers, std::string_view text);

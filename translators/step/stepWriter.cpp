@@ -9,10 +9,12 @@
 #include "sdk/sdkLengthUnit.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkStated.h"
+#include "sdk/sdkVisibility.h"
 #include "step/stepFile.h"
 #include "step/stepHeader.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
+#include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPControl_Controller.hxx>
@@ -78,6 +80,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
         }
     }
+    settle_visibility(document);
     Message_ProgressScope scope(range, nullptr, 10);
     sdkBrepOutput output("STEP", "step", m_context);
     if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
@@ -97,6 +100,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
     reporter.processed(entities - failed);
+    step_write_visibility(m_writer->ChangeWriter().WS(), document);
     add_validation(document);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
@@ -128,6 +132,24 @@ void stepWriter::add_validation(sdkDocument const & document)
                                     "centroids that the source "
                                     "states for %d products are lost",
                                     stated);
+    }
+}
+
+void stepWriter::settle_visibility(sdkDocument & document)
+{
+    // The toolkit crashes on an instance that is hidden.
+    if (auto const seen = sdk_hide_parts_for_instances(document); seen > 0) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "hidden",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(seen),
+             .output = 0.0,
+             .text =
+                 sdkText("step::Of %d parts some instances are hidden and others are not; in %s all of them "
+                         "are seen",
+                         seen, m_context.file())});
     }
 }
 

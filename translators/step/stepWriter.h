@@ -16,6 +16,7 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
+    void settle_visibility(sdkDocument & document);
     void add_validation(sdkDocument const & document);
 
     sdkContext & m_context;

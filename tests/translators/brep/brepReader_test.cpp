@@ -1,6 +1,8 @@
 #include "brepFormatTest.h"
 
 #include "sdk/geometry/sdkMeasures.h"
+#include "sdk/geometry/sdkRigidPlaces.h"
+#include "translators/kit/kitFault.h"
 #include "translators/kit/kitIndicator.h"
 
 #include <BRepBuilderAPI_MakeFace.hxx>
@@ -227,5 +229,22 @@ TEST_F(BrepReader, StopsWhenTheUserCancels)
         progress->cancelled = true;
         EXPECT_EQ(make_reader(side.context())->parse(path("written.brep"), progress->Start()).status(),
                   sdkStatus::cancelled);
+    }
+}
+
+TEST_F(BrepReader, TakesMembersThatAreMirroredOrScaledAsPartOrAssembly)
+{
+    for (char const * const structure : {"part", "assembly"}) {
+        for (char const * const healing : {"false", "true"}) {
+            for (auto const & [name, volume] :
+                 {std::pair("mirror_loc.brep", 15750.0), std::pair("scale_loc.brep", 47250.0)}) {
+                sdkDocument document;
+                ASSERT_TRUE(read(kit_fault_file(name), document,
+                                 {{"brepReadStructure", structure}, {"brepReadHealing", healing}}));
+                EXPECT_NEAR(sdk_measure(document).volume, volume, 1e-6 * volume)
+                    << name << structure << healing;
+                EXPECT_EQ(sdk_make_places_rigid(document), 0);
+            }
+        }
     }
 }

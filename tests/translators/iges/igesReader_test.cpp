@@ -1,5 +1,5 @@
 #include "igesFormatTest.h"
-
+#include "igesText.h"
 #include "sdk/geometry/sdkMeasures.h"
 
 class IgesReader : public igesFormatTest {
@@ -84,4 +84,41 @@ TEST_F(IgesReader, ReadsSeveralFilesIntoOneDocument)
     ASSERT_TRUE(read(path("two.igs"), document));
     EXPECT_EQ(kit_part_names(document), (std::vector<std::string>{"One", "Two"}));
     EXPECT_NEAR(sdk_measure(document).volume, 9000, 1e-6);
+}
+
+TEST_F(IgesReader, TakesAUnitThatIsGivenByName)
+{
+    sdkDocument document;
+    ASSERT_TRUE(read(FAULTS "/ig_flag3_inch.igs", document));
+    EXPECT_TRUE(said().says("Length unit of the file is in"));
+    EXPECT_NEAR(sdk_measure(document).volume, 98322384, 1);
+    EXPECT_TRUE(account().findings().empty());
+}
+
+TEST_F(IgesReader, SaysThatItAssumesAUnitWhoseNameIsNotKnown)
+{
+    igesText file("1.,3,3HFOO");
+    file.add({150, "1.,1.,1.,0.,0.,0.,1.,0.,0.,0.,0.,1."});
+    auto const named = folder().write("foo.igs", file.text());
+    sdkDocument document;
+    ASSERT_TRUE(read(named, document));
+    ASSERT_EQ(account().findings().size(), 1u);
+    EXPECT_EQ(account().findings().front().kind, "unit-assumed");
+    EXPECT_TRUE(has(account().findings().front().text.formatted(), "\"FOO\", which is not known; mm"));
+    EXPECT_NEAR(sdk_measure(document).volume, 1, 1e-6);
+    ASSERT_TRUE(read(named, document, {{"igesReadUnits", "cm"}}));
+    EXPECT_TRUE(account().findings().empty());
+}
+
+TEST_F(IgesReader, SaysThatAModelHasAScaleAndKeepsItsLengths)
+{
+    sdkDocument document;
+    ASSERT_TRUE(read(FAULTS "/ig_scale05.igs", document));
+    ASSERT_EQ(account().findings().size(), 1u);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.kind, "model-scale");
+    EXPECT_EQ(finding.weight, sdkWeight::note);
+    EXPECT_EQ(finding.source, 0.5);
+    EXPECT_TRUE(has(finding.text.formatted(), "0.5 times the real size"));
+    EXPECT_NEAR(sdk_measure(document).volume, 6000, 1e-6);
 }

@@ -18,6 +18,7 @@
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <gp_Ax2.hxx>
+#include <gp_GTrsf.hxx>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -154,4 +155,22 @@ TEST(RigidPart, AndTheScaleMakeThePlace)
                   1e-12);
         EXPECT_EQ(sdk_scale_of(sdk_rigid_part(place)), 1);
     }
+}
+
+TEST(Placed, TakesAMatrixThatMirrors)
+{
+    gp_GTrsf matrix;
+    matrix.SetValue(1, 1, -1);
+    matrix.SetValue(1, 4, -5);
+    matrix.SetForm();
+    auto transformation = matrix.Trsf();
+    transformation.SetScaleFactor(1);
+    TopLoc_Location const place(transformation);
+    ASSERT_FALSE(place.Transformation().IsNegative()); // the toolkit does not see it
+    EXPECT_DOUBLE_EQ(sdk_scale_of(place), -1);
+    EXPECT_EQ(sdk_scale_of(sdk_rigid_part(place)), 1);
+    auto const placed = sdk_placed(kit_cube(10), place);
+    EXPECT_NEAR(sdk_measure(placed).volume, 1000, 1e-6);
+    EXPECT_NEAR(sdk_measure(placed).box.CornerMin().X(), -15, 1e-4);
+    EXPECT_NEAR(sdk_measure(placed).box.CornerMax().Y(), 10, 1e-4);
 }

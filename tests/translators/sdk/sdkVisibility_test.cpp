@@ -1,3 +1,4 @@
+#include "sdk/sdkFlatten.h"
 #include "sdk/sdkVisibility.h"
 
 #include "translators/kit/kitParts.h"
@@ -78,4 +79,42 @@ TEST(SdkVisibility, AShapeIsHiddenWhenAllItsLayersAre)
     ASSERT_TRUE(layers->FindLayer(TCollection_ExtendedString("b"), layer));
     layers->SetVisibility(layer, Standard_False);
     EXPECT_TRUE(sdk_hidden(document, part));
+}
+
+TEST(SdkVisibility, PartsAreHiddenForTheirInstances)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    auto const assembly = document.free_shapes().First();
+    TDF_Label red;
+    TDF_Label blue;
+    ASSERT_TRUE(XCAFDoc_ShapeTool::GetReferredShape(component(assembly, 1), red));
+    ASSERT_TRUE(XCAFDoc_ShapeTool::GetReferredShape(component(assembly, 2), blue));
+    sdk_hide(document, component(assembly, 1));
+    sdk_hide(document, component(assembly, 2));
+    EXPECT_EQ(sdk_hide_parts_for_instances(document), 1);
+    EXPECT_TRUE(sdk_hidden(document, red));
+    EXPECT_FALSE(sdk_hidden(document, blue));
+    EXPECT_FALSE(sdk_hidden(document, component(assembly, 2)));
+    ASSERT_EQ(sdk_hidden_labels(document).Length(), 1);
+}
+
+TEST(SdkVisibility, PartsAreHiddenForTheirAssembly)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    sdk_hide(document, document.free_shapes().First());
+    EXPECT_EQ(sdk_hide_parts_for_instances(document), 0);
+    EXPECT_EQ(sdk_hidden_labels(document).Length(), document.parts().Length());
+}
+
+TEST(SdkVisibility, APartThatIsTakenOutOfAHiddenPlaceStaysHidden)
+{
+    sdkDocument document;
+    kit_add_assembly(document);
+    auto const assembly = document.free_shapes().First();
+    sdk_hide(document, component(assembly, 2));
+    sdk_flatten(document, document.free_shapes(), sdkPlacing::geometry);
+    EXPECT_EQ(document.free_shapes().Length(), 3);
+    EXPECT_EQ(sdk_hidden_labels(document).Length(), 1);
 }

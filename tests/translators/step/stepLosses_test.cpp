@@ -22,7 +22,7 @@ protected:
 TEST_F(StepLosses, AreNotToldOfAFileThatHasNone)
 {
     read_text(cube_and(""));
-    EXPECT_FALSE(said().says("lost"));
+    EXPECT_TRUE(account().findings().empty());
 }
 
 TEST_F(StepLosses, CountDimensionsTolerancesDatumsAnnotationsAndViews)
@@ -38,6 +38,24 @@ TEST_F(StepLosses, CountDimensionsTolerancesDatumsAnnotationsAndViews)
                  "#90010=CAMERA_MODEL_D3('Front',$,$);\n"
                  "#90011=ANNOTATION_OCCURRENCE('',(),#90012);\n#90012=CARTESIAN_POINT('',(0.,0.,0.));\n"
                  "#90013=TESSELLATED_ANNOTATION_OCCURRENCE('',(),#90012);\n"));
-    EXPECT_TRUE(
-        said().says("3 dimensions, 1 geometric tolerances, 1 datums, 2 annotations and 1 views are lost"));
+    ASSERT_EQ(account().findings().size(), 1U);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.weight, sdkWeight::loss);
+    EXPECT_EQ(finding.kind, "annotation");
+    EXPECT_EQ(finding.source, 8);
+    EXPECT_NE(finding.text.formatted().find(
+                  "3 dimensions, 1 geometric tolerances, 1 datums, 2 annotations and 1 views are lost"),
+              std::string::npos);
+    EXPECT_FALSE(said().says("lost"));
+}
+
+TEST_F(StepLosses, CountTheAnnotationOfDrawings)
+{
+    read_text(cube_and("#90001=ANNOTATION_FILL_AREA_OCCURRENCE('',(),#90003,#90003);\n"
+                       "#90002=(ANNOTATION_OCCURRENCE()ANNOTATION_SUBFIGURE_OCCURRENCE()"
+                       "DRAUGHTING_ANNOTATION_OCCURRENCE()GEOMETRIC_REPRESENTATION_ITEM()"
+                       "REPRESENTATION_ITEM('')STYLED_ITEM((),#90003));\n"
+                       "#90003=CARTESIAN_POINT('',(0.,0.,0.));\n"));
+    ASSERT_EQ(account().findings().size(), 1U);
+    EXPECT_EQ(account().findings().front().source, 2);
 }

@@ -56,6 +56,13 @@ TEST_F(StepReader, RefusesAFileWithoutShapesAndNamesItsSchema)
     EXPECT_TRUE(has(said, "AUTOMOTIVE_DESIGN")) << said;
 }
 
+TEST_F(StepReader, RefusesAFileWithoutShapesThatNamesNoSchema)
+{
+    auto const said = refusal("ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\n#1=CARTESIAN_POINT('',(0.,0.,0.));\n"
+                              "ENDSEC;\nEND-ISO-10303-21;\n");
+    EXPECT_TRUE(has(said, "it names no schema")) << said;
+}
+
 TEST_F(StepReader, RefusesAnEmptyFileAFolderAndAMissingFile)
 {
     EXPECT_TRUE(has(refusal(""), "is empty"));

@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkLengthUnit.h"
+#include "translators/kit/kitFault.h"
 
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
@@ -260,5 +261,26 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_FALSE(promise().holds.surfaces || promise().holds.curves || promise().holds.structure);
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
+    }
+}
+
+TEST_F(StlWriter, KeepsMembersThatAreMirroredOrScaled)
+{
+    struct Case {
+        char const * file;
+        int solids;
+        double volume;
+    };
+    for (auto const & one :
+         {Case{"mirror_loc.brep", 3, 15750}, Case{"scale_loc.brep", 2, 47250},
+          Case{"cyl_mirrored.brep", 1, 6283.185307}, Case{"cone_mirrored.brep", 1, 3665.191429},
+          Case{"two_boxes_loc.brep", 2, 12000}, Case{"loc_box.brep", 1, 6000}}) {
+        ASSERT_TRUE(write(kit_fault(one.file), path("fault.stl"),
+                          {{"vmrTolTriangulate3d", "0.001"}, {"stlAngularDeflection", "2"}}))
+            << one.file;
+        EXPECT_EQ(said().failed(), 0);
+        sdkDocument document;
+        ASSERT_TRUE(read(path("fault.stl"), document));
+        EXPECT_NEAR(sdk_measure(document).volume, one.volume, 1e-3 * one.volume) << one.file;
     }
 }

@@ -82,7 +82,7 @@ bool matters_to_shapes(Handle(Standard_Transient) const & entity)
 
 } // namespace
 
-void sdk_report_load(Session const & session, sdkContext & context)
+void sdk_report_load(Session const & session, sdkContext & context, sdkToldElsewhere const & told)
 {
     Problems problems(context);
     std::int64_t others = 0;
@@ -92,6 +92,9 @@ void sdk_report_load(Session const & session, sdkContext & context)
             continue;
         }
         auto const report = model->ReportEntity(number);
+        if (told && told(report->Concerned())) {
+            continue;
+        }
         if (matters_to_shapes(report->Concerned())) {
             problems.add(place_of(session, report->Concerned()), text_of(report->Check()));
         } else {
@@ -105,7 +108,8 @@ void sdk_report_load(Session const & session, sdkContext & context)
     }
 }
 
-void sdk_report_transfer(Session const & session, Handle(Standard_Type) const & counted, sdkContext & context)
+void sdk_report_transfer(Session const & session, Handle(Standard_Type) const & counted, sdkContext & context,
+                         sdkToldElsewhere const & told)
 {
     Problems problems(context);
     auto const process = session->TransferReader()->TransientProcess();
@@ -115,10 +119,14 @@ void sdk_report_transfer(Session const & session, Handle(Standard_Type) const & 
             continue;
         }
         auto const & entity = process->Mapped(number);
+        // The toolkit keeps a record even of what a shell refers to and the file does not have.
+        if (entity.IsNull() || (told && told(entity))) {
+            continue;
+        }
         if (binder->Check()->HasFailed()) {
             problems.add(place_of(session, entity), text_of(binder->Check()));
         }
-        if (!binder->HasResult() && entity->IsKind(counted)) {
+        if (!counted.IsNull() && !binder->HasResult() && entity->IsKind(counted)) {
             context.reporter().failed(1);
         }
     }

@@ -5,20 +5,26 @@
 #include <Standard_Handle.hxx>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
+class Standard_Transient;
 class Standard_Type;
 class Transfer_FinderProcess;
 class XSControl_WorkSession;
 
+// True for entities of which the user is told elsewhere.
+using sdkToldElsewhere = std::function<bool(Handle(Standard_Transient) const & entity)>;
+
 // Tells the user which entities of the file that the session has parsed are not as the standard has them: the
 // first few of those that shapes need one by one, of all others the number.
-void sdk_report_load(Handle(XSControl_WorkSession) const & session, sdkContext & context);
+void sdk_report_load(Handle(XSControl_WorkSession) const & session, sdkContext & context,
+                     sdkToldElsewhere const & told = {});
 
 // Tells the user which entities could not be converted to shapes, the first few one by one. Those of the
-// given kind are counted as failed.
+// given kind are counted as failed; none are when it is null.
 void sdk_report_transfer(Handle(XSControl_WorkSession) const & session, Handle(Standard_Type) const & counted,
-                         sdkContext & context);
+                         sdkContext & context, sdkToldElsewhere const & told = {});
 
 // Tells the user which shapes could not be converted to entities, the first few one by one, and returns the
 // number of faces among them.

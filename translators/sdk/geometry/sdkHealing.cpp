@@ -1,13 +1,13 @@
 #include "sdk/geometry/sdkHealing.h"
 
 #include "sdk/geometry/sdkPartEdit.h"
+#include "sdk/geometry/sdkReShapeHistory.h"
 
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepLib.hxx>
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
 #include <Precision.hxx>
-#include <ShapeBuild_ReShape.hxx>
 #include <ShapeFix_Shape.hxx>
 #include <ShapeFix_Wireframe.hxx>
 #include <TopExp.hxx>
@@ -15,20 +15,6 @@
 #include <TopoDS.hxx>
 
 namespace {
-
-void remember(TopoDS_Shape const & shape, Handle(ShapeBuild_ReShape) const & context,
-              sdkShapeHistory & history)
-{
-    TopTools_IndexedMapOfShape all;
-    TopExp::MapShapes(shape, all);
-    for (int at = 1; at <= all.Extent(); ++at) {
-        auto const & one = all(at);
-        auto const now = context->Apply(one);
-        if (!now.IsSame(one)) {
-            history.replace(one, now);
-        }
-    }
-}
 
 std::int64_t count_loose_edges(TopoDS_Shape const & shape, double maximum)
 {
@@ -87,7 +73,7 @@ sdkHealingCounts sdk_heal(sdkDocument & document, TDF_LabelSequence const & part
         if ((!fixed && !dropped) || after.IsSame(shape)) {
             return std::nullopt;
         }
-        remember(shape, fix.Context(), history);
+        sdk_remember(shape, fix.Context(), history);
         return after;
     };
     auto const edits = sdk_edit_parts(document, parts, edit, scope.Next(parts.Length()));

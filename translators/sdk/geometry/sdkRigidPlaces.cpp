@@ -2,6 +2,7 @@
 
 #include "sdk/geometry/sdkPartEdit.h"
 #include "sdk/sdkAttributes.h"
+#include "sdk/sdkFlatten.h"
 #include "sdk/sdkPlaced.h"
 #include "sdk/sdkScaler.h"
 
@@ -51,7 +52,7 @@ public:
         if (m_components > 0) {
             m_document.shapes()->UpdateAssemblies();
         }
-        return places + m_components;
+        return places + m_components + flatten_free_places();
     }
 
 private:
@@ -70,6 +71,22 @@ private:
             return std::optional<TopoDS_Shape>();
         });
         return places;
+    }
+
+    // A free place has no assembly that another definition could be put into.
+    int flatten_free_places()
+    {
+        TDF_LabelSequence placed;
+        for (auto const & label : m_document.free_shapes()) {
+            if (XCAFDoc_ShapeTool::IsReference(label) &&
+                sdk_scale_of(XCAFDoc_ShapeTool::GetLocation(label)) != 1) {
+                placed.Append(label);
+            }
+        }
+        if (!placed.IsEmpty()) {
+            sdk_flatten(m_document, placed, sdkPlacing::geometry);
+        }
+        return placed.Length();
     }
 
     void make_components_rigid(TDF_Label const & assembly)
@@ -130,8 +147,9 @@ private:
         XCAFDoc_ShapeTool::GetSubShapes(part, details);
         for (auto const & detail : details) {
             auto const before = XCAFDoc_ShapeTool::GetShape(detail).Moved(scaling, Standard_False);
+            auto const now = sdk_found_in(shape, history.now(before));
             TDF_Label copy;
-            if (m_document.shapes()->AddSubShape(label, sdk_found_in(shape, history.now(before)), copy)) {
+            if (!now.IsNull() && m_document.shapes()->AddSubShape(label, now, copy)) {
                 sdk_add_attributes(m_document, detail, copy);
             }
         }

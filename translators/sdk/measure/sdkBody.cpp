@@ -28,8 +28,9 @@ char const * sdk_kind_name(sdkBodyKind kind)
 std::string sdk_point_text(gp_Pnt const & point)
 {
     std::array<char, 128> text{};
-    // Adding zero takes the sign from a negative zero.
-    std::snprintf(text.data(), text.size(), "(%.6g, %.6g, %.6g)", point.X() + 0.0, point.Y() + 0.0,
-                  point.Z() + 0.0);
+    // A millionth of a millimetre is none; adding zero takes the sign from a negative zero.
+    auto const shown = [](double number) { return std::abs(number) < 1.0e-6 ? 0.0 : number + 0.0; };
+    std::snprintf(text.data(), text.size(), "(%.6g, %.6g, %.6g)", shown(point.X()), shown(point.Y()),
+                  shown(point.Z()));
     return text.data();
 }

@@ -1,15 +1,13 @@
 #include "sdk/measure/sdkBodyMeasure.h"
 
 #include "sdk/measure/sdkEdgeDeviation.h"
+#include "sdk/measure/sdkFaceIntegrals.h"
 #include "sdk/measure/sdkMeshMeasure.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepGProp.hxx>
-#include <BRepGProp_Domain.hxx>
-#include <BRepGProp_Face.hxx>
-#include <BRepGProp_Sinert.hxx>
-#include <BRepGProp_Vinert.hxx>
 #include <BRep_Tool.hxx>
+#include <GProp_GProps.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -48,22 +46,12 @@ class Sums {
 public:
     explicit Sums(gp_Pnt const & reference) : m_reference(reference) {}
 
-    void add_face(TopoDS_Face const & face, bool solid, sdkBodyMeasure & measure)
+    void add_face(TopoDS_Face const & face, sdkBodyMeasure & measure)
     {
-        bool const natural = face.NbChildren() == 0;
-        BRepGProp_Face surface(face);
-        BRepGProp_Domain domain(face);
-        BRepGProp_Sinert area;
-        area.SetLocation(m_reference);
-        natural ? area.Perform(surface) : area.Perform(surface, domain);
-        add_area(area.Mass(), area.CentreOfMass(), area.MatrixOfInertia(), measure);
-        if (solid) {
-            BRepGProp_Vinert volume;
-            volume.SetLocation(m_reference);
-            domain.Init(face); // it serves for one integration only
-            natural ? volume.Perform(surface) : volume.Perform(surface, domain);
-            add_volume(volume.Mass(), volume.CentreOfMass());
-        }
+        auto const integrals = sdk_face_integrals(face, m_reference);
+        auto const centre = integrals.area > 0 ? integrals.area_moment / integrals.area : gp_XYZ();
+        measure.faces.push_back({integrals.area, m_reference.XYZ() + centre});
+        m_sums += integrals;
     }
 
     void add_mesh(TopoDS_Face const & face, sdkBodyMeasure & measure)
@@ -71,53 +59,28 @@ public:
         auto const mesh = sdk_measure_mesh(face, m_reference);
         measure.triangles += mesh.triangles;
         measure.extent.Add(mesh.extent);
-        add_area(mesh.area, mesh.area_centroid, mesh.inertia, measure);
-        add_volume(mesh.volume, mesh.volume_centroid);
+        auto const & integrals = mesh.integrals;
+        auto const centre = integrals.area > 0 ? integrals.area_moment / integrals.area : gp_XYZ();
+        measure.faces.push_back({integrals.area, m_reference.XYZ() + centre});
+        m_sums += integrals;
     }
 
     void finish(bool solid, sdkBodyMeasure & measure) const
     {
-        measure.area = m_area;
-        gp_XYZ const centre = m_area > 0 ? m_area_moment / m_area : gp_XYZ();
-        if (m_area > 0) {
-            measure.centroid = m_reference.XYZ() + centre;
-            // The sums are about the reference; Steiner takes them to the centroid.
-            measure.moments = m_second - outer(centre).Multiplied(m_area);
-        }
-        measure.volume = m_volume;
-        if (solid && std::abs(m_volume) > 0) {
-            measure.centroid = m_reference.XYZ() + m_volume_moment / m_volume;
+        measure.area = m_sums.area;
+        measure.volume = m_sums.volume;
+        auto const centre = m_sums.area > 0 ? m_sums.area_moment / m_sums.area : gp_XYZ();
+        measure.centroid = m_reference.XYZ() + centre;
+        // Steiner takes the moments from the reference to the centroid.
+        measure.moments = m_sums.second_moment - outer(centre).Multiplied(m_sums.area);
+        if (solid && std::abs(m_sums.volume) > 0) {
+            measure.centroid = m_reference.XYZ() + m_sums.volume_moment / m_sums.volume;
         }
     }
 
 private:
-    void add_area(double area, gp_Pnt const & centroid, gp_Mat const & inertia, sdkBodyMeasure & measure)
-    {
-        auto const arm = centroid.XYZ() - m_reference.XYZ();
-        measure.faces.push_back({area, centroid});
-        m_area += area;
-        m_area_moment += arm * area;
-        // The library gives the inertia about the centroid; what is wanted is the integral of x x'.
-        double const half_trace = (inertia.Value(1, 1) + inertia.Value(2, 2) + inertia.Value(3, 3)) / 2;
-        gp_Mat second = inertia.Multiplied(-1.0);
-        for (int axis = 1; axis <= 3; ++axis) {
-            second.SetValue(axis, axis, half_trace - inertia.Value(axis, axis));
-        }
-        m_second += second + outer(arm).Multiplied(area);
-    }
-
-    void add_volume(double volume, gp_Pnt const & centroid)
-    {
-        m_volume += volume;
-        m_volume_moment += (centroid.XYZ() - m_reference.XYZ()) * volume;
-    }
-
     gp_Pnt m_reference;
-    double m_area = 0;
-    gp_XYZ m_area_moment;
-    gp_Mat m_second{0, 0, 0, 0, 0, 0, 0, 0, 0};
-    double m_volume = 0;
-    gp_XYZ m_volume_moment;
+    sdkFaceIntegrals m_sums;
 };
 
 gp_Pnt reference_of(TopoDS_Shape const & body)
@@ -219,7 +182,7 @@ sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level
         if (!has_surface(one)) {
             sums.add_mesh(one, measure);
         } else if (full) {
-            sums.add_face(one, solid, measure);
+            sums.add_face(one, measure);
         } else {
             measure.faces.emplace_back();
         }

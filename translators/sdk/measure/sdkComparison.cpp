@@ -121,7 +121,14 @@ private:
                 std::move(text));
         };
         // A face may be divided on the way, where a format has no closed ones; none may go.
-        if (b.faces.size() < a.faces.size()) {
+        if (b.faces.size() < a.faces.size() && b.area < a.area &&
+            !m_options.tolerances.same_amount(a.area, b.area)) {
+            add(sdkWeight::loss, "missing-face", from, static_cast<double>(a.faces.size()),
+                static_cast<double>(b.faces.size()),
+                sdkText("measure::%s at %s has %d faces in the source and %d in the output, which lacks some "
+                        "of its area",
+                        from.title(), from.place(), a.faces.size(), b.faces.size()));
+        } else if (b.faces.size() < a.faces.size()) {
             count("faces", static_cast<std::int64_t>(a.faces.size()),
                   static_cast<std::int64_t>(b.faces.size()),
                   sdkText("measure::%s at %s has %d faces in the source and %d in the output", from.title(),

@@ -53,9 +53,7 @@ private:
 sdkMeshMeasure sdk_measure_mesh(TopoDS_Face const & face, gp_Pnt const & reference)
 {
     sdkMeshMeasure measure;
-    gp_XYZ area_moment;
-    gp_XYZ volume_moment;
-    std::array<std::array<double, 3>, 3> second{}; // about the reference
+    auto & integrals = measure.integrals;
     Triangles const triangles(face);
     measure.triangles = triangles.size();
     for (int number = 1; number <= triangles.size(); ++number) {
@@ -68,38 +66,18 @@ sdkMeshMeasure sdk_measure_mesh(TopoDS_Face const & face, gp_Pnt const & referen
         double const area = (b - a).Crossed(c - a).Modulus() / 2;
         double const volume = a.Dot(b.Crossed(c)) / 6;
         auto const sum = a + b + c;
-        measure.area += area;
-        measure.volume += volume;
-        area_moment += sum * (area / 3);
-        volume_moment += sum * (volume / 4);
-        for (std::size_t i = 0; i < 3; ++i) {
-            for (std::size_t j = 0; j < 3; ++j) {
-                auto const x = static_cast<int>(i) + 1;
-                auto const y = static_cast<int>(j) + 1;
-                second[i][j] += area / 12 *
-                                (sum.Coord(x) * sum.Coord(y) + a.Coord(x) * a.Coord(y) +
-                                 b.Coord(x) * b.Coord(y) + c.Coord(x) * c.Coord(y));
+        integrals.area += area;
+        integrals.area_moment += sum * (area / 3);
+        integrals.volume += volume;
+        integrals.volume_moment += sum * (volume / 4);
+        for (int x = 1; x <= 3; ++x) {
+            for (int y = 1; y <= 3; ++y) {
+                // The second moment of a triangle by its corners and their sum.
+                integrals.second_moment.ChangeValue(x, y) +=
+                    area / 12 *
+                    (sum.Coord(x) * sum.Coord(y) + a.Coord(x) * a.Coord(y) + b.Coord(x) * b.Coord(y) +
+                     c.Coord(x) * c.Coord(y));
             }
-        }
-    }
-    auto const centre = measure.area > 0 ? area_moment / measure.area : gp_XYZ();
-    measure.area_centroid = reference.XYZ() + centre;
-    measure.volume_centroid =
-        reference.XYZ() + (std::abs(measure.volume) > 0 ? volume_moment / measure.volume : gp_XYZ());
-    double trace = 0;
-    for (int axis = 1; axis <= 3; ++axis) {
-        auto const at = static_cast<std::size_t>(axis - 1);
-        second[at][at] -= measure.area * centre.Coord(axis) * centre.Coord(axis);
-        trace += second[at][at];
-    }
-    for (int row = 1; row <= 3; ++row) {
-        for (int column = 1; column <= 3; ++column) {
-            auto const value =
-                second[static_cast<std::size_t>(row - 1)][static_cast<std::size_t>(column - 1)];
-            measure.inertia.SetValue(row, column,
-                                     row == column
-                                         ? trace - value
-                                         : measure.area * centre.Coord(row) * centre.Coord(column) - value);
         }
     }
     return measure;

@@ -1,22 +1,18 @@
 #pragma once
 
+#include "sdk/measure/sdkFaceIntegrals.h"
+
 #include <Bnd_Box.hxx>
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
-#include <gp_Mat.hxx>
 #include <gp_Pnt.hxx>
 
 #include <cstdint>
 
-// How large the triangles of a face are, in mm2 and mm3. The volume is that between the triangles and the
-// reference point, as it adds up over a closed mesh.
+// How large the triangles of a face are.
 struct sdkMeshMeasure {
     std::int64_t triangles = 0;
-    double area = 0;
-    gp_Pnt area_centroid;
-    gp_Mat inertia{0, 0, 0, 0, 0, 0, 0, 0, 0}; // of the area about its centroid
-    double volume = 0;
-    gp_Pnt volume_centroid;
+    sdkFaceIntegrals integrals;
     Bnd_Box extent;
 };
 

@@ -102,6 +102,18 @@ TEST(RigidPlaces, AreMadeWithinParts)
     EXPECT_EQ(sdk_make_places_rigid(document), 0);
 }
 
+TEST(RigidPlaces, AreMadeOfAFreePlaceOfADefinition)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10).Moved(mirror(-10), Standard_False), "Cube");
+    ASSERT_TRUE(XCAFDoc_ShapeTool::IsReference(document.free_shapes().First()));
+    EXPECT_EQ(sdk_make_places_rigid(document), 1);
+    ASSERT_EQ(document.free_shapes().Length(), 1);
+    EXPECT_EQ(sdkDocument::name(document.free_shapes().First()), "Cube");
+    EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+    EXPECT_NEAR(sdk_measure(document).box.CornerMax().X(), -20, 1e-5);
+}
+
 TEST(RigidPlaces, LeaveOtherDocumentsAlone)
 {
     sdkDocument document;
