@@ -13,8 +13,6 @@ void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Labe
             document.colours()->SetColor(to, colour, type);
         }
     }
-    if (!document.colours()->IsVisible(from)) {
-        document.colours()->SetVisibility(to, Standard_False);
     if (sdk_hidden(document, from)) {
         sdk_hide(document, to);
     }

@@ -3,6 +3,5 @@
 #include "sdk/sdkDocument.h"
 
 // Gives the second label the name and the colours of the first where it has none of its own, and the layers
-// of the first besides its own. Hides it when the first is hidden.
 // of the first besides its own; what is hidden hides it.
 void sdk_add_attributes(sdkDocument & document, TDF_Label const & from, TDF_Label const & to);
