@@ -190,3 +190,21 @@ TEST(BodyMeasure, OfSweptSurfacesIsExact)
     EXPECT_NEAR(ball.area, 400 * pi, 1e-8 * ball.area);
     EXPECT_LT(ball.centroid.Distance(gp_Pnt(1, 2, 3)), 1e-7);
 }
+
+TEST(BodyMeasure, OfACurveCanBePlacedInsteadOfMeasuredAgain)
+{
+    gp_Elips const ellipse(gp_Ax2(gp_Pnt(1, 2, 3), gp_Dir(1, 2, -1)), 20, 10);
+    auto const edge = BRepBuilderAPI_MakeEdge(ellipse, 0.2, 2.0).Edge();
+    gp_Trsf place;
+    place.SetRotation(gp_Ax1(gp_Pnt(3, 1, 2), gp_Dir(0.3, -1, 2)), 0.7);
+    gp_Trsf scale;
+    scale.SetScale(gp_Pnt(1, 1, 1), 2.5);
+    place.Multiply(scale);
+    auto const computed = measure(edge).placed(place);
+    auto const measured = measure(BRepBuilderAPI_Transform(edge, place, true).Shape());
+    EXPECT_NEAR(computed.length, measured.length, 1e-9 * measured.length);
+    EXPECT_LT(computed.centroid.Distance(measured.centroid), 1e-9);
+    for (int row = 1; row <= 3; ++row) {
+        EXPECT_NEAR(computed.moments.Value(row, row), measured.moments.Value(row, row), 1e-6);
+    }
+}

@@ -138,6 +138,30 @@ TEST(BodyPairs, PreferTheNameAndTheColour)
     }
 }
 
+TEST(BodyPairs, PreferTheNameToTheColour)
+{
+    auto const named = [](std::string const & name, std::string const & colour) {
+        auto body = box(1, 2, 3);
+        body.names = {name};
+        body.colours = {{colour, 22.0}};
+        return body;
+    };
+    auto const found = pairs({named("a", "x")}, {named("b", "x"), named("a", "y")});
+    ASSERT_EQ(found.same.size(), 1U);
+    EXPECT_EQ(found.same[0].second->names.count("a"), 1U);
+}
+
+TEST(BodyPairs, PreferTheNameToTheNearestOfThoseThatHaveChanged)
+{
+    auto wanted = box(10, 10, 10);
+    wanted.names = {"wanted"};
+    auto near = at(box(10, 10, 10), 1, 0, 0);
+    auto far = at(wanted, 3, 0, 0);
+    auto const found = pairs({wanted}, {near, far});
+    ASSERT_EQ(found.other.size(), 1U);
+    EXPECT_EQ(found.other[0].second->names.count("wanted"), 1U);
+}
+
 TEST(BodyPairs, FindWhatHasChangedByNameAndNearness)
 {
     auto small = box(10, 10, 10);
@@ -215,4 +239,24 @@ TEST(SkewPlace, IsNeverFartherApartThanThePoints)
         EXPECT_LE(std::abs(sdk_skew_place(a) - sdk_skew_place(b)), a.Distance(b));
     }
     EXPECT_LE(sdk_skew_place(gp_Pnt(0.5349, 0.5872, 0.6074)), 1);
+}
+
+TEST(SkewPlace, TellsThePointsOfAGridApart)
+{
+    for (auto const & [first, second] :
+         {std::pair(gp::DX(), gp::DY()), {gp::DX(), gp::DZ()}, {gp::DY(), gp::DZ()}}) {
+        std::vector<double> places;
+        for (int row = 0; row < 70; ++row) {
+            for (int column = 0; column < 70; ++column) {
+                places.push_back(
+                    sdk_skew_place(gp_Pnt(first.XYZ() * (10 * row) + second.XYZ() * (10 * column))));
+            }
+        }
+        std::sort(places.begin(), places.end());
+        std::size_t together = 0;
+        for (std::size_t place = 1; place < places.size(); ++place) {
+            together += places[place] - places[place - 1] < 1e-3 ? 1 : 0;
+        }
+        EXPECT_LT(together, places.size() / 100);
+    }
 }

@@ -66,7 +66,9 @@ TEST(FaceComparison, TellsFacesThatAreOver)
 TEST(FaceComparison, UsesEachFaceOnce)
 {
     auto const cube = kit_cube(10);
-    auto const two = kit_compound({cube, cube.Moved(shifted(500))});
-    EXPECT_EQ(kinds(compare(two, kit_compound(kit_loose_faces(cube)))),
-              (Kinds{"missing-solid", "solid-open"}));
+    for (double const distance : {0.0, 500.0}) {
+        auto const two = kit_compound({cube, cube.Moved(shifted(distance))});
+        EXPECT_EQ(kinds(compare(two, kit_compound(kit_loose_faces(cube)))),
+                  (Kinds{"missing-solid", "solid-open"}));
+    }
 }
