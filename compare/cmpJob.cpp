@@ -41,7 +41,11 @@ private:
         errno = 0;
         if (!std::ifstream(path))
             return refuse(m_texts(s2sMessages::input_missing(path, std::strerror(errno))));
-        m_value["file"] = fs::absolute(path, error).native();
+        auto const whole = fs::absolute(path, error).native();
+        // The name of a file need not be text, and the host could not be told of such a one.
+        if (s2s_repair_utf8(whole) != whole)
+            return refuse(m_texts(s2sMessages::name_not_text(path)));
+        m_value["file"] = whole;
         return true;
     }
 
@@ -146,11 +150,5 @@ std::optional<std::string> cmp_make_job(cmpOptions const & options, cmpInstallat
         if (wanted)
             comparison[name] = *wanted;
     json const job = {{"job", 1}, {"compare", comparison}, {"memory_limit", s2s_physical_memory()}};
-    // A name of a file need not be valid text; the host could not be told of such a one.
-    try {
-        return job.dump();
-    } catch (json::exception const &) {
-        report.problem = texts(s2sMessages::name_not_text(options.a.path + ", " + options.b.path));
-        return std::nullopt;
-    }
+    return job.dump();
 }

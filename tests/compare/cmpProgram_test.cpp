@@ -7,6 +7,7 @@
 #include <csignal>
 #include <nlohmann/json.hpp>
 #include <poll.h>
+#include <set>
 #include <sstream>
 
 using nlohmann::json;
@@ -155,6 +156,32 @@ TEST_F(CompareProgram, HoldsTrianglesAgainstSurfaces)
     EXPECT_TRUE(counted.contains("error"));
 }
 
+TEST_F(CompareProgram, ComparesAttributesOrDoesNot)
+{
+    // Two transparent plates in a layer, and a hidden pin, which IGES files hold in other ways.
+    std::string const source = FAULTS "/attr.step";
+    translate(source, "IGES", "attr.igs");
+    std::set<std::string> kinds;
+    auto const report = run_json({source, "attr.igs"}, 1);
+    for (auto const & difference : report["differences"])
+        kinds.insert(difference["kind"]);
+    EXPECT_EQ(kinds, (std::set<std::string>{"colour", "layer"})) << report;
+    EXPECT_EQ(run({source, "attr.igs", "--no-colours", "--quiet"}).exit_status, 1);
+    EXPECT_EQ(run({source, "attr.igs", "--no-colours", "--no-layers", "--quiet"}).exit_status, 0);
+
+    // A format without names and assemblies is not blamed for it, unless they are asked for.
+    translate(source, "BREP", "attr.brep");
+    EXPECT_EQ(run({source, "attr.brep", "--quiet"}).exit_status, 0);
+    EXPECT_EQ(run({source, "attr.brep", "--names", "--quiet"}).exit_status, 1);
+    EXPECT_EQ(run({source, "attr.brep", "--structure", "--quiet"}).exit_status, 1);
+
+    auto const all = run({source, source, "--all"});
+    EXPECT_EQ(all.exit_status, 0);
+    EXPECT_NE(all.output.find("hidden pin"), std::string::npos) << all.output;
+    EXPECT_EQ(run({source, source}).output.find("hidden pin"), std::string::npos);
+    EXPECT_TRUE(is_last_line(run({source, "attr.brep", "--counts"}).output, "Same by counts"));
+}
+
 TEST_F(CompareProgram, ReadsAsTheOptionsSay)
 {
     folder.write("a.stl", cube_stl(0));
@@ -189,12 +216,14 @@ TEST_F(CompareProgram, SaysWhyNothingCouldBeCompared)
     folder.write("garbage.step", "ISO-10303-21; this is no file of that kind");
     folder.write("noise.xyz", "noise");
     folder.write("a.stl", cube_stl(0));
+    folder.write("no\xFFtext.stl", cube_stl(0));
     for (auto const & [words, part] : std::vector<std::pair<std::vector<std::string>, std::string>>{
              {{"a.stl", "absent.step"}, "absent.step"},
              {{"a.stl", "garbage.step"}, "garbage.step"},
              {{"a.stl", "noise.xyz"}, "--format-b"},
              {{"noise.xyz", "a.stl"}, "--format-a"},
              {{"a.stl", "."}, "folder"},
+             {{"a.stl", "no\xFFtext.stl"}, "text.stl is not valid"},
              {{"a.stl"}, "B is required"},
              {{"a.stl", "a.stl", "--relative", "much"}, "--relative"},
              {{"a.stl", "a.stl", "--relative", "-1"}, "--relative"},

@@ -12,5 +12,5 @@ struct sdkCapabilities {
     bool surfaces = true;
     bool visibility = true;
     bool transparency = true; // of colours
-    bool solids = true; // as such; else only the faces that bound them
+    bool solids = true;       // as such; else only the faces that bound them
 };

@@ -27,6 +27,8 @@
 #include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 
+#include <utility>
+
 namespace {
 
 std::string name_of(Handle(Standard_Transient) const & entity)
@@ -46,9 +48,9 @@ bool is_surface_model(Handle(Standard_Transient) const & entity)
 } // namespace
 
 stepInventory::stepInventory(Handle(XSControl_WorkSession) const & session, stepTextualLinks const & links,
-                             sdkContext & context)
+                             std::string file, sdkContext & context)
     : m_session(session), m_process(session->TransferReader()->TransientProcess()), m_links(links),
-      m_context(context), m_products(session->Model())
+      m_file(std::move(file)), m_context(context), m_products(session->Model())
 {
     auto const model = session->Model();
     for (int number = 1; number <= model->NbEntities(); ++number) {
@@ -102,7 +104,7 @@ void stepInventory::take_gaps()
              .text =
                  sdkText("step::%s, %s: the file does not have this entity, to which %s %s refers; export "
                          "the file again",
-                         m_context.file(), place, label(gap.holder), kind(gap.holder))});
+                         m_file, place, label(gap.holder), kind(gap.holder))});
     }
 }
 
@@ -260,8 +262,8 @@ void stepInventory::lose(Entity const & entity, bool counted)
     sdkText const text =
         reason.empty()
             ? sdkText("step::%s, %s: the %s is not translated; export it as a boundary representation",
-                      m_context.file(), place, what)
-            : sdkText("step::%s, %s: the %s is not translated: %s", m_context.file(), place, what, reason);
+                      m_file, place, what)
+            : sdkText("step::%s, %s: the %s is not translated: %s", m_file, place, what, reason);
     m_context.account().add(
         {.weight = sdkWeight::loss, .kind = "not-translated", .part = m_part, .place = place, .text = text});
 }

@@ -21,8 +21,9 @@ class stepInventory {
 public:
     using Entity = Handle(Standard_Transient);
 
+    // The file is named to the user as that of the session.
     stepInventory(Handle(XSControl_WorkSession) const & session, stepTextualLinks const & links,
-                  sdkContext & context);
+                  std::string file, sdkContext & context);
 
     // Call it once. The roots are what the toolkit was to transfer.
     void take(std::vector<Entity> const & roots);
@@ -51,6 +52,7 @@ private:
     Handle(XSControl_WorkSession) m_session;
     Handle(Transfer_TransientProcess) m_process;
     stepTextualLinks const & m_links;
+    std::string m_file;
     sdkContext & m_context;
     stepProducts m_products;
     // Those that describe the same thing together.

@@ -35,7 +35,7 @@ double length(double in_file)
 bool all_lengths(std::initializer_list<double> values)
 {
     for (double const value : values) {
-        if (!(value > Precision::Confusion()) || !std::isfinite(value)) {
+        if (!(value > Precision::Confusion()) || Precision::IsInfinite(value)) {
             return false;
         }
     }

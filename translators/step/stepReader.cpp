@@ -4,25 +4,22 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
-#include "sdk/sdkMaterials.h"
-#include "sdk/sdkVisibility.h"
 #include "step/stepActor.h"
 #include "step/stepCopiedStyles.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
-#include "step/stepLosses.h"
 #include "step/stepMappings.h"
-#include "step/stepMaterials.h"
 #include "step/stepOperators.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
+#include "step/stepSourceFindings.h"
 #include "step/stepValidationCheck.h"
-#include "step/stepVisibility.h"
 
 #include <Message_ProgressScope.hxx>
+#include <STEPCAFControl_ExternFile.hxx>
 #include <STEPControl_Controller.hxx>
 #include <StepData_StepModel.hxx>
 #include <StepGeom_CartesianPoint.hxx>
@@ -154,8 +151,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
-    auto const materials_before = sdk_count_materials(document);
-    int const hidden_before = sdk_hidden_labels(document).Length();
+    stepSourceFindings findings(document, m_context);
     sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
                                                                            : sdkHealing::none);
     Handle(TDocStd_Document) handle = document.handle();
@@ -172,9 +168,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return without_shapes();
     }
     step_report_units(m_reader->Reader().Model(), m_context);
-    report_losses();
-    report_materials(sdk_count_materials(document) - materials_before);
-    read_visibility(document, hidden_before);
+    findings.take(m_reader->Reader().WS());
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
@@ -214,47 +208,25 @@ void stepReader::take_inventory()
     for (int number = 1; number <= reader.NbRootsForTransfer(); ++number) {
         roots.push_back(reader.RootForTransfer(number));
     }
-    stepInventory inventory(reader.WS(), m_links, m_context);
+    stepInventory inventory(reader.WS(), m_links, m_context.file(), m_context);
     inventory.take(roots);
+    take_external_inventories();
     auto const absent = step_lose_absent_files(reader.WS(), m_context);
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
         return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
     });
 }
 
-void stepReader::report_materials(std::int64_t arrived) const
+// What is lost in files that hold parts of an assembly is lost in the assembly.
+void stepReader::take_external_inventories()
 {
-    auto const stated = step_count_materials(m_reader->Reader().Model());
-    if (stated > arrived) {
-        m_context.account().add(
-            {.weight = sdkWeight::loss,
-             .kind = "material",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(stated),
-             .output = static_cast<double>(arrived),
-             .text = sdkText("step::%s states materials or densities of %d products; those of %d are not "
-                             "translated",
-                             m_context.file(), stated, stated - arrived)});
-    }
-}
-
-void stepReader::read_visibility(sdkDocument & document, int hidden_before)
-{
-    auto const & options = m_context.options();
-    if (!options.boolean("stepReadColours") || !options.boolean("stepReadLayers")) {
-        step_read_visibility(m_reader->Reader().WS(), document);
-    }
-    int const hidden = sdk_hidden_labels(document).Length() - hidden_before;
-    if (hidden > 0) {
-        m_context.account().add(
-            {.kind = "hidden",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(hidden),
-             .text =
-                 sdkText("step::%s hides %d bodies or surfaces; they stay hidden where the output can say so",
-                         m_context.file(), hidden)});
+    using Files = NCollection_DataMap<TCollection_AsciiString, Handle(STEPCAFControl_ExternFile)>;
+    for (Files::Iterator file(m_reader->ExternFiles()); file.More(); file.Next()) {
+        auto const & session = file.Value()->GetWS();
+        if (file.Value()->GetLoadStatus() == IFSelect_RetDone && file.Value()->GetTransferStatus() &&
+            !session.IsNull() && session != m_reader->Reader().WS() && !session->Model().IsNull()) {
+            stepInventory(session, {}, file.Key().ToCString(), m_context).take({});
+        }
     }
 }
 
@@ -304,23 +276,5 @@ void stepReader::prepare_layers() const
     }
     if (auto const nameless = step_prepare_layers(m_reader->Reader().Model()); nameless > 1) {
         m_context.reporter().output("step::%d layers without a name become one", nameless);
-    }
-}
-
-void stepReader::report_losses() const
-{
-    auto const losses = step_count_losses(m_reader->Reader().Model());
-    if (losses.has_pmi()) {
-        m_context.account().add(
-            {.weight = sdkWeight::loss,
-             .kind = "annotation",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(losses.number()),
-             .output = 0.0,
-             .text = sdkText(
-                 "step::Product and manufacturing information is not translated: %d dimensions, %d "
-                 "geometric tolerances, %d datums, %d annotations and %d views are lost",
-                 losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views)});
     }
 }

@@ -8,7 +8,6 @@
 
 #include <STEPCAFControl_Reader.hxx>
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -25,11 +24,9 @@ private:
     sdkResult check_transformations() const;
     sdkResult without_shapes() const;
     void build_missing();
-    void read_visibility(sdkDocument & document, int hidden_before);
     void take_inventory();
+    void take_external_inventories();
     void prepare_layers() const;
-    void report_losses() const;
-    void report_materials(std::int64_t arrived) const;
 
     sdkContext & m_context;
     sdkStatics m_statics;

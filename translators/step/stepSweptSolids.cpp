@@ -72,7 +72,8 @@ private:
         double const length = depth * StepData_GlobalFactors::Intance().LengthFactor();
         auto const along =
             direction.IsNull() ? Handle(Geom_Direction)() : StepToGeom::MakeDirection(direction);
-        if (face.IsNull() || along.IsNull() || !(length > Precision::Confusion())) {
+        if (face.IsNull() || along.IsNull() || !(length > Precision::Confusion()) ||
+            Precision::IsInfinite(length)) {
             return {};
         }
         return BRepPrimAPI_MakePrism(face, gp_Vec(along->Dir()) * length, Standard_True).Shape();

@@ -46,7 +46,7 @@ bool step_transformation(Handle(StepGeom_CartesianTransformationOperator3d) cons
 {
     double const scale = transformation->HasScale() ? transformation->Scale() : 1.0;
     auto const origin = StepToGeom::MakeCartesianPoint(transformation->LocalOrigin());
-    if (origin.IsNull() || !(scale > 0.0)) {
+    if (origin.IsNull() || !(scale > 0.0) || !std::isfinite(scale)) {
         return false;
     }
     auto const axis = [](bool given, Handle(StepGeom_Direction) const & direction) {

@@ -116,9 +116,12 @@ void stepWriter::add_validation(sdkDocument const & document)
     bool const held = options.text("stepWriteSchema") != "AP203";
     if (held && (wanted == "always" || (wanted == "stated" && stated > 0))) {
         auto const products = step_add_validation(m_writer->ChangeWriter().WS(), document);
-        m_context.reporter().output("step::Volume, area and centroid of %d products were measured and are "
-                                    "stated in the output",
-                                    products);
+        if (products > 0) {
+            m_context.reporter().output(
+                "step::Volume, area and centroid of %d products were measured and are "
+                "stated in the output",
+                products);
+        }
     } else if (stated > 0 && held) {
         m_context.reporter().output(
             "step::The volumes, areas and centroids that the source states for %d products are lost; to have "

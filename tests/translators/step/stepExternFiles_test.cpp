@@ -60,3 +60,27 @@ TEST_F(StepExternFiles, ThatAreAllAbsentLeaveNothingToReadAndAreNamed)
     EXPECT_FALSE(read(file, document));
     EXPECT_EQ(account().findings().size(), 2U);
 }
+
+TEST_F(StepExternFiles, CountWhatIsLostInThem)
+{
+    auto const file = assembly_in_files();
+    auto part = kit_read_file(path("part_Blue.stp"));
+    auto const solid = part.find("MANIFOLD_SOLID_BREP");
+    ASSERT_NE(solid, std::string::npos);
+    auto const item =
+        part.substr(part.rfind('#', solid), part.find(' ', part.rfind('#', solid)) - part.rfind('#', solid));
+    part.insert(part.rfind("ENDSEC;"),
+                "#9001=HALF_SPACE_SOLID('',#9002,.T.);\n#9002=PLANE('',#9003);\n"
+                "#9003=AXIS2_PLACEMENT_3D('',#9004,$,$);\n#9004=CARTESIAN_POINT('',(0.,0.,0.));\n");
+    auto const items = part.find("," + item + ")");
+    ASSERT_NE(items, std::string::npos);
+    part.insert(items, ",#9001");
+    folder().write("part_Blue.stp", part);
+    sdkDocument document;
+    ASSERT_TRUE(read(file, document));
+    EXPECT_NEAR(sdk_measure(document).volume, 2000, 1e-6);
+    ASSERT_EQ(account().findings().size(), 1U);
+    auto const & finding = account().findings().front();
+    EXPECT_EQ(finding.place, "#9001");
+    EXPECT_NE(finding.text.formatted().find("part_Blue.stp"), std::string::npos);
+}

@@ -57,12 +57,13 @@ TEST_F(StepMaterials, StayWithPartsThatAreTakenOutOfTheirAssembly)
 TEST_F(StepMaterials, ThatCannotBeReadAreALoss)
 {
     sdkDocument document;
-    ASSERT_TRUE(read(file_of("#100", "#100=CSG_SOLID('',#101);\n#101=BLOCK('',#16,6.,1.,1.);\n"
-                                     "#110=PROPERTY_DEFINITION('material property','density',#6);\n"
-                                     "#111=PROPERTY_DEFINITION_REPRESENTATION(#110,#112);\n"
-                                     "#112=REPRESENTATION('density',(#113),#10);\n"
-                                     "#113=VALUE_REPRESENTATION_ITEM('density',POSITIVE_RATIO_MEASURE(7.85));\n"),
-                     document));
+    ASSERT_TRUE(
+        read(file_of("#100", "#100=CSG_SOLID('',#101);\n#101=BLOCK('',#16,6.,1.,1.);\n"
+                             "#110=PROPERTY_DEFINITION('material property','density',#6);\n"
+                             "#111=PROPERTY_DEFINITION_REPRESENTATION(#110,#112);\n"
+                             "#112=REPRESENTATION('density',(#113),#10);\n"
+                             "#113=VALUE_REPRESENTATION_ITEM('density',POSITIVE_RATIO_MEASURE(7.85));\n"),
+             document));
     ASSERT_EQ(account().findings().size(), 1U);
     auto const & finding = account().findings().front();
     EXPECT_EQ(finding.weight, sdkWeight::loss);

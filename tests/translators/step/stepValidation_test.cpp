@@ -236,6 +236,7 @@ TEST_F(StepValidation, OfFacesAloneHasNoVolume)
     read_file(path("written.stp"));
     expect_all_agree(2);
     EXPECT_EQ(written(kit_wire()).find("validation"), std::string::npos);
+    EXPECT_FALSE(said().says("stated in the output"));
 }
 
 TEST_F(StepValidation, ADifferentVolumeIsADifference)

@@ -133,10 +133,13 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
     double const allowed = std::max(tolerances.absolute, 1.01 * least);
     // Not what is larger, so that what is no number is told.
     if (!(in_a.edge_deviation <= allowed && in_b.edge_deviation <= allowed)) {
+        // B has a fault that A does not have; that it lacks one is good.
+        bool const mended = in_b.edge_deviation <= allowed && in_a.edge_deviation > allowed;
         tell.amounts("edge-deviation", in_a.edge_deviation, in_b.edge_deviation,
                      sdkText("compare::%s at %s has edges up to %.6g mm off their surfaces in A and up to "
                              "%.6g mm in B",
-                             a.title(), a.place(), in_a.edge_deviation, in_b.edge_deviation));
+                             a.title(), a.place(), in_a.edge_deviation, in_b.edge_deviation),
+                     mended ? sdkWeight::note : sdkWeight::difference);
     }
 }
 

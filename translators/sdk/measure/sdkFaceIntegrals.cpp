@@ -106,7 +106,7 @@ int degree_of(Curve const & curve)
     if (curve.GetType() != GeomAbs_BSplineCurve && curve.GetType() != GeomAbs_BezierCurve) {
         return 0;
     }
-    return curve.Degree() + (curve.IsRational() ? 2 : 0);
+    return curve.Degree() + (curve.IsRational() ? 3 : 0);
 }
 
 class Integration {
@@ -156,8 +156,10 @@ private:
         switch (m_type) {
         case GeomAbs_BSplineSurface:
         case GeomAbs_BezierSurface: {
-            bool const rational = in_u ? m_surface.IsURational() : m_surface.IsVRational();
-            return (in_u ? m_surface.UDegree() : m_surface.VDegree()) + (rational ? 2 : 0);
+            // One span may be an arc of nearly half a turn. In which direction the weights differ, the
+            // library does not tell clearly.
+            bool const rational = m_surface.IsURational() || m_surface.IsVRational();
+            return (in_u ? m_surface.UDegree() : m_surface.VDegree()) + (rational ? 5 : 0);
         }
         default:
             return 3;
@@ -236,14 +238,12 @@ private:
             return;
         }
         auto knots = knots_of(curve, first, last);
-        if (line) {
-            knots = at_knots_of_v(curve, knots);
-        }
+        knots = line ? at_knots_of_v(curve, knots) : at_knots_of_surface(curve, knots);
         bool const along_v = line && std::abs(curve.Line().Direction().X()) < 1e-12;
         // A curve of many spans is nearly straight in each.
         bool const short_spans = knots.size() > 5 && degree_of(curve) <= 3;
         int const points = along_v       ? points_for(surface_degree(false))
-                           : short_spans ? 5
+                           : short_spans ? 8
                                          : points_for(std::max(5, degree_of(curve)));
         double const sign = edge.Orientation() == TopAbs_REVERSED ? -1 : 1;
         add_nodes(knots, points, [&](double t, double weight) {
@@ -275,6 +275,43 @@ private:
         bool const arcs =
             round_in_v(m_type) || (round_in_u(m_type) && std::abs(line.Direction().X()) > 1e-12);
         return arcs ? with_arcs_divided(knots) : knots;
+    }
+
+    // A bent way is divided where it crosses into another patch of the surface.
+    Knots at_knots_of_surface(Geom2dAdaptor_Curve const & curve, Knots const & ends) const
+    {
+        // Between two of these places it crosses no line twice, or so little of it that it does not matter.
+        constexpr int looks = 4;
+        Knots knots = ends;
+        auto const places = divided(ends, looks);
+        auto const add_crossings = [&](Knots const & lines, auto const & coordinate) {
+            double before = coordinate(places.front());
+            for (std::size_t at = 0; at + 1 < places.size(); ++at) {
+                double const after = coordinate(places[at + 1]);
+                for (double const value : lines) {
+                    if ((before - value) * (after - value) < 0) {
+                        knots.push_back(crossing(places[at], places[at + 1], value, coordinate));
+                    }
+                }
+                before = after;
+            }
+        };
+        add_crossings(m_u_knots, [&](double t) { return curve.Value(t).X(); });
+        add_crossings(m_v_knots, [&](double t) { return curve.Value(t).Y(); });
+        std::sort(knots.begin(), knots.end());
+        return knots;
+    }
+
+    // Where the coordinate has the value, by bisection; it has it between the two places.
+    template <class Coordinate>
+    static double crossing(double from, double to, double value, Coordinate const & coordinate)
+    {
+        bool const rising = coordinate(to) > value;
+        for (int step = 0; step < 40; ++step) {
+            double const middle = (from + to) / 2;
+            ((coordinate(middle) > value) == rising ? to : from) = middle;
+        }
+        return (from + to) / 2;
     }
 
     template <class Add>

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 struct Model {
@@ -121,6 +123,20 @@ TEST(ModelComparison, TakesOtherFacesForADifferenceInOneFormatOnly)
     EXPECT_EQ(kinds(compare(whole, divided)), Kinds{"(faces)"});
     EXPECT_TRUE(compare(whole, divided).bodies[0].same);
     EXPECT_EQ(kinds(compare(divided, whole, {.same_format = true})), Kinds{"faces"});
+}
+
+TEST(ModelComparison, TakesEdgesOffTheirSurfacesForAFaultOfTheSecondModelOnly)
+{
+    Model const good({{kit_cube(10), "cube"}});
+    Model bad({{kit_cube(10), "cube"}});
+    bad.inventory.bodies[0].measure.edge_deviation = 3;
+    EXPECT_EQ(kinds(compare(good, bad)), Kinds{"edge-deviation"});
+    EXPECT_EQ(kinds(compare(bad, good)), Kinds{"(edge-deviation)"}) << "what mends its source is the same";
+    EXPECT_TRUE(compare(bad, good).bodies[0].same);
+    EXPECT_EQ(kinds(compare(bad, bad)), Kinds{});
+    bad.inventory.bodies[0].measure.edge_deviation = std::nan("");
+    EXPECT_EQ(kinds(compare(good, bad)), Kinds{"edge-deviation"});
+    EXPECT_EQ(kinds(compare(bad, good)), Kinds{"edge-deviation"}) << "what cannot be measured is told";
 }
 
 TEST(ModelComparison, ComparesNames)
