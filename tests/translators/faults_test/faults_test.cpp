@@ -154,15 +154,15 @@ INSTANTIATE_TEST_SUITE_P(Table, Faults,
                                             faults_formats[std::get<1>(one.param)]);
                          });
 
-// A plane without end has no place in STEP and STL.
+// A plane without end has a place in BREP only.
 TEST(UnboundedPlane, IsRefusedWithTheReasonAndLeavesNoEmptyFile)
 {
     kitTempFolder const folder;
-    for (std::string const format : {"STEP", "STL"}) {
+    for (std::string const format : {"STEP", "IGES", "STL"}) {
         auto const output = folder / format;
         Translation const done(FAULTS "/f_infinite_plane.brep", output, format);
         EXPECT_EQ(done.verdict, "");
-        EXPECT_TRUE(done.tells(format == "STEP" ? "face without end" : "1 faces could not be tessellated"))
+        EXPECT_TRUE(done.tells(format == "STL" ? "1 faces could not be tessellated" : "face without end"))
             << done.texts;
         EXPECT_FALSE(std::filesystem::exists(output));
     }

@@ -76,10 +76,14 @@ TEST_F(IgesCurves, AndFacesOfAllKindsAreWritten)
     EXPECT_TRUE(account().findings().empty());
 }
 
-TEST_F(IgesCurves, AndFacesWithoutEndAreLossesButForPlanes)
+TEST_F(IgesCurves, AndFacesWithoutEndAreLosses)
 {
-    EXPECT_EQ(sdk_count_entities(trip(kit_fault("f_infinite_plane.brep"))).faces, 1);
-    EXPECT_EQ(said().failed(), 0);
+    // An entity for a plane without bounds there is, but nobody reads a face from it.
+    sdkDocument plane;
+    plane.add_shape(kit_fault("f_infinite_plane.brep"), "Plane");
+    ASSERT_TRUE(write(plane, path("plane.igs")));
+    EXPECT_EQ(said().processed(), 0);
+    EXPECT_EQ(said().failed(), 1);
     auto const tube = BRepBuilderAPI_MakeFace(gp_Cylinder(gp_Ax3(), 5)).Face();
     auto const after = sdk_count_entities(trip(kit_compound({kit_cube(10), tube})));
     EXPECT_EQ(after.faces, 6);

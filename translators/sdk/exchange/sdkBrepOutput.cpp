@@ -43,7 +43,7 @@ sdkResult sdkBrepOutput::prepare(sdkDocument & document, Message_ProgressRange c
     sdk_make_places_rigid(document);
     sdk_filter_by_options(document, document.parts(), m_context);
     // IGES has an entity for a plane without end.
-    auto const endless = sdk_drop_unbounded(document, m_format, m_format == "IGES", m_context);
+    auto const endless = sdk_drop_unbounded(document, m_format, m_context);
     m_count = document.count_entities();
     if (m_count.entities() == 0 && endless > 0) {
         return sdkResult::completed();

@@ -7,7 +7,6 @@
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Tool.hxx>
-#include <Geom_Plane.hxx>
 #include <Precision.hxx>
 #include <ShapeBuild_ReShape.hxx>
 #include <TopExp_Explorer.hxx>
@@ -32,11 +31,11 @@ bool endless(double first, double last)
 }
 
 // A point of a face that has no end.
-std::optional<gp_Pnt> point_of_endless(TopoDS_Face const & face, bool keep_planes)
+std::optional<gp_Pnt> point_of_endless(TopoDS_Face const & face)
 {
     TopLoc_Location location;
     auto const & surface = BRep_Tool::Surface(face, location);
-    if (surface.IsNull() || (keep_planes && !Handle(Geom_Plane)::DownCast(surface).IsNull())) {
+    if (surface.IsNull()) {
         return std::nullopt;
     }
     double first_u = 0;
@@ -63,10 +62,7 @@ std::optional<gp_Pnt> point_of_endless(TopoDS_Edge const & edge)
 
 class Drop {
 public:
-    Drop(std::string format, bool keep_planes, sdkContext & context)
-        : m_format(std::move(format)), m_keep_planes(keep_planes), m_context(context)
-    {
-    }
+    Drop(std::string format, sdkContext & context) : m_format(std::move(format)), m_context(context) {}
 
     std::int64_t count() const { return m_count; }
 
@@ -80,9 +76,7 @@ public:
         TopTools_MapOfShape seen;
         for (TopExp_Explorer explorer(shape, TopAbs_FACE); explorer.More(); explorer.Next()) {
             auto const & face = TopoDS::Face(explorer.Current());
-            auto const point = seen.Add(face)
-                                   ? point_of_endless(face, m_keep_planes && shape.ShapeType() == TopAbs_FACE)
-                                   : std::nullopt;
+            auto const point = seen.Add(face) ? point_of_endless(face) : std::nullopt;
             if (point) {
                 dropped.push_back(face);
                 tell(part, *point,
@@ -132,17 +126,15 @@ private:
     }
 
     std::string m_format;
-    bool m_keep_planes;
     sdkContext & m_context;
     std::int64_t m_count = 0;
 };
 
 } // namespace
 
-std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, bool keep_planes,
-                                sdkContext & context)
+std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, sdkContext & context)
 {
-    Drop drop(format, keep_planes, context);
+    Drop drop(format, context);
     sdk_edit_parts(document, document.parts(),
                    [&](TDF_Label const & part, TopoDS_Shape const & shape, sdkShapeHistory & history) {
                        return drop(part, shape, history);

@@ -6,7 +6,7 @@
 #include <string>
 
 // Takes faces and loose curves that go on without end out of the document: the format has no place for them,
-// and Open CASCADE writes nothing. Each becomes a loss in the account and counts as failed. Planes may stay
-// for formats that hold them. Returns how many were taken out.
-std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, bool keep_planes,
-                                sdkContext & context);
+// and Open CASCADE writes nothing. Each becomes a loss in the account and counts as failed.
+// An unbounded plane of an IGES file is no more than a place for other entities. Returns how many were taken
+// out.
+std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, sdkContext & context);

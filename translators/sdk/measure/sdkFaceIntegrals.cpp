@@ -289,7 +289,7 @@ private:
             for (std::size_t at = 0; at + 1 < places.size(); ++at) {
                 double const after = coordinate(places[at + 1]);
                 for (double const value : lines) {
-                    if ((before - value) * (after - value) < 0) {
+                    if ((before < value) != (after < value)) {
                         knots.push_back(crossing(places[at], places[at + 1], value, coordinate));
                     }
                 }
@@ -302,14 +302,15 @@ private:
         return knots;
     }
 
-    // Where the coordinate has the value, by bisection; it has it between the two places.
+    // Where the coordinate reaches the value, by bisection; at one of the two places it is below, at the
+    // other not.
     template <class Coordinate>
     static double crossing(double from, double to, double value, Coordinate const & coordinate)
     {
-        bool const rising = coordinate(to) > value;
+        bool const below = coordinate(from) < value;
         for (int step = 0; step < 40; ++step) {
             double const middle = (from + to) / 2;
-            ((coordinate(middle) > value) == rising ? to : from) = middle;
+            ((coordinate(middle) < value) == below ? from : to) = middle;
         }
         return (from + to) / 2;
     }

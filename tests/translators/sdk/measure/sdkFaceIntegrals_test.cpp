@@ -13,6 +13,14 @@
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepPrimAPI_MakeTorus.hxx>
 #include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <Geom2dConvert.hxx>
+#include <Geom2d_BSplineCurve.hxx>
+#include <Geom2d_TrimmedCurve.hxx>
+#include <GeomConvert.hxx>
+#include <Geom_BSplineSurface.hxx>
+#include <Geom_CylindricalSurface.hxx>
+#include <Geom_RectangularTrimmedSurface.hxx>
 #include <Geom_SphericalSurface.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
@@ -109,4 +117,27 @@ TEST(FaceIntegrals, AddUpOverFaces)
     EXPECT_NEAR(sum.volume_moment.X() / sum.volume, 2, 1e-9);
     EXPECT_NEAR(sum.volume_moment.Y() / sum.volume, 7, 1e-9);
     EXPECT_NEAR(sum.volume_moment.Z() / sum.volume, 12, 1e-9);
+}
+
+TEST(FaceIntegrals, OfSplinesAreExactWhereABoundaryCrossesFromPatchToPatch)
+{
+    // Half a tube of two patches; its boundary on the surface is made of splines, too, and passes from one
+    // patch into the other.
+    Handle(Geom_Surface) const tube = GeomConvert::SurfaceToBSplineSurface(
+        new Geom_RectangularTrimmedSurface(new Geom_CylindricalSurface(gp_Ax3(), 10), 0.0, pi, 0.0, 20.0));
+    auto const face = BRepBuilderAPI_MakeFace(tube, 1e-7).Face();
+    BRep_Builder builder;
+    for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
+        auto const & edge = TopoDS::Edge(one.Current());
+        double first = 0;
+        double last = 0;
+        auto const line = BRep_Tool::CurveOnSurface(edge, face, first, last);
+        builder.UpdateEdge(
+            edge, Geom2dConvert::CurveToBSplineCurve(new Geom2d_TrimmedCurve(line, first, last)), face, 1e-7);
+    }
+    auto const integrals = sdk_face_integrals(face, gp::Origin());
+    EXPECT_NEAR(integrals.area, 200 * pi, 1e-9);
+    EXPECT_NEAR(integrals.area_moment.X() / integrals.area, 0, 1e-9);
+    EXPECT_NEAR(integrals.area_moment.Y() / integrals.area, 20 / pi, 1e-9);
+    EXPECT_NEAR(integrals.area_moment.Z() / integrals.area, 10, 1e-9);
 }
