@@ -11,6 +11,7 @@
 #include <Message_ProgressScope.hxx>
 
 #include <filesystem>
+#include <malloc.h>
 #include <optional>
 
 namespace {
@@ -131,8 +132,10 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     if (auto result = sdk_check_written(m_job.output.file, m_job.final_name); !result) {
         return result;
     }
-    // What the writer holds is not needed while the output is read back.
+    m_verification.ask(context);
+    // What the writer holds is not needed while the output is read back, and its memory is.
     writer.reset();
+    ::malloc_trim(0);
     m_findings.tell(context.account().findings());
     return m_verification.conclude(context, m_findings, scope.Next(verification_share));
 }

@@ -63,6 +63,14 @@ std::chrono::milliseconds hostVerification::limit() const
         std::max<std::chrono::steady_clock::duration>(patience * writing, m_job.least_patience));
 }
 
+void hostVerification::ask(sdkContext const & writer)
+{
+    if (m_witness) {
+        m_limit = limit();
+        m_witness->ask({m_job.output.file, m_job.final_name, writer.promise()});
+    }
+}
+
 sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & findings,
                                      Message_ProgressRange const & range)
 {
@@ -72,9 +80,8 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     hostTestimony testimony;
     if (m_readable) {
         Message_ProgressScope scope(range, nullptr, 100);
-        testimony =
-            m_witness->ask({m_job.output.file, m_job.final_name, writer.promise()}, limit(), m_cancelled,
-                           [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); });
+        testimony = m_witness->answer(
+            m_limit, m_cancelled, [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); });
         m_witness.reset();
         if (m_cancelled) {
             return sdkResult::cancelled();

@@ -31,7 +31,10 @@ public:
     // the output has a reader for its format.
     void begin(sdkDocument const & document, sdkOptions const & options, bool readable);
 
-    // To be called when the output is written: tells findings and verdict. Completed, or cancelled, or a
+    // To be called when the output is written: the output begins to be read back.
+    void ask(sdkContext const & writer);
+
+    // To be called after that: tells findings and verdict. Completed, or cancelled, or a
     // write error when the output cannot be read back and its writer has not found it whole either.
     sdkResult conclude(sdkContext & writer, hostFindings & findings, Message_ProgressRange const & range);
 
@@ -45,4 +48,5 @@ private:
     bool m_readable = false;
     std::unique_ptr<hostWitness> m_witness;
     std::chrono::steady_clock::time_point m_begun{};
+    std::chrono::milliseconds m_limit{};
 };

@@ -64,7 +64,9 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         for (int const descriptor : own_descriptors) {
             ::close(descriptor);
         }
-        hostWitnessWork(document, evidence, question[0], answer[1]).run();
+        // Not taken apart at the end: the end of the process does that faster.
+        hostWitnessWork work(document, evidence, question[0], answer[1]);
+        work.run();
         ::_exit(0);
     }
     ::close(question[0]);
@@ -94,8 +96,13 @@ void hostWitness::end()
     }
 }
 
-hostTestimony hostWitness::ask(hostQuestion const & question, std::chrono::milliseconds limit,
-                               std::atomic<bool> const & cancelled, std::function<void(int)> const & progress)
+void hostWitness::ask(hostQuestion const & question)
+{
+    m_asked = m_process > 0 && write_all(m_question, host_write_question(question) + "\n");
+}
+
+hostTestimony hostWitness::answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
+                                  std::function<void(int)> const & progress)
 {
     hostTestimony testimony;
     if (m_process < 0) {
@@ -103,7 +110,7 @@ hostTestimony hostWitness::ask(hostQuestion const & question, std::chrono::milli
         return testimony;
     }
     auto const deadline = Clock::now() + limit;
-    bool ended = !write_all(m_question, host_write_question(question) + "\n");
+    bool ended = !m_asked;
     std::string text;
     while (!ended && !cancelled) {
         if (Clock::now() >= deadline) {

@@ -33,11 +33,14 @@ public:
     hostWitness(hostWitness const &) = delete;
     hostWitness & operator=(hostWitness const &) = delete;
 
-    // Asks once and waits, at most for so long; `progress` gets numbers from 0 to 100. A witness that
+    // Asks, once, and returns at once.
+    void ask(hostQuestion const & question);
+
+    // Waits for the answer, at most for so long; `progress` gets numbers from 0 to 100. A witness that
     // crashes, that takes longer or that there is none of gives a testimony without a reading, with the
     // reason. A cancelled one is empty.
-    hostTestimony ask(hostQuestion const & question, std::chrono::milliseconds limit,
-                      std::atomic<bool> const & cancelled, std::function<void(int)> const & progress);
+    hostTestimony answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
+                         std::function<void(int)> const & progress);
 
 private:
     hostTestimony testimony_from(std::string const & line) const;
@@ -48,4 +51,5 @@ private:
     ::pid_t m_process = -1;
     int m_question = -1;
     int m_answer = -1;
+    bool m_asked = false;
 };

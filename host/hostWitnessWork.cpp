@@ -72,12 +72,33 @@ int threads()
 
 } // namespace
 
+// What a reader works with, and what it has read.
+struct hostWitnessWork::Attempt {
+    Attempt(hostModule const & module, std::map<std::string, std::string> const & values,
+            std::string const & shown)
+        : options(module.resources(), values, problems), context(options, listener, shown),
+          reader(module.make_reader(context))
+    {
+        context.account().want(false);
+        context.account().read_back(true);
+    }
+
+    std::vector<sdkText> problems; // there are none: the values are the modules' own
+    Listener listener;
+    sdkOptions options;
+    sdkContext context;
+    sdkDocument output;
+    std::unique_ptr<sdkReader> reader;
+};
+
 hostWitnessWork::hostWitnessWork(sdkDocument const & document, hostEvidence const & evidence, int question,
                                  int answer)
     : m_document(document), m_evidence(evidence), m_question(question), m_answer(answer),
       m_progress(new Progress(answer))
 {
 }
+
+hostWitnessWork::~hostWitnessWork() = default;
 
 void hostWitnessWork::run()
 {
@@ -146,17 +167,12 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
     } else if (repair) {
         return std::nullopt;
     }
-    std::vector<sdkText> problems; // there are none: the values are the modules' own
-    Listener listener;
-    sdkOptions const options(module->resources(), values, problems);
-    sdkContext context(options, listener, question.shown);
-    context.account().want(false);
-    sdkDocument output;
+    m_attempt = std::make_unique<Attempt>(*module, values, question.shown);
+    auto & output = m_attempt->output;
     Message_ProgressScope scope(m_progress->Start(), nullptr, 10);
-    auto const reader = module->make_reader(context);
-    auto result = reader->parse(question.written, scope.Next(4));
+    auto result = m_attempt->reader->parse(question.written, scope.Next(4));
     if (result) {
-        result = reader->transfer(output, scope.Next(4));
+        result = m_attempt->reader->transfer(output, scope.Next(4));
     }
     if (!result) {
         reason = result.text();

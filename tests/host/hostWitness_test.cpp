@@ -120,9 +120,8 @@ TEST(HostWitness, HasSeenTheDocumentAsItWasBeforeItWasChanged)
     hostWitness witness(document, {.module = ODD_MODULE, .format = "Box"}, {});
     document.shapes()->RemoveShape(label);
     std::atomic<bool> const cancelled = false;
-    auto const testimony =
-        witness.ask({.written = folder.write("a.odd", "x"), .shown = "a.odd", .promise = {}},
-                    std::chrono::seconds(30), cancelled, [](int) {});
+    witness.ask({.written = folder.write("a.odd", "x"), .shown = "a.odd", .promise = {}});
+    auto const testimony = witness.answer(std::chrono::seconds(30), cancelled, [](int) {});
     EXPECT_TRUE(testimony.read_back);
     ASSERT_FALSE(testimony.findings.empty());
     EXPECT_EQ(testimony.findings[0].kind, "missing-solid");
@@ -144,9 +143,8 @@ TEST(HostWitness, NamesFaultsOfTheSourceItself)
     std::atomic<bool> const cancelled = false;
     for (auto const level : {sdkMeasureLevel::full, sdkMeasureLevel::counts}) {
         hostWitness witness(document, {.module = LIES_MODULE, .format = "LIE", .level = level}, {});
-        auto const testimony =
-            witness.ask({.written = "/no/such/file.lie", .shown = "file.lie", .promise = {}},
-                        std::chrono::milliseconds(patience), cancelled, [](int) {});
+        witness.ask({.written = "/no/such/file.lie", .shown = "file.lie", .promise = {}});
+        auto const testimony = witness.answer(std::chrono::milliseconds(patience), cancelled, [](int) {});
         EXPECT_FALSE(testimony.read_back);
         if (level == sdkMeasureLevel::counts) {
             EXPECT_TRUE(testimony.findings.empty());

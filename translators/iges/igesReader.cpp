@@ -65,7 +65,9 @@ sdkResult igesReader::parse(std::string const & path, Message_ProgressRange cons
     }
     settle_unit();
     iges_decode_names(model, m_context.options().text("igesReadCodePage"));
-    sdk_report_load(m_reader->WS(), m_context);
+    if (!m_context.account().read_back()) {
+        sdk_report_load(m_reader->WS(), m_context);
+    }
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
 
@@ -142,8 +144,10 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    sdk_report_transfer(m_reader->WS(), {}, m_context);
-    iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+    if (!m_context.account().read_back()) {
+        sdk_report_transfer(m_reader->WS(), {}, m_context);
+        iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+    }
     hide_blanked(document);
     iges_drop_unbounded(document, document.free_shapes_since(before));
     if (!transferred || document.free_shapes_since(before).IsEmpty()) {

@@ -27,10 +27,16 @@ public:
     bool wanted() const { return m_wanted; }
     void want(bool wanted) { m_wanted = wanted; }
 
+    // True when the file is an output that is read back: what it lacks is found by measure, and nobody asks
+    // for an account. A reader may save its time.
+    bool read_back() const { return m_read_back; }
+    void read_back(bool is) { m_read_back = is; }
+
 private:
     static constexpr std::size_t index(sdkSourceKind kind) { return static_cast<std::size_t>(kind); }
 
     std::array<std::int64_t, 6> m_held{};
     std::vector<sdkFinding> m_findings;
     bool m_wanted = true;
+    bool m_read_back = false;
 };

@@ -161,7 +161,9 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
-    take_inventory();
+    if (!m_context.account().read_back()) {
+        take_inventory();
+    }
     step_style_copies(m_reader->Reader().WS(), m_copies, document, options);
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
