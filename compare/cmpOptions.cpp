@@ -39,15 +39,16 @@ void declare(CLI::App & app, cmpOptions & options, cmpTexts const & texts)
     app.add_flag("--all", options.all, texts("compare::Show the parts that are the same, too"));
     app.add_option("--relative", options.relative,
                    texts("compare::How much volumes, areas and lengths may differ, as a share of them"))
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Range(0.0, 1.0))
         ->capture_default_str();
     app.add_option("--absolute", options.absolute,
                    texts("compare::How far places may differ, in millimetres"))
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Range(0.0, 1e6))
         ->capture_default_str();
     app.add_option("--deflection", options.deflection,
                    texts("compare::How far triangles may lie from surfaces, in millimetres"))
-        ->check(CLI::PositiveNumber)
+        // The mesher refuses what is finer.
+        ->check(CLI::Range(1e-6, 1e6))
         ->capture_default_str();
     app.add_flag("--counts", options.counts_only,
                  texts("compare::Compare counts and names only, which is fast"));

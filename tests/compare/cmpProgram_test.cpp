@@ -227,6 +227,7 @@ TEST_F(CompareProgram, SaysWhyNothingCouldBeCompared)
              {{"a.stl"}, "B is required"},
              {{"a.stl", "a.stl", "--relative", "much"}, "--relative"},
              {{"a.stl", "a.stl", "--relative", "-1"}, "--relative"},
+             {{"a.stl", "a.stl", "--deflection", "1e-9"}, "--deflection"},
              {{"a.stl", "a.stl", "--names", "--no-names"}, "--no-names"},
              {{"a.stl", "a.stl", "--nothing"}, "--nothing"}}) {
         auto const result = run(words);
