@@ -166,15 +166,16 @@ TEST(Comparison, TellsWhatIsMissingAndWhatIsExtra)
     EXPECT_EQ(extra[0].weight, sdkWeight::difference);
 }
 
-TEST(Comparison, NotesABodyThatLayTwiceAtOnePlace)
+TEST(Comparison, TakesOneOfTwoBodiesAtOnePlaceForALoss)
 {
     auto const cube = kit_cube(10);
     auto const twice = inventory_of({{"Cube", kit_compound({cube, cube})}});
     auto const once = inventory_of({{"Cube", cube}});
     auto const findings = sdk_compare(twice, once, everything());
-    ASSERT_EQ(kinds(findings), (Kinds{"coincident"}));
-    EXPECT_EQ(findings[0].weight, sdkWeight::note);
+    ASSERT_EQ(kinds(findings), (Kinds{"missing-solid"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::loss);
     EXPECT_TRUE(all_fit(findings));
+    EXPECT_TRUE(sdk_compare(twice, twice, everything()).empty());
     EXPECT_EQ(kinds(sdk_compare(once, twice, everything())), (Kinds{"extra-solid"}));
 }
 
