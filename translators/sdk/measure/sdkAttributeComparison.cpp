@@ -22,11 +22,6 @@ std::string in_ascii(std::string const & name)
     return ascii;
 }
 
-std::string as_written(std::string const & name, sdkPromise const & promise)
-{
-    return promise.ascii_names ? in_ascii(name) : name;
-}
-
 std::map<std::string, double> opaque(std::map<std::string, double> const & colours)
 {
     std::map<std::string, double> result;
@@ -63,6 +58,11 @@ bool sdk_same_name(std::string const & a, std::string const & b)
     return a == b || in_ascii(a) == b || a == in_ascii(b);
 }
 
+std::string sdk_name_as_written(std::string const & name, sdkPromise const & promise)
+{
+    return promise.ascii_names ? in_ascii(name) : name;
+}
+
 std::string sdk_main_colour(std::map<std::string, double> const & colours)
 {
     auto const largest = std::max_element(colours.begin(), colours.end(),
@@ -93,7 +93,7 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
         findings.push_back({sdkWeight::difference, kind, source.title(), source.place(), std::nullopt,
                             std::nullopt, std::move(text)});
     };
-    if (holds.names && !source.part.empty() && output.names.count(as_written(source.part, promise)) == 0) {
+    if (holds.names && !source.part.empty() && output.names.count(sdk_name_as_written(source.part, promise)) == 0) {
         add("name",
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
@@ -135,7 +135,7 @@ void sdk_compare_names(sdkInventory const & source, sdkInventory const & output,
     }
     std::set<std::string> told;
     for (auto const & body : source.bodies) {
-        if (!body.part.empty() && there.count(as_written(body.part, promise)) == 0 &&
+        if (!body.part.empty() && there.count(sdk_name_as_written(body.part, promise)) == 0 &&
             told.insert(body.part).second) {
             findings.push_back({sdkWeight::difference, "name", body.part, body.place(), std::nullopt,
                                 std::nullopt,

@@ -12,6 +12,9 @@
 // an underscore for each other character.
 bool sdk_same_name(std::string const & a, std::string const & b);
 
+// A name of the source as it stands in the output.
+std::string sdk_name_as_written(std::string const & name, sdkPromise const & promise);
+
 // The colour that most of a body has; empty when it has none.
 std::string sdk_main_colour(std::map<std::string, double> const & colours);
 

@@ -3,6 +3,7 @@
 #include "sdk/measure/sdkAttributeComparison.h"
 #include "sdk/measure/sdkCurveComparison.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
 
 #include <algorithm>
@@ -46,6 +47,9 @@ public:
         compare_wireframe();
         if (m_options.promise.holds.structure) {
             sdk_compare_structure(m_source, m_output, m_findings);
+            if (m_options.promise.holds.names) {
+                sdk_compare_structure_names(m_source, m_output, m_options.promise, m_findings);
+            }
         }
         return std::move(m_findings);
     }

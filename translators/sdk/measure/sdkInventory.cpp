@@ -172,6 +172,10 @@ private:
         auto const location = shape_label == label ? outer : outer * XCAFDoc_ShapeTool::GetLocation(label);
         if (shape_label != label) {
             note(label, names, hidden, layers);
+            auto const name = sdkDocument::name(label);
+            if (!name.empty() && name != sdkDocument::name(shape_label)) {
+                ++m_result.instance_names[name];
+            }
             // The innermost place that has a colour.
             auto const own = sdk_label_colour(m_document, label);
             colour = own ? own : colour;
@@ -183,6 +187,9 @@ private:
             TDF_LabelSequence components;
             XCAFDoc_ShapeTool::GetComponents(shape_label, components);
             ++m_result.assemblies;
+            if (auto const name = sdkDocument::name(shape_label); !name.empty()) {
+                ++m_result.assembly_names[name];
+            }
             m_result.instances += components.Length();
             for (auto const & component : components) {
                 place(component, location, names, colour, hidden, layers);
