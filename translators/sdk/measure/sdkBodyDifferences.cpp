@@ -129,6 +129,12 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
                     "compare::%s at %s has faces that look to the wrong side along %d edges in A and %d in B",
                     turned ? sdkWeight::note : sdkWeight::difference);
     }
+    if (a.kind != sdkBodyKind::solid && in_a.turned(in_b)) {
+        findings.push_back({sdkWeight::difference, "turned-body", a.title(), a.place(), std::nullopt,
+                            std::nullopt,
+                            sdkText("compare::%s at %s (%s) looks to the other side in B", a.title(),
+                                    a.place(), sdk_kind_name(a.kind))});
+    }
     double const least = std::min(in_a.edge_deviation, in_b.edge_deviation);
     double const allowed = std::max(tolerances.absolute, 1.01 * least);
     // Not what is larger, so that what is no number is told.
@@ -197,6 +203,9 @@ void sdk_tell_side_by_side(sdkFinding & finding, bool same_format)
     if (finding.kind == "solid-open") {
         finding.text =
             sdkText("compare::%s at %s is a solid in A and none in B, which has its faces", part, place);
+    } else if (finding.kind == "shell-open") {
+        finding.text =
+            sdkText("compare::The shell %s at %s fell apart in B, which has its faces", part, place);
     } else if (finding.kind == "regrouped") {
         finding.text = sdkText("compare::The faces of %s at %s belong to other bodies in B", part, place);
     } else if (finding.kind.starts_with("missing-")) {

@@ -160,6 +160,13 @@ private:
                       "measure::%s at %s has faces that look to the wrong side along %d edges in the output",
                       from.title(), from.place(), b.turned_edges));
         }
+        // A solid that is turned over has another volume.
+        if (from.kind != sdkBodyKind::solid && a.turned(b)) {
+            m_findings.push_back({sdkWeight::difference, "turned-body", from.title(), from.place(),
+                                  std::nullopt, std::nullopt,
+                                  sdkText("measure::%s at %s (%s) looks to the other side in the output",
+                                          from.title(), from.place(), sdk_kind_name(from.kind))});
+        }
         if (!(b.edge_deviation <= std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation))) {
             add(sdkWeight::difference, "edge-deviation", from, a.edge_deviation, b.edge_deviation,
                 sdkText("measure::%s at %s has edges up to %.6g mm off their surfaces in the output, and up "

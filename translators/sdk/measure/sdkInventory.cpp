@@ -172,10 +172,6 @@ private:
         auto const location = shape_label == label ? outer : outer * XCAFDoc_ShapeTool::GetLocation(label);
         if (shape_label != label) {
             note(label, names, hidden, layers);
-            auto const name = sdkDocument::name(label);
-            if (!name.empty() && name != sdkDocument::name(shape_label)) {
-                ++m_result.instance_names[name];
-            }
             // The innermost place that has a colour.
             auto const own = sdk_label_colour(m_document, label);
             colour = own ? own : colour;
@@ -192,6 +188,10 @@ private:
             }
             m_result.instances += components.Length();
             for (auto const & component : components) {
+                auto const name = sdkDocument::name(component);
+                if (!name.empty() && name != sdkDocument::name(definition(component))) {
+                    ++m_result.instance_names[name];
+                }
                 place(component, location, names, colour, hidden, layers);
             }
             return;
@@ -209,10 +209,7 @@ private:
             body.layers = layers;
             auto const & local = m_measures[static_cast<std::size_t>(one.measured - 1)];
             auto const where = location * one.shape.Location();
-            body.measure = local;
-            if (one.shape.Orientation() == TopAbs_REVERSED) {
-                body.measure.volume = -body.measure.volume;
-            }
+            body.measure = one.shape.Orientation() == TopAbs_REVERSED ? local.reversed() : local;
             part.attributes.apply(one.shape, colour, body);
             if (!where.IsIdentity()) {
                 body.measure = body.measure.placed(where.Transformation());

@@ -57,6 +57,14 @@ TEST(StructureNames, AreMissedWherePlacesAreCalledOtherwise)
     EXPECT_EQ(kinds(compare(assembly("Frame", "left", "left"), source)), (Kinds{"name"}));
 }
 
+TEST(StructureNames, AreNotThoseOfPlacesOutsideOfAssemblies)
+{
+    sdkDocument document;
+    auto const label = document.add_shape(kit_cube(10).Moved(shifted(5)), "Moved");
+    ASSERT_TRUE(XCAFDoc_ShapeTool::IsReference(label));
+    EXPECT_TRUE(sdk_take_inventory(document, {}).instance_names.empty());
+}
+
 TEST(StructureNames, MayBeInventedWhereTheSourceHasNone)
 {
     EXPECT_TRUE(compare(assembly("", "", "Cube"), assembly("Frame", "NAUO1", "NAUO2")).empty());
