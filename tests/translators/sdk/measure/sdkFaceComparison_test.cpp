@@ -3,6 +3,8 @@
 #include "sdk/measure/sdkFaceComparison.h"
 #include "translators/kit/kitParts.h"
 
+#include <TopExp_Explorer.hxx>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,6 +45,23 @@ TEST(FaceComparison, NotesLooseFacesThatBecameASolid)
     for (auto const & finding : findings) {
         EXPECT_EQ(finding.weight, sdkWeight::note);
     }
+}
+
+TEST(FaceComparison, KnowsAShellThatFellApart)
+{
+    auto const cube = kit_cube(10);
+    auto const shell = TopExp_Explorer(cube, TopAbs_SHELL).Current();
+    auto const faces = kit_compound(kit_loose_faces(cube));
+    auto const findings = compare(shell, faces);
+    ASSERT_EQ(kinds(findings), (Kinds{"shell-open"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::difference);
+    EXPECT_EQ(findings[0].source, 0);
+    EXPECT_EQ(findings[0].output, 24);
+    EXPECT_EQ(kinds(compare(shell, cube)), (Kinds{"regrouped"}));
+    // Faces are all that such a format has.
+    auto options = everything();
+    options.promise.holds.solids = false;
+    EXPECT_EQ(kinds(compare(shell, faces, options)), (Kinds{"regrouped"}));
 }
 
 TEST(FaceComparison, KnowsASolidOfWhichAFaceIsLost)
