@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkBodyDifferences.h"
 
 #include "sdk/measure/sdkAttributeComparison.h"
+#include "sdk/measure/sdkFaceColours.h"
 
 #include <algorithm>
 #include <cmath>
@@ -159,6 +160,16 @@ void sdk_tell_attributes(sdkBody const & a, sdkBody const & b, sdkModelAttribute
     if (attributes.colours && !same_looks(a, b, attributes)) {
         tell.attribute("colour", sdk_main_colour(a.colours), sdk_main_colour(b.colours),
                        "compare::%s at %s has the colour \"%s\" in A and \"%s\" in B");
+    }
+    if (attributes.colours && same_looks(a, b, attributes)) {
+        if (auto const faces = sdk_compare_face_colours(
+                a, b, {.tolerances = {}, .transparency = true, .bare = attributes.same_format})) {
+            findings.push_back(
+                {sdkWeight::difference, "colour", a.title(), faces->place, std::nullopt, std::nullopt,
+                 sdkText("compare::%s has %d faces with another colour in B; the one at %s has "
+                         "\"%s\" in A and \"%s\" in B",
+                         a.title(), faces->faces, faces->place, faces->source, faces->output)});
+        }
     }
     if (attributes.layers && a.layers != b.layers) {
         tell.attribute("layer", joined(a.layers), joined(b.layers),
