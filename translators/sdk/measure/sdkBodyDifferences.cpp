@@ -133,8 +133,7 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
     if (a.kind != sdkBodyKind::solid && in_a.turned(in_b)) {
         findings.push_back({sdkWeight::difference, "turned-body", a.title(), a.place(), std::nullopt,
                             std::nullopt,
-                            sdkText("compare::%s at %s (%s) looks to the other side in B", a.title(),
-                                    a.place(), sdk_kind_name(a.kind))});
+                            sdkText("compare::%s at %s looks to the other side in B", a.title(), a.place())});
     }
     double const least = std::min(in_a.edge_deviation, in_b.edge_deviation);
     double const allowed = std::max(tolerances.absolute, 1.01 * least);
@@ -214,6 +213,8 @@ void sdk_tell_side_by_side(sdkFinding & finding, bool same_format)
     if (finding.kind == "solid-open") {
         finding.text =
             sdkText("compare::%s at %s is a solid in A and none in B, which has its faces", part, place);
+    } else if (finding.kind == "turned-body") {
+        finding.text = sdkText("compare::%s at %s looks to the other side in B", part, place);
     } else if (finding.kind == "shell-open") {
         finding.text =
             sdkText("compare::The shell %s at %s fell apart in B, which has its faces", part, place);

@@ -189,10 +189,7 @@ private:
         }
         // A solid that is turned over has another volume.
         if (from.kind != sdkBodyKind::solid && a.turned(b)) {
-            m_findings.push_back({sdkWeight::difference, "turned-body", from.title(), from.place(),
-                                  std::nullopt, std::nullopt,
-                                  sdkText("measure::%s at %s (%s) looks to the other side in the output",
-                                          from.title(), from.place(), sdk_kind_name(from.kind))});
+            sdk_tell_turned(from, m_findings);
         }
         if (!(b.edge_deviation <= std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation))) {
             add(sdkWeight::difference, "edge-deviation", from, a.edge_deviation, b.edge_deviation,

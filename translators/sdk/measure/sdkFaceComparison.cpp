@@ -81,6 +81,14 @@ std::int64_t free_edges_of(std::set<sdkBody const *> const & bodies)
         [](std::int64_t sum, auto const * body) { return sum + body->measure.free_edges; });
 }
 
+// A loose face that became a shell of its own, or the other way round, looking to the other side.
+bool is_turned_alone(sdkBody const & body, std::set<sdkBody const *> const & owners)
+{
+    auto const & measure = (*owners.begin())->measure;
+    return owners.size() == 1 && measure.faces.size() == body.measure.faces.size() &&
+           body.measure.turned(measure);
+}
+
 void tell_regrouped(sdkBody const & body, std::vector<sdkFinding> & findings)
 {
     if (body.kind == sdkBodyKind::solid) {
@@ -120,6 +128,9 @@ void sdk_compare_by_faces(sdkBodies const & missing, sdkBodies const & extra,
             tell_open_shell(*body, free_edges, findings);
         } else if (options.promise.holds.solids || body->kind != sdkBodyKind::solid) {
             tell_regrouped(*body, findings);
+            if (is_turned_alone(*body, owners)) {
+                sdk_tell_turned(*body, findings);
+            }
         }
     }
     sdkBodies left;
@@ -150,6 +161,14 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
                             sdkText("measure::%s at %s (%s) is in the output and not in the source",
                                     body->title(), body->place(), kind)});
     }
+}
+
+void sdk_tell_turned(sdkBody const & body, std::vector<sdkFinding> & findings)
+{
+    findings.push_back({sdkWeight::difference, "turned-body", body.title(), body.place(), std::nullopt,
+                        std::nullopt,
+                        sdkText("measure::%s at %s (%s) looks to the other side in the output", body.title(),
+                                body.place(), sdk_kind_name(body.kind))});
 }
 
 void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & findings)

@@ -3,7 +3,9 @@
 #include "sdk/measure/sdkFaceComparison.h"
 #include "translators/kit/kitParts.h"
 
+#include <BRep_Builder.hxx>
 #include <TopExp_Explorer.hxx>
+#include <TopoDS_Shell.hxx>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +64,20 @@ TEST(FaceComparison, KnowsAShellThatFellApart)
     auto options = everything();
     options.promise.holds.solids = false;
     EXPECT_EQ(kinds(compare(shell, faces, options)), (Kinds{"regrouped"}));
+}
+
+TEST(FaceComparison, KnowsALooseFaceThatBecameAShellOfItsOwnAndLooksToTheOtherSide)
+{
+    auto const face = kit_loose_faces(kit_cube(10))[0];
+    BRep_Builder builder;
+    TopoDS_Shell shell;
+    builder.MakeShell(shell);
+    builder.Add(shell, face);
+    EXPECT_EQ(kinds(compare(face, shell)), (Kinds{"regrouped"}));
+    auto const findings = compare(face, shell.Reversed());
+    ASSERT_EQ(kinds(findings), (Kinds{"regrouped", "turned-body"}));
+    EXPECT_EQ(find(findings, "turned-body")->weight, sdkWeight::difference);
+    EXPECT_EQ(kinds(compare(shell.Reversed(), face)), (Kinds{"regrouped", "turned-body"}));
 }
 
 TEST(FaceComparison, KnowsASolidOfWhichAFaceIsLost)
