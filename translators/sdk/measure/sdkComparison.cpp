@@ -187,8 +187,8 @@ private:
                       "measure::%s at %s has faces that look to the wrong side along %d edges in the output",
                       from.title(), from.place(), b.turned_edges));
         }
-        // A solid that is turned over has another volume.
-        if (from.kind != sdkBodyKind::solid && a.turned(b)) {
+        // A solid that is turned over has another volume. A format of bare surfaces has no sides.
+        if (from.kind != sdkBodyKind::solid && m_options.promise.holds.solids && a.turned(b)) {
             sdk_tell_turned(from, m_findings);
         }
         if (!(b.edge_deviation <= std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation))) {

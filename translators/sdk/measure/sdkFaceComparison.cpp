@@ -128,7 +128,7 @@ void sdk_compare_by_faces(sdkBodies const & missing, sdkBodies const & extra,
             tell_open_shell(*body, free_edges, findings);
         } else if (options.promise.holds.solids || body->kind != sdkBodyKind::solid) {
             tell_regrouped(*body, findings);
-            if (is_turned_alone(*body, owners)) {
+            if (options.promise.holds.solids && is_turned_alone(*body, owners)) {
                 sdk_tell_turned(*body, findings);
             }
         }

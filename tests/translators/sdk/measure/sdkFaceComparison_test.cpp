@@ -80,6 +80,15 @@ TEST(FaceComparison, KnowsALooseFaceThatBecameAShellOfItsOwnAndLooksToTheOtherSi
     EXPECT_EQ(kinds(compare(shell.Reversed(), face)), (Kinds{"regrouped", "turned-body"}));
 }
 
+TEST(FaceComparison, AsksForNoSidesOfAFormatOfBareSurfaces)
+{
+    auto const face = kit_loose_faces(kit_cube(10))[0];
+    auto options = everything();
+    EXPECT_EQ(kinds(compare(face, face.Reversed(), options)), (Kinds{"turned-body"}));
+    options.promise.holds.solids = false;
+    EXPECT_TRUE(compare(face, face.Reversed(), options).empty());
+}
+
 TEST(FaceComparison, KnowsASolidOfWhichAFaceIsLost)
 {
     auto const cube = kit_cube(10);
