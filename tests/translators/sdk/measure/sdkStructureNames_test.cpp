@@ -1,5 +1,6 @@
 #include "measureBodies.h"
 
+#include "sdk/measure/sdkModelComparison.h"
 #include "translators/kit/kitParts.h"
 
 #include <gtest/gtest.h>
@@ -68,6 +69,18 @@ TEST(StructureNames, AreNotThoseOfPlacesOutsideOfAssemblies)
 TEST(StructureNames, MayBeInventedWhereTheSourceHasNone)
 {
     EXPECT_TRUE(compare(assembly("", "", "Cube"), assembly("Frame", "NAUO1", "NAUO2")).empty());
+}
+
+TEST(StructureNames, AreComparedBetweenTwoModelsOfOneFormat)
+{
+    auto const a = assembly("Frame", "left", "right");
+    EXPECT_TRUE(sdk_compare_models(a, a, {}, {.same_format = true}).findings.empty());
+    auto const findings =
+        sdk_compare_models(a, assembly("Frame", "left", "middle"), {}, {.same_format = true}).findings;
+    ASSERT_EQ(kinds(findings), (Kinds{"name", "name"}));
+    EXPECT_EQ(findings[0].text.formatted(), "The name \"right\" has 1 instances in A and 0 in B");
+    EXPECT_EQ(findings[1].part, "middle");
+    EXPECT_TRUE(sdk_compare_models(a, assembly("Other", "", ""), {}, {}).findings.empty());
 }
 
 TEST(StructureNames, AreLookedForAsTheFormatWritesThem)
