@@ -22,16 +22,16 @@ std::string in_ascii(std::string const & name)
     return ascii;
 }
 
-std::string as_written(std::string const & name, sdkPromise const & promise)
+std::string opaque(std::string const & colour)
 {
-    return promise.ascii_names ? in_ascii(name) : name;
+    return colour.size() == 9 ? colour.substr(0, 7) + "ff" : colour;
 }
 
 std::map<std::string, double> opaque(std::map<std::string, double> const & colours)
 {
     std::map<std::string, double> result;
     for (auto const & [colour, share] : colours) {
-        result[colour.size() == 9 ? colour.substr(0, 7) + "ff" : colour] += share;
+        result[opaque(colour)] += share;
     }
     return result;
 }
@@ -50,17 +50,27 @@ bool near_colour(std::string const & a, std::string const & b)
     return true;
 }
 
-std::string shown(std::string const & colour)
-{
-    // The last two digits are of interest only where something shines through.
-    return colour.size() == 9 && colour.ends_with("ff") ? colour.substr(0, 7) : colour;
-}
-
 } // namespace
 
 bool sdk_same_name(std::string const & a, std::string const & b)
 {
     return a == b || in_ascii(a) == b || a == in_ascii(b);
+}
+
+std::string sdk_name_as_written(std::string const & name, sdkPromise const & promise)
+{
+    return promise.ascii_names ? in_ascii(name) : name;
+}
+
+bool sdk_same_colour(std::string const & a, std::string const & b, bool transparency)
+{
+    return near_colour(transparency ? a : opaque(a), transparency ? b : opaque(b));
+}
+
+std::string sdk_colour_text(std::string const & colour)
+{
+    // The last two digits are of interest only where something shines through.
+    return colour.size() == 9 && colour.ends_with("ff") ? colour.substr(0, 7) : colour;
 }
 
 std::string sdk_main_colour(std::map<std::string, double> const & colours)
@@ -93,7 +103,8 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
         findings.push_back({sdkWeight::difference, kind, source.title(), source.place(), std::nullopt,
                             std::nullopt, std::move(text)});
     };
-    if (holds.names && !source.part.empty() && output.names.count(as_written(source.part, promise)) == 0) {
+    if (holds.names && !source.part.empty() &&
+        output.names.count(sdk_name_as_written(source.part, promise)) == 0) {
         add("name",
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
@@ -106,10 +117,10 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
         add("colour",
             found.empty()
                 ? sdkText("measure::%s at %s has the colour %s in the source and none in the output",
-                          source.title(), source.place(), shown(sdk_main_colour(source.colours)))
+                          source.title(), source.place(), sdk_colour_text(sdk_main_colour(source.colours)))
                 : sdkText("measure::%s at %s has the colour %s in the source and %s in the output",
-                          source.title(), source.place(), shown(sdk_main_colour(source.colours)),
-                          shown(found)));
+                          source.title(), source.place(), sdk_colour_text(sdk_main_colour(source.colours)),
+                          sdk_colour_text(found)));
     }
     if (holds.layers && !source.layers.empty() &&
         !std::includes(output.layers.begin(), output.layers.end(), source.layers.begin(),
@@ -135,7 +146,7 @@ void sdk_compare_names(sdkInventory const & source, sdkInventory const & output,
     }
     std::set<std::string> told;
     for (auto const & body : source.bodies) {
-        if (!body.part.empty() && there.count(as_written(body.part, promise)) == 0 &&
+        if (!body.part.empty() && there.count(sdk_name_as_written(body.part, promise)) == 0 &&
             told.insert(body.part).second) {
             findings.push_back({sdkWeight::difference, "name", body.part, body.place(), std::nullopt,
                                 std::nullopt,

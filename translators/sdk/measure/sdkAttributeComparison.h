@@ -12,8 +12,17 @@
 // an underscore for each other character.
 bool sdk_same_name(std::string const & a, std::string const & b);
 
+// A name of the source as it stands in the output.
+std::string sdk_name_as_written(std::string const & name, sdkPromise const & promise);
+
 // The colour that most of a body has; empty when it has none.
 std::string sdk_main_colour(std::map<std::string, double> const & colours);
+
+// True when they are the same but for a step of rounding.
+bool sdk_same_colour(std::string const & a, std::string const & b, bool transparency);
+
+// A colour as users read it: without its opacity where nothing shines through.
+std::string sdk_colour_text(std::string const & colour);
 
 // True when each colour of the source has about the same share in the output. What has no colour in the
 // source may get the one that a format gives everything.

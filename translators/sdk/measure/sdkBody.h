@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 enum class sdkBodyKind { solid, shell, face, mesh, curve, point };
 
@@ -20,6 +21,8 @@ struct sdkBody {
     // How much of its area (of a curve, length; of a point, 1) has which colour, as "#rrggbbaa"; an empty
     // text for what has none.
     std::map<std::string, double> colours;
+    // Of the faces of the measure, in their order; empty where all have the same.
+    std::vector<std::string> face_colours;
     bool hidden = false;
     sdkBodyMeasure measure;
 

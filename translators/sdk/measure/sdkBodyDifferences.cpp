@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkBodyDifferences.h"
 
 #include "sdk/measure/sdkAttributeComparison.h"
+#include "sdk/measure/sdkFaceColours.h"
 
 #include <algorithm>
 #include <cmath>
@@ -129,6 +130,11 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
                     "compare::%s at %s has faces that look to the wrong side along %d edges in A and %d in B",
                     turned ? sdkWeight::note : sdkWeight::difference);
     }
+    if (a.kind != sdkBodyKind::solid && in_a.turned(in_b)) {
+        findings.push_back({sdkWeight::difference, "turned-body", a.title(), a.place(), std::nullopt,
+                            std::nullopt,
+                            sdkText("compare::%s at %s looks to the other side in B", a.title(), a.place())});
+    }
     double const least = std::min(in_a.edge_deviation, in_b.edge_deviation);
     double const allowed = std::max(tolerances.absolute, 1.01 * least);
     // Not what is larger, so that what is no number is told.
@@ -153,6 +159,16 @@ void sdk_tell_attributes(sdkBody const & a, sdkBody const & b, sdkModelAttribute
     if (attributes.colours && !same_looks(a, b, attributes)) {
         tell.attribute("colour", sdk_main_colour(a.colours), sdk_main_colour(b.colours),
                        "compare::%s at %s has the colour \"%s\" in A and \"%s\" in B");
+    }
+    if (attributes.colours && same_looks(a, b, attributes)) {
+        if (auto const faces = sdk_compare_face_colours(
+                a, b, {.tolerances = {}, .transparency = true, .bare = attributes.same_format})) {
+            findings.push_back(
+                {sdkWeight::difference, "colour", a.title(), faces->place, std::nullopt, std::nullopt,
+                 sdkText("compare::%s has %d faces with another colour in B; the one at %s has "
+                         "\"%s\" in A and \"%s\" in B",
+                         a.title(), faces->faces, faces->place, faces->source, faces->output)});
+        }
     }
     if (attributes.layers && a.layers != b.layers) {
         tell.attribute("layer", joined(a.layers), joined(b.layers),
@@ -197,6 +213,11 @@ void sdk_tell_side_by_side(sdkFinding & finding, bool same_format)
     if (finding.kind == "solid-open") {
         finding.text =
             sdkText("compare::%s at %s is a solid in A and none in B, which has its faces", part, place);
+    } else if (finding.kind == "turned-body") {
+        finding.text = sdkText("compare::%s at %s looks to the other side in B", part, place);
+    } else if (finding.kind == "shell-open") {
+        finding.text =
+            sdkText("compare::The shell %s at %s fell apart in B, which has its faces", part, place);
     } else if (finding.kind == "regrouped") {
         finding.text = sdkText("compare::The faces of %s at %s belong to other bodies in B", part, place);
     } else if (finding.kind.starts_with("missing-")) {

@@ -72,6 +72,8 @@ public:
         measure.volume = m_sums.volume;
         auto const centre = m_sums.area > 0 ? m_sums.area_moment / m_sums.area : gp_XYZ();
         measure.centroid = m_reference.XYZ() + centre;
+        measure.vector_area = m_sums.vector_area;
+        measure.outflow = 3 * m_sums.volume - centre.Dot(m_sums.vector_area);
         // Steiner takes the moments from the reference to the centroid.
         measure.moments = m_sums.second_moment - outer(centre).Multiplied(m_sums.area);
         if (solid && std::abs(m_sums.volume) > 0) {
@@ -237,6 +239,23 @@ sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level
     return measure;
 }
 
+sdkBodyMeasure sdkBodyMeasure::reversed() const
+{
+    sdkBodyMeasure result = *this;
+    result.volume = -volume;
+    result.vector_area.Reverse();
+    result.outflow = -outflow;
+    return result;
+}
+
+bool sdkBodyMeasure::turned(sdkBodyMeasure const & other) const
+{
+    // Either may be nothing: the first of what is closed, the second of what is plane.
+    constexpr double enough = 1.0e-6;
+    auto const alike = vector_area.Dot(other.vector_area) * area + outflow * other.outflow;
+    return alike < -enough * area * area * area;
+}
+
 sdkBodyMeasure sdkBodyMeasure::placed(gp_Trsf const & place) const
 {
     sdkBodyMeasure result = *this;
@@ -250,6 +269,10 @@ sdkBodyMeasure sdkBodyMeasure::placed(gp_Trsf const & place) const
     result.moments = turn.Multiplied(moments).Multiplied(turn.Transposed());
     bool const line = area == 0 && length > 0;
     result.moments.Multiply(scale * scale * scale * (line ? 1 : scale));
+    // A mirrored body has its matter on the side where the mirror shows it.
+    result.vector_area.Multiply(turn);
+    result.vector_area *= place.IsNegative() ? -scale * scale : scale * scale;
+    result.outflow *= scale * scale * scale;
     result.extent = extent.IsVoid() ? extent : extent.Transformed(place);
     for (auto & face : result.faces) {
         face.area *= scale * scale;

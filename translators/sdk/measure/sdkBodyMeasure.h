@@ -33,9 +33,19 @@ struct sdkBodyMeasure {
     // Second moments of the area, of a curve of its length, about the centroid of the same; they tell how the
     // body lies.
     gp_Mat moments{0, 0, 0, 0, 0, 0, 0, 0, 0};
+    // To which side its faces look: their areas as vectors along their normals, in mm2, and what would flow
+    // out through them of a flow away from the centroid of the area, at a speed that is the distance, in mm3.
+    gp_XYZ vector_area;
+    double outflow = 0;
     Bnd_Box extent;            // of the edges and triangles, without surfaces that bulge between them
     double edge_deviation = 0; // see sdkEdgeDeviation.h
     std::vector<sdkFaceMeasure> faces;
+
+    // The measure of the same body with its faces turned over.
+    sdkBodyMeasure reversed() const;
+
+    // True when the faces of the other, which is of the same shape, look to the other side.
+    bool turned(sdkBodyMeasure const & other) const;
 
     // The measure of the same body moved, turned, mirrored or scaled.
     sdkBodyMeasure placed(gp_Trsf const & place) const;

@@ -32,21 +32,6 @@ double amount(sdkBody const & body)
     }
 }
 
-bool same_moments(gp_Mat const & a, gp_Mat const & b, double amount, double size, double relative)
-{
-    // Ten times: second moments add up the errors of two coordinates.
-    double const allowed = 10 * std::max(relative, 1.0e-6) * amount * size * size;
-    for (int row = 1; row <= 3; ++row) {
-        for (int column = 1; column <= 3; ++column) {
-            // What is no number agrees with nothing.
-            if (!(std::abs(a.Value(row, column) - b.Value(row, column)) <= allowed)) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
 class Pairing {
 public:
     Pairing(sdkBodies const & source, sdkBodies const & output, sdkTolerances const & tolerances)
@@ -95,13 +80,14 @@ private:
                     taken = &other;
                     continue;
                 }
-                int const rank =
-                    (share_name(*body, other) ? 2 : 0) + (body->colours == other.colours ? 1 : 0);
+                int const rank = (body->measure.turned(other.measure) ? 0 : 4) +
+                                 (share_name(*body, other) ? 2 : 0) +
+                                 (body->colours == other.colours ? 1 : 0);
                 if (rank > best_rank) {
                     best_rank = rank;
                     best = place->second;
                 }
-                if (rank == 3) {
+                if (rank == 7) {
                     break;
                 }
             }
@@ -188,6 +174,21 @@ bool sdkTolerances::same_place(gp_Pnt const & a, gp_Pnt const & b, double size) 
     return a.Distance(b) <= absolute + 10 * relative * size;
 }
 
+bool sdkTolerances::same_moments(gp_Mat const & a, gp_Mat const & b, double amount, double size) const
+{
+    // Ten times: second moments add up the errors of two coordinates.
+    double const allowed = 10 * std::max(relative, 1.0e-6) * amount * size * size;
+    for (int row = 1; row <= 3; ++row) {
+        for (int column = 1; column <= 3; ++column) {
+            // What is no number agrees with nothing.
+            if (!(std::abs(a.Value(row, column) - b.Value(row, column)) <= allowed)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 double sdk_skew_place(gp_Pnt const & point)
 {
     double const place = 0.5349 * point.X() + 0.5872 * point.Y() + 0.6074 * point.Z();
@@ -208,7 +209,7 @@ bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & t
     }
     if (a.kind == sdkBodyKind::curve) {
         return tolerances.same_amount(first.length, second.length) &&
-               same_moments(first.moments, second.moments, first.length, size, tolerances.relative);
+               tolerances.same_moments(first.moments, second.moments, first.length, size);
     }
     if (!tolerances.same_amount(first.area, second.area)) {
         return false;
@@ -216,7 +217,7 @@ bool sdk_same_body(sdkBody const & a, sdkBody const & b, sdkTolerances const & t
     if (a.kind == sdkBodyKind::solid && !tolerances.same_amount(first.volume, second.volume)) {
         return false;
     }
-    return same_moments(first.moments, second.moments, first.area, size, tolerances.relative);
+    return tolerances.same_moments(first.moments, second.moments, first.area, size);
 }
 
 sdkBodyPairs sdk_pair_bodies(sdkBodies const & source, sdkBodies const & output,

@@ -14,6 +14,8 @@ struct sdkTolerances {
     bool same_amount(double a, double b) const;
     // Places of bodies of that size.
     bool same_place(gp_Pnt const & a, gp_Pnt const & b, double size) const;
+    // Second moments of that much area or length, of bodies of that size.
+    bool same_moments(gp_Mat const & a, gp_Mat const & b, double amount, double size) const;
 };
 
 // How far a point lies along a direction in which the rows of a grid do not fall together. Never farther from
@@ -36,6 +38,7 @@ struct sdkBodyPairs {
     sdkBodies extra;   // in the output only
 };
 
-// Of bodies of one kind. Where several could be meant, those that share a name and colours come first.
+// Of bodies of one kind. Where several could be meant, those that look to the same side, then those that
+// share a name and colours come first.
 sdkBodyPairs sdk_pair_bodies(sdkBodies const & source, sdkBodies const & output,
                              sdkTolerances const & tolerances);

@@ -2,11 +2,15 @@
 
 #include "sdk/measure/sdkAttributeComparison.h"
 #include "sdk/measure/sdkCurveComparison.h"
+#include "sdk/measure/sdkFaceColours.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 
 namespace {
 
@@ -46,6 +50,9 @@ public:
         compare_wireframe();
         if (m_options.promise.holds.structure) {
             sdk_compare_structure(m_source, m_output, m_findings);
+            if (m_options.promise.holds.names) {
+                sdk_compare_structure_names(m_source, m_output, m_options.promise, m_findings);
+            }
         }
         return std::move(m_findings);
     }
@@ -61,21 +68,45 @@ private:
                 sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
             for (auto const & [from, to] : pairs.same) {
                 compare_topology(*from, *to);
-                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+                compare_attributes(*from, *to);
             }
             for (auto const & [from, to] : pairs.other) {
                 compare_geometry(*from, *to);
                 compare_topology(*from, *to);
-                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+                compare_attributes(*from, *to);
             }
-            for (auto const & [from, to] : pairs.coincident) {
-                sdk_tell_coincident(*from, m_findings);
-                sdk_compare_attributes(*from, *to, m_options.promise, m_findings);
+            // Two that are the same at one place are two all the same.
+            for (auto const & coincident : pairs.coincident) {
+                missing.push_back(coincident.first);
             }
             missing.insert(missing.end(), pairs.missing.begin(), pairs.missing.end());
             extra.insert(extra.end(), pairs.extra.begin(), pairs.extra.end());
         }
         sdk_compare_by_faces(missing, extra, m_options, m_findings);
+    }
+
+    void compare_attributes(sdkBody const & from, sdkBody const & to)
+    {
+        auto const & holds = m_options.promise.holds;
+        auto const before = m_findings.size();
+        sdk_compare_attributes(from, to, m_options.promise, m_findings);
+        bool const told =
+            std::any_of(m_findings.begin() + static_cast<std::ptrdiff_t>(before), m_findings.end(),
+                        [](auto const & one) { return one.kind == "colour"; });
+        if (!holds.colours || told) {
+            return;
+        }
+        auto const faces = sdk_compare_face_colours(
+            from, to, {.tolerances = m_options.tolerances, .transparency = holds.transparency});
+        if (faces) {
+            auto const in = faces->source.empty() ? std::string("-") : sdk_colour_text(faces->source);
+            auto const out = faces->output.empty() ? std::string("-") : sdk_colour_text(faces->output);
+            m_findings.push_back(
+                {sdkWeight::difference, "colour", from.title(), faces->place, std::nullopt, std::nullopt,
+                 sdkText("measure::%s has %d faces with another colour in the output; the one at %s has %s "
+                         "in the source and %s in the output",
+                         from.title(), faces->faces, faces->place, in, out)});
+        }
     }
 
     void add(sdkWeight weight, std::string const & kind, sdkBody const & body, double source, double output,
@@ -155,6 +186,10 @@ private:
                   sdkText(
                       "measure::%s at %s has faces that look to the wrong side along %d edges in the output",
                       from.title(), from.place(), b.turned_edges));
+        }
+        // A solid that is turned over has another volume. A format of bare surfaces has no sides.
+        if (from.kind != sdkBodyKind::solid && m_options.promise.holds.solids && a.turned(b)) {
+            sdk_tell_turned(from, m_findings);
         }
         if (!(b.edge_deviation <= std::max(m_options.tolerances.absolute, 1.01 * a.edge_deviation))) {
             add(sdkWeight::difference, "edge-deviation", from, a.edge_deviation, b.edge_deviation,

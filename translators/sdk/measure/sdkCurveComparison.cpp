@@ -28,13 +28,27 @@ sdkBody joined(sdkBodies const & curves)
     if (whole.measure.length > 0) {
         whole.measure.centroid = moment / whole.measure.length;
     }
+    // Steiner takes the moments of each to the centroid of all.
+    whole.measure.moments = gp_Mat(0, 0, 0, 0, 0, 0, 0, 0, 0);
+    for (auto const * curve : curves) {
+        auto const & one = curve->measure;
+        auto const arm = one.centroid.XYZ() - whole.measure.centroid.XYZ();
+        for (int row = 1; row <= 3; ++row) {
+            for (int column = 1; column <= 3; ++column) {
+                whole.measure.moments.ChangeValue(row, column) +=
+                    one.moments.Value(row, column) + one.length * arm.Coord(row) * arm.Coord(column);
+            }
+        }
+    }
     return whole;
 }
 
 bool agree(sdkBody const & a, sdkBody const & b, sdkTolerances const & tolerances)
 {
+    double const size = std::max(a.size(), b.size());
     return tolerances.same_amount(a.measure.length, b.measure.length) &&
-           tolerances.same_place(a.measure.centroid, b.measure.centroid, std::max(a.size(), b.size()));
+           tolerances.same_place(a.measure.centroid, b.measure.centroid, size) &&
+           tolerances.same_moments(a.measure.moments, b.measure.moments, a.measure.length, size);
 }
 
 // A curve is measured at some of its points, so a piece may reach a little beyond the whole.

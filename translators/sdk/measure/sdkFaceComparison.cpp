@@ -1,6 +1,9 @@
 #include "sdk/measure/sdkFaceComparison.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <numeric>
+#include <set>
 #include <unordered_map>
 
 namespace {
@@ -58,6 +61,34 @@ private:
     std::unordered_map<sdkBody const *, std::size_t> m_left;
 };
 
+// A shell whose faces are no longer joined, each for itself or in several shells.
+void tell_open_shell(sdkBody const & body, std::int64_t free_edges, std::vector<sdkFinding> & findings)
+{
+    findings.push_back(
+        {sdkWeight::difference, "shell-open", body.title(), body.place(),
+         static_cast<double>(body.measure.free_edges), static_cast<double>(free_edges),
+         sdkText(
+             "measure::The shell %s at %s fell apart: its %d faces are in the output, with %d edges of one "
+             "face only, where the source has %d",
+             body.title(), body.place(), body.measure.faces.size(), free_edges, body.measure.free_edges)});
+}
+
+// How many edges of one face only the bodies have.
+std::int64_t free_edges_of(std::set<sdkBody const *> const & bodies)
+{
+    return std::accumulate(
+        bodies.begin(), bodies.end(), std::int64_t{0},
+        [](std::int64_t sum, auto const * body) { return sum + body->measure.free_edges; });
+}
+
+// A loose face that became a shell of its own, or the other way round, looking to the other side.
+bool is_turned_alone(sdkBody const & body, std::set<sdkBody const *> const & owners)
+{
+    auto const & measure = (*owners.begin())->measure;
+    return owners.size() == 1 && measure.faces.size() == body.measure.faces.size() &&
+           body.measure.turned(measure);
+}
+
 void tell_regrouped(sdkBody const & body, std::vector<sdkFinding> & findings)
 {
     if (body.kind == sdkBodyKind::solid) {
@@ -82,13 +113,24 @@ void sdk_compare_by_faces(sdkBodies const & missing, sdkBodies const & extra,
     sdkBodies gone;
     for (auto const * body : missing) {
         std::size_t found = 0;
+        std::set<sdkBody const *> owners;
         for (auto const & face : body->measure.faces) {
-            found += faces.take(face, body->size(), options.tolerances) ? 1 : 0;
+            if (auto const * owner = faces.take(face, body->size(), options.tolerances)) {
+                owners.insert(owner);
+                ++found;
+            }
         }
+        auto const free_edges = free_edges_of(owners);
         if (found < body->measure.faces.size() || found == 0) {
             gone.push_back(body);
+        } else if (options.promise.holds.solids && body->kind == sdkBodyKind::shell && owners.size() > 1 &&
+                   free_edges > body->measure.free_edges) {
+            tell_open_shell(*body, free_edges, findings);
         } else if (options.promise.holds.solids || body->kind != sdkBodyKind::solid) {
             tell_regrouped(*body, findings);
+            if (options.promise.holds.solids && is_turned_alone(*body, owners)) {
+                sdk_tell_turned(*body, findings);
+            }
         }
     }
     sdkBodies left;
@@ -119,6 +161,14 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
                             sdkText("measure::%s at %s (%s) is in the output and not in the source",
                                     body->title(), body->place(), kind)});
     }
+}
+
+void sdk_tell_turned(sdkBody const & body, std::vector<sdkFinding> & findings)
+{
+    findings.push_back({sdkWeight::difference, "turned-body", body.title(), body.place(), std::nullopt,
+                        std::nullopt,
+                        sdkText("measure::%s at %s (%s) looks to the other side in the output", body.title(),
+                                body.place(), sdk_kind_name(body.kind))});
 }
 
 void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & findings)

@@ -145,6 +145,7 @@ public:
             m_type == GeomAbs_Plane ? add_edge_of_plane(one) : add_edge(one);
         }
         integrate();
+        m_result.vector_area *= m_sign;
         m_result.volume *= m_sign;
         m_result.volume_moment *= m_sign;
         return m_result;
@@ -393,6 +394,7 @@ private:
                 m_result.second_moment.SetValue(column, row, value);
             }
         }
+        m_result.vector_area += normal * weight;
         m_result.volume += cone / 3;
         m_result.volume_moment += r * (cone / 4);
     }
@@ -416,6 +418,7 @@ sdkFaceIntegrals & sdkFaceIntegrals::operator+=(sdkFaceIntegrals const & other)
     area += other.area;
     area_moment += other.area_moment;
     second_moment += other.second_moment;
+    vector_area += other.vector_area;
     volume += other.volume;
     volume_moment += other.volume_moment;
     return *this;

@@ -11,6 +11,7 @@ struct sdkFaceIntegrals {
     double area = 0;
     gp_XYZ area_moment;                              // of r dA
     gp_Mat second_moment{0, 0, 0, 0, 0, 0, 0, 0, 0}; // of r r' dA
+    gp_XYZ vector_area;                              // of n dA
     // What the face adds to a body that it bounds: the cone from the reference point to the face.
     double volume = 0; // of r.n dA / 3; negative where the face looks to the reference point
     gp_XYZ volume_moment;

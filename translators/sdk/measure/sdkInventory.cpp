@@ -183,8 +183,15 @@ private:
             TDF_LabelSequence components;
             XCAFDoc_ShapeTool::GetComponents(shape_label, components);
             ++m_result.assemblies;
+            if (auto const name = sdkDocument::name(shape_label); !name.empty()) {
+                ++m_result.assembly_names[name];
+            }
             m_result.instances += components.Length();
             for (auto const & component : components) {
+                auto const name = sdkDocument::name(component);
+                if (!name.empty() && name != sdkDocument::name(definition(component))) {
+                    ++m_result.instance_names[name];
+                }
                 place(component, location, names, colour, hidden, layers);
             }
             return;
@@ -202,10 +209,7 @@ private:
             body.layers = layers;
             auto const & local = m_measures[static_cast<std::size_t>(one.measured - 1)];
             auto const where = location * one.shape.Location();
-            body.measure = local;
-            if (one.shape.Orientation() == TopAbs_REVERSED) {
-                body.measure.volume = -body.measure.volume;
-            }
+            body.measure = one.shape.Orientation() == TopAbs_REVERSED ? local.reversed() : local;
             part.attributes.apply(one.shape, colour, body);
             if (!where.IsIdentity()) {
                 body.measure = body.measure.placed(where.Transformation());

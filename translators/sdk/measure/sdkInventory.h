@@ -6,13 +6,21 @@
 #include <Message_ProgressRange.hxx>
 
 #include <cstdint>
+#include <map>
+#include <string>
 #include <vector>
+
+using sdkNameCounts = std::map<std::string, std::int64_t>;
 
 // All that a document holds, each body at each of its places.
 struct sdkInventory {
     std::vector<sdkBody> bodies;
     std::int64_t assemblies = 0;
     std::int64_t instances = 0; // places of parts and assemblies in assemblies
+    // Of assemblies that have a name, and of places that have one that is not that of what is placed there:
+    // how often each stands in the document.
+    sdkNameCounts assembly_names;
+    sdkNameCounts instance_names;
     sdkMeasureLevel level = sdkMeasureLevel::full;
     bool cancelled = false;
 

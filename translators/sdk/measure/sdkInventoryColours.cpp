@@ -101,11 +101,19 @@ void sdkPartAttributes::apply(TopoDS_Shape const & shape, std::optional<std::str
         return;
     }
     std::size_t at = 0;
+    auto & each = body.face_colours;
     for (TopExp_Explorer face(shape, TopAbs_FACE); face.More() && at < faces.size(); face.Next(), ++at) {
         auto const * own = m_details.IsEmpty() ? nullptr : of(face.Current());
-        body.colours[own && own->colour ? *own->colour : base] += faces[at].area;
+        auto const & its = own && own->colour ? *own->colour : base;
+        body.colours[its] += faces[at].area;
+        if (!m_details.IsEmpty()) {
+            each.push_back(its);
+        }
         if (own) {
             body.layers.insert(own->layers.begin(), own->layers.end());
         }
+    }
+    if (body.colours.size() < 2) {
+        each.clear();
     }
 }

@@ -63,10 +63,12 @@ sdkMeshMeasure sdk_measure_mesh(TopoDS_Face const & face, gp_Pnt const & referen
             corner -= reference.XYZ();
         }
         auto const & [a, b, c] = corners;
-        double const area = (b - a).Crossed(c - a).Modulus() / 2;
+        auto const vector_area = (b - a).Crossed(c - a) / 2;
+        double const area = vector_area.Modulus();
         double const volume = a.Dot(b.Crossed(c)) / 6;
         auto const sum = a + b + c;
         integrals.area += area;
+        integrals.vector_area += vector_area;
         integrals.area_moment += sum * (area / 3);
         integrals.volume += volume;
         integrals.volume_moment += sum * (volume / 4);

@@ -3,6 +3,7 @@
 #include "sdk/measure/sdkAttributeComparison.h"
 #include "sdk/measure/sdkBodyDifferences.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
 
 #include <algorithm>
@@ -61,6 +62,10 @@ public:
                            "compare::A has %d assemblies and B %d");
             compare_number("instances", m_a.instances, m_b.instances, true,
                            "compare::A has %d instances in assemblies and B %d");
+        }
+        // Other formats write or invent names in their own way.
+        if (m_attributes.structure && m_attributes.names && m_attributes.same_format) {
+            sdk_compare_structure_names(m_a, m_b, m_result.findings);
         }
         return std::move(m_result);
     }

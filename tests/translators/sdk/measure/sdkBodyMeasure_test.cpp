@@ -147,6 +147,25 @@ TEST(BodyMeasure, CanBePlacedInsteadOfMeasuredAgain)
     }
 }
 
+TEST(BodyMeasure, LooksToTheSideWhereAMirrorShowsIt)
+{
+    gp_Trsf place;
+    place.SetMirror(gp_Ax2(gp_Pnt(3, 1, 2), gp_Dir(0.3, -1, 2)));
+    gp_Trsf scale;
+    scale.SetScale(gp_Pnt(1, 1, 1), 2.5);
+    place.Multiply(scale);
+    auto const cone = BRepPrimAPI_MakeCone(gp_Ax2(gp_Pnt(1, 2, 3), gp_Dir(1, 1, 1)), 10, 4, 20).Solid();
+    TopExp_Explorer mirrored(BRepBuilderAPI_Transform(cone, place, true).Shape(), TopAbs_FACE);
+    for (TopExp_Explorer face(cone, TopAbs_FACE); face.More(); face.Next(), mirrored.Next()) {
+        auto const computed = measure(face.Current()).placed(place);
+        auto const measured = measure(mirrored.Current());
+        EXPECT_LT((computed.vector_area - measured.vector_area).Modulus(), 1e-9 * measured.area);
+        EXPECT_NEAR(computed.outflow, measured.outflow, 1e-9 * measured.area);
+        EXPECT_FALSE(computed.turned(measured));
+        EXPECT_TRUE(computed.turned(measured.reversed()));
+    }
+}
+
 TEST(BodyMeasure, OfCurvesIsExact)
 {
     auto const half = std::numbers::pi / 2;

@@ -130,6 +130,31 @@ TEST(Comparison, TellsEdgesOfOneFaceTurnedFacesAndEdgesOffTheirSurfaces)
     }
 }
 
+TEST(Comparison, TellsWhatLooksToTheOtherSide)
+{
+    auto const cube = kit_cube(10);
+    auto const cup = [&] {
+        BRep_Builder builder;
+        TopoDS_Shell shell;
+        builder.MakeShell(shell);
+        auto faces = kit_loose_faces(cube);
+        for (std::size_t at = 1; at < faces.size(); ++at) {
+            builder.Add(shell, faces[at]);
+        }
+        return shell;
+    }();
+    auto const pipe = TopExp_Explorer(BRepPrimAPI_MakeCylinder(5, 20).Solid(), TopAbs_FACE).Current();
+    for (auto const & shape : {shell_of(cube), TopoDS_Shape(cup), kit_loose_faces(cube)[0], pipe}) {
+        EXPECT_TRUE(compare(shape, shape).empty());
+        auto const findings = compare(shape, shape.Reversed());
+        ASSERT_EQ(kinds(findings), (Kinds{"turned-body"}));
+        EXPECT_EQ(findings[0].weight, sdkWeight::difference);
+        EXPECT_EQ(kinds(compare(shape.Reversed(), shape)), (Kinds{"turned-body"}));
+        auto const both = kit_compound({shape, shape.Reversed()});
+        EXPECT_TRUE(compare(both, kit_compound({shape.Reversed(), shape})).empty());
+    }
+}
+
 TEST(Comparison, DoesNotBlameAnOutputForEdgesThatLieOffInTheSource)
 {
     auto source = inventory_of({{"Part", kit_cube(10)}});
@@ -166,15 +191,16 @@ TEST(Comparison, TellsWhatIsMissingAndWhatIsExtra)
     EXPECT_EQ(extra[0].weight, sdkWeight::difference);
 }
 
-TEST(Comparison, NotesABodyThatLayTwiceAtOnePlace)
+TEST(Comparison, TakesOneOfTwoBodiesAtOnePlaceForALoss)
 {
     auto const cube = kit_cube(10);
     auto const twice = inventory_of({{"Cube", kit_compound({cube, cube})}});
     auto const once = inventory_of({{"Cube", cube}});
     auto const findings = sdk_compare(twice, once, everything());
-    ASSERT_EQ(kinds(findings), (Kinds{"coincident"}));
-    EXPECT_EQ(findings[0].weight, sdkWeight::note);
+    ASSERT_EQ(kinds(findings), (Kinds{"missing-solid"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::loss);
     EXPECT_TRUE(all_fit(findings));
+    EXPECT_TRUE(sdk_compare(twice, twice, everything()).empty());
     EXPECT_EQ(kinds(sdk_compare(once, twice, everything())), (Kinds{"extra-solid"}));
 }
 

@@ -88,6 +88,24 @@ TEST(CurveComparison, MayFindCrossingCurvesDividedWhereTheyCross)
     EXPECT_TRUE(compare({line(a, b), line(c, d)}, {line(a, x), line(x, b), line(c, x), line(x, d)}).empty());
 }
 
+TEST(CurveComparison, IsNotDeceivedByOtherCurvesOfTheSameLengthAndCentroid)
+{
+    // Three lines along x become three along y, about the same point.
+    auto const along = [](gp_Dir const & way) {
+        std::vector<TopoDS_Shape> lines;
+        for (double const height : {-1, 0, 1}) {
+            gp_XYZ const middle(0, 0, height);
+            lines.push_back(line(middle - way.XYZ() * 5, middle + way.XYZ() * 5));
+        }
+        return lines;
+    };
+    EXPECT_TRUE(compare(along(gp::DX()), along(-gp::DX())).empty());
+    EXPECT_FALSE(compare(along(gp::DX()), along(gp::DY())).empty());
+    EXPECT_FALSE(compare({line(gp_Pnt(-5, 0, 0), gp_Pnt(5, 0, 0))},
+                         {line(gp_Pnt(0, -5, 0), gp_Pnt(0, 0, 0)), line(gp_Pnt(0, 0, 0), gp_Pnt(0, 5, 0))})
+                     .empty());
+}
+
 TEST(CurveComparison, KeepsTheAttributesOfDividedCurves)
 {
     auto const with_colour = [](std::vector<TopoDS_Shape> const & shapes, char const * colour) {

@@ -3,6 +3,10 @@
 #include "sdk/measure/sdkFaceComparison.h"
 #include "translators/kit/kitParts.h"
 
+#include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Shell.hxx>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,6 +47,46 @@ TEST(FaceComparison, NotesLooseFacesThatBecameASolid)
     for (auto const & finding : findings) {
         EXPECT_EQ(finding.weight, sdkWeight::note);
     }
+}
+
+TEST(FaceComparison, KnowsAShellThatFellApart)
+{
+    auto const cube = kit_cube(10);
+    auto const shell = TopExp_Explorer(cube, TopAbs_SHELL).Current();
+    auto const faces = kit_compound(kit_loose_faces(cube));
+    auto const findings = compare(shell, faces);
+    ASSERT_EQ(kinds(findings), (Kinds{"shell-open"}));
+    EXPECT_EQ(findings[0].weight, sdkWeight::difference);
+    EXPECT_EQ(findings[0].source, 0);
+    EXPECT_EQ(findings[0].output, 24);
+    EXPECT_EQ(kinds(compare(shell, cube)), (Kinds{"regrouped"}));
+    // Faces are all that such a format has.
+    auto options = everything();
+    options.promise.holds.solids = false;
+    EXPECT_EQ(kinds(compare(shell, faces, options)), (Kinds{"regrouped"}));
+}
+
+TEST(FaceComparison, KnowsALooseFaceThatBecameAShellOfItsOwnAndLooksToTheOtherSide)
+{
+    auto const face = kit_loose_faces(kit_cube(10))[0];
+    BRep_Builder builder;
+    TopoDS_Shell shell;
+    builder.MakeShell(shell);
+    builder.Add(shell, face);
+    EXPECT_EQ(kinds(compare(face, shell)), (Kinds{"regrouped"}));
+    auto const findings = compare(face, shell.Reversed());
+    ASSERT_EQ(kinds(findings), (Kinds{"regrouped", "turned-body"}));
+    EXPECT_EQ(find(findings, "turned-body")->weight, sdkWeight::difference);
+    EXPECT_EQ(kinds(compare(shell.Reversed(), face)), (Kinds{"regrouped", "turned-body"}));
+}
+
+TEST(FaceComparison, AsksForNoSidesOfAFormatOfBareSurfaces)
+{
+    auto const face = kit_loose_faces(kit_cube(10))[0];
+    auto options = everything();
+    EXPECT_EQ(kinds(compare(face, face.Reversed(), options)), (Kinds{"turned-body"}));
+    options.promise.holds.solids = false;
+    EXPECT_TRUE(compare(face, face.Reversed(), options).empty());
 }
 
 TEST(FaceComparison, KnowsASolidOfWhichAFaceIsLost)

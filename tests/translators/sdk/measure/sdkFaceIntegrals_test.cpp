@@ -104,6 +104,16 @@ TEST(FaceIntegrals, OfAFaceWithoutABoundaryAreThoseOfItsWholeSurface)
     EXPECT_NEAR(sdk_face_integrals(TopoDS::Face(face.Reversed()), gp::Origin()).volume, -4000 * pi / 3, 1e-7);
 }
 
+TEST(FaceIntegrals, KnowToWhichSideTheFaceLooks)
+{
+    TopExp_Explorer faces(BRepPrimAPI_MakeBox(10, 20, 30).Solid(), TopAbs_FACE);
+    auto const face = TopoDS::Face(faces.Current()); // of least x
+    auto const area = sdk_face_integrals(face, gp_Pnt(1, 2, 3)).vector_area;
+    EXPECT_LT((area - gp_XYZ(-600, 0, 0)).Modulus(), 1e-9);
+    auto const turned = sdk_face_integrals(TopoDS::Face(face.Reversed()), gp_Pnt(1, 2, 3)).vector_area;
+    EXPECT_LT((turned - gp_XYZ(600, 0, 0)).Modulus(), 1e-9);
+}
+
 TEST(FaceIntegrals, AddUpOverFaces)
 {
     sdkFaceIntegrals sum;
