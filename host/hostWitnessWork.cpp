@@ -182,7 +182,8 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
         promise.deflection = promise.holds.surfaces ? 0 : sdk_usual_deflection;
     }
     auto findings = sdk_compare(m_source, measured, {.tolerances = {}, .promise = promise});
-    if (m_evidence.level == sdkMeasureLevel::full && promise.deflection > 0) {
+    bool const triangles = promise.deflection > 0 || m_source.count(sdkBodyKind::mesh) > 0;
+    if (m_evidence.level == sdkMeasureLevel::full && triangles) {
         sdk_compare_mesh(m_document, output, promise, findings);
     }
     return findings;
