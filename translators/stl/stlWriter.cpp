@@ -17,6 +17,7 @@
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -142,6 +143,7 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     }
     reporter.output("stl::%d triangles are written, with lengths in %s", triangles,
                     sdk_output_unit(options).name);
+    m_context.promise().triangles = may_flatten() ? -1 : triangles;
     reporter.processed(tessellation.faces);
     scope.Next();
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
@@ -216,6 +218,26 @@ std::int64_t stlWriter::count_triangles() const
         }
     }
     return count;
+}
+
+// True when digits of text may round a narrow triangle to one without area, which readers leave out.
+bool stlWriter::may_flatten() const
+{
+    if (!is_text(m_context.options())) {
+        return false; // the corners are rounded already
+    }
+    double const digit =
+        std::pow(10.0, 1.0 - static_cast<double>(m_context.options().integer("stlWriteDigits")));
+    return std::any_of(m_solids.begin(), m_solids.end(), [&](Solid const & solid) {
+        return std::any_of(solid.meshes.begin(), solid.meshes.end(), [&](stlPlacedMesh const & mesh) {
+            bool narrow = false;
+            for (int number = 1; number <= mesh.size() && !narrow; ++number) {
+                auto const corners = mesh.corners(number);
+                narrow = has_area(corners) && stl_height(corners) <= 2 * digit * stl_reach(corners);
+            }
+            return narrow;
+        });
+    });
 }
 
 sdkResult stlWriter::write(std::string const & path, Message_ProgressRange const & range)

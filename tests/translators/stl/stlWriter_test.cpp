@@ -5,6 +5,7 @@
 #include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
+#include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -258,12 +259,28 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_TRUE(promise().made);
         EXPECT_TRUE(promise().checked) << form;
         EXPECT_EQ(promise().deflection, 0.25);
+        EXPECT_EQ(promise().triangles, 12) << form;
         EXPECT_EQ(promise().read_back.at("stlReadUnit"), "cm");
         EXPECT_EQ(promise().holds.names, std::string(form) == "text");
         EXPECT_FALSE(promise().holds.surfaces || promise().holds.curves || promise().holds.structure);
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
     }
+}
+
+TEST_F(StlWriter, PromisesNoNumberOfTrianglesThatItsDigitsMayFlatten)
+{
+    auto const needle = BRepPrimAPI_MakeBox(100., 0.02, 100.).Shape();
+    auto const write_digits = [&](char const * digits) {
+        ASSERT_TRUE(
+            write(needle, path("needle.stl"), {{"stlWriteForm", "text"}, {"stlWriteDigits", digits}}));
+    };
+    write_digits("9");
+    EXPECT_EQ(promise().triangles, 12);
+    write_digits("3");
+    EXPECT_EQ(promise().triangles, -1);
+    ASSERT_TRUE(write(needle, path("needle.stl"), {{"stlWriteDigits", "3"}}));
+    EXPECT_EQ(promise().triangles, 12) << "a binary file has no digits";
 }
 
 TEST_F(StlWriter, LeavesHiddenShapesOut)

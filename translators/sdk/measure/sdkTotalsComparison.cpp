@@ -201,6 +201,25 @@ void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output
     }
 }
 
+void sdk_compare_triangle_count(sdkInventory const & output, sdkPromise const & promise,
+                                std::vector<sdkFinding> & findings)
+{
+    std::int64_t there = 0;
+    for (auto const & body : output.bodies) {
+        there += body.measure.triangles;
+    }
+    if (promise.triangles >= 0 && there != promise.triangles) {
+        findings.push_back({there < promise.triangles ? sdkWeight::loss : sdkWeight::difference,
+                            "triangles",
+                            {},
+                            {},
+                            static_cast<double>(promise.triangles),
+                            static_cast<double>(there),
+                            sdkText("measure::%d triangles were written and %d are in the output",
+                                    promise.triangles, there)});
+    }
+}
+
 void sdk_compare_polylines(sdkInventory const & source, sdkInventory const & output,
                            std::vector<sdkFinding> & findings)
 {

@@ -17,6 +17,11 @@ std::int64_t sdk_face_count(sdkInventory const & inventory);
 void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output, sdkPromise const & promise,
                         std::vector<sdkFinding> & findings);
 
+// The number of triangles, where the writer has said how many it wrote. Also of inventories that were only
+// counted.
+void sdk_compare_triangle_count(sdkInventory const & output, sdkPromise const & promise,
+                                std::vector<sdkFinding> & findings);
+
 // The length of curves and of the polylines in place of them.
 void sdk_compare_polylines(sdkInventory const & source, sdkInventory const & output,
                            std::vector<sdkFinding> & findings);

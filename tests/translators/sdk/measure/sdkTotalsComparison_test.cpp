@@ -118,6 +118,25 @@ TEST(TotalsComparison, TellsSurfacesWhoseTrianglesLieElsewhere)
               (Kinds{"centroid"}));
 }
 
+TEST(TotalsComparison, CountsTheTrianglesThatTheWriterHasWritten)
+{
+    auto const counted = [](std::int64_t promised) {
+        sdkPromise promise;
+        promise.triangles = promised;
+        std::vector<sdkFinding> findings;
+        sdk_compare_triangle_count(inventory_of({{"A", kit_facet_cube()}}, sdkMeasureLevel::counts), promise,
+                                   findings);
+        EXPECT_TRUE(all_fit(findings));
+        return findings;
+    };
+    EXPECT_TRUE(counted(12).empty());
+    EXPECT_TRUE(counted(-1).empty());
+    ASSERT_EQ(kinds(counted(13)), (Kinds{"triangles"}));
+    EXPECT_EQ(counted(13)[0].weight, sdkWeight::loss);
+    ASSERT_EQ(kinds(counted(0)), (Kinds{"triangles"}));
+    EXPECT_EQ(counted(0)[0].weight, sdkWeight::difference);
+}
+
 TEST(TotalsComparison, OfPolylinesAllowsChordsToBeALittleShorter)
 {
     auto const of_length = [](double length) {
