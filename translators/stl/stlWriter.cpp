@@ -4,6 +4,7 @@
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/geometry/sdkTriangleGaps.h"
+#include "sdk/geometry/sdkUnbounded.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkVisibility.h"
@@ -74,9 +75,11 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
+    bool const left_out = had_entities && document.empty();
     bool const each = m_context.promise().holds.names;
     auto const lost = sdk_report_losses(document, m_context.promise().holds, "STL", reporter);
     reporter.failed(lost);
+    sdk_drop_unbounded(document, "STL", m_context, false);
 
     auto tessellation = sdk_tessellate(document, tolerances(options), scope.Next(8));
     auto const open = sdk_close_triangles(document, tolerances(options), scope.Next());
@@ -136,7 +139,7 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
             reporter.output("stl::Nothing is left to write to %s: all that it could hold is hidden",
                             m_context.file());
         } else {
-            sdk_report_nothing(m_context, had_entities && document.empty());
+            sdk_report_nothing(m_context, left_out);
         }
         m_solids.clear();
         return sdkResult::completed();
