@@ -5,6 +5,7 @@
 #include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
+#include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
@@ -15,6 +16,7 @@
 
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Iterator.hxx>
+#include <gp_Pln.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -307,6 +309,20 @@ TEST_F(StlWriter, LeavesHiddenShapesOut)
         ASSERT_TRUE(read(path("hidden.stl"), again));
         EXPECT_NEAR(sdk_measure(again).volume, 8000 + 1500, 1e-3);
     }
+}
+
+TEST_F(StlWriter, SaysThatAFaceHasNoEnd)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "Cube");
+    document.add_shape(BRepBuilderAPI_MakeFace(gp_Pln(gp_Pnt(0, 0, 5), gp::DZ())).Face(), "Datum");
+    ASSERT_TRUE(write(document, path("endless.stl")));
+    ASSERT_EQ(account().findings().size(), 1u);
+    EXPECT_EQ(account().findings().front().kind, "without-end");
+    EXPECT_EQ(account().findings().front().weight, sdkWeight::loss);
+    EXPECT_EQ(account().findings().front().part, "Datum");
+    EXPECT_FALSE(said().says("could not be tessellated"));
+    EXPECT_EQ(promise().triangles, 12);
 }
 
 TEST_F(StlWriter, WritesNothingWhenAllIsHidden)
