@@ -100,6 +100,7 @@ std::string host_write_question(hostQuestion const & question)
     json value = {{"written", question.written},
                   {"shown", question.shown},
                   {"deflection", question.promise.deflection},
+                  {"triangles", question.promise.triangles},
                   {"read_back", question.promise.read_back}};
     each_flag(question.promise, [&](char const * name, bool flag) { value[name] = flag; });
     return line_of(value);
@@ -112,6 +113,7 @@ hostQuestion host_read_question(std::string const & line)
     value.at("written").get_to(question.written);
     value.at("shown").get_to(question.shown);
     value.at("deflection").get_to(question.promise.deflection);
+    value.at("triangles").get_to(question.promise.triangles);
     value.at("read_back").get_to(question.promise.read_back);
     each_flag(question.promise, [&](char const * name, bool & flag) { value.at(name).get_to(flag); });
     return question;

@@ -4,6 +4,7 @@
 #include "sdk/measure/sdkComparison.h"
 #include "sdk/measure/sdkMeshComparison.h"
 #include "sdk/measure/sdkSourceFaults.h"
+#include "sdk/measure/sdkTotalsComparison.h"
 
 #include <Message_ProgressScope.hxx>
 #include <Standard_Failure.hxx>
@@ -198,7 +199,11 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
         promise.deflection = promise.holds.surfaces ? 0 : sdk_usual_deflection;
     }
     auto findings = sdk_compare(m_source, measured, {.tolerances = {}, .promise = promise});
-    if (m_evidence.level == sdkMeasureLevel::full && promise.deflection > 0) {
+    if (m_evidence.surfaces) {
+        sdk_compare_triangle_count(measured, promise, findings);
+    }
+    bool const triangles = promise.deflection > 0 || m_source.count(sdkBodyKind::mesh) > 0;
+    if (m_evidence.level == sdkMeasureLevel::full && triangles) {
         sdk_compare_mesh(m_document, output, promise, findings);
     }
     return findings;

@@ -72,6 +72,7 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         question.written = "/out/Gehäuse 1.step";
         auto & promise = question.promise;
         promise.deflection = 0.25;
+        promise.triangles = 5'000'000'000;
         promise.read_back = {{"stlReadUnit", "in"}};
         promise.made = promise.exact_curves = promise.ascii_names = promise.hidden = promise.checked = flag;
         auto & holds = promise.holds;
@@ -83,6 +84,7 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         EXPECT_EQ(read.written, "/out/Gehäuse 1.step");
         auto const & promise = read.promise;
         EXPECT_EQ(promise.deflection, 0.25);
+        EXPECT_EQ(promise.triangles, 5'000'000'000);
         EXPECT_EQ(promise.read_back, (std::map<std::string, std::string>{{"stlReadUnit", "in"}}));
         auto const & holds = promise.holds;
         for (bool const read_flag :

@@ -111,6 +111,10 @@ sdkResult brepWriter::make_facets(sdkDocument & document, Message_ProgressRange 
                        facets.max_option);
         return sdkResult::completed();
     }
+    if (counts.doubled > 0) {
+        m_context.reporter().output("geometry::%d triangles are there more than once and are taken once",
+                                    counts.doubled);
+    }
     if (counts.triangles > 0) {
         m_context.reporter().output(
             "brep::%d triangles became %d plane faces in %d solids and %d open shells", counts.triangles,

@@ -2,6 +2,7 @@
 
 #include "sdk/sdkCapabilities.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 
@@ -23,4 +24,6 @@ struct sdkPromise {
     std::map<std::string, std::string> read_back;
     // The writer has looked at the written file, without the reader, and found it whole.
     bool checked = false;
+    // How many triangles the output holds; negative where the writer does not say.
+    std::int64_t triangles = -1;
 };

@@ -1,10 +1,28 @@
 #include "stl/stlMesh.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 gp_XYZ stl_area_vector(stlCorners const & corners)
 {
     return (corners[1] - corners[0]).Crossed(corners[2] - corners[0]);
+}
+
+double stl_height(stlCorners const & corners)
+{
+    double const longest = std::max({(corners[1] - corners[0]).Modulus(), (corners[2] - corners[1]).Modulus(),
+                                     (corners[0] - corners[2]).Modulus()});
+    return longest > 0 ? stl_area_vector(corners).Modulus() / longest : 0;
+}
+
+double stl_reach(stlCorners const & corners)
+{
+    double reach = 0;
+    for (auto const & corner : corners) {
+        reach = std::max({reach, std::abs(corner.X()), std::abs(corner.Y()), std::abs(corner.Z())});
+    }
+    return reach;
 }
 
 stlMesh::stlMesh(std::string name, double tolerance, std::size_t expected)

@@ -42,3 +42,7 @@ private:
 
 // Normal to the triangle, as long as twice its area.
 gp_XYZ stl_area_vector(stlCorners const & corners);
+// The distance of its longest side from the corner opposite; 0 without area.
+double stl_height(stlCorners const & corners);
+// Its largest coordinate, whatever the sign.
+double stl_reach(stlCorners const & corners);

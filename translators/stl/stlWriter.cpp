@@ -4,6 +4,7 @@
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
 #include "sdk/geometry/sdkTriangleGaps.h"
+#include "sdk/geometry/sdkUnbounded.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkOutputFile.h"
 #include "sdk/sdkVisibility.h"
@@ -17,6 +18,7 @@
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -73,9 +75,11 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     sdk_make_places_rigid(document);
     bool const had_entities = document.count_entities().entities() > 0;
     sdk_filter_by_options(document, document.parts(), m_context);
+    bool const left_out = had_entities && document.empty();
     bool const each = m_context.promise().holds.names;
     auto const lost = sdk_report_losses(document, m_context.promise().holds, "STL", reporter);
     reporter.failed(lost);
+    sdk_drop_unbounded(document, "STL", m_context, false);
 
     auto tessellation = sdk_tessellate(document, tolerances(options), scope.Next(8));
     auto const open = sdk_close_triangles(document, tolerances(options), scope.Next());
@@ -135,13 +139,14 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
             reporter.output("stl::Nothing is left to write to %s: all that it could hold is hidden",
                             m_context.file());
         } else {
-            sdk_report_nothing(m_context, had_entities && document.empty());
+            sdk_report_nothing(m_context, left_out);
         }
         m_solids.clear();
         return sdkResult::completed();
     }
     reporter.output("stl::%d triangles are written, with lengths in %s", triangles,
                     sdk_output_unit(options).name);
+    m_context.promise().triangles = may_flatten() ? -1 : triangles;
     reporter.processed(tessellation.faces);
     scope.Next();
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
@@ -216,6 +221,26 @@ std::int64_t stlWriter::count_triangles() const
         }
     }
     return count;
+}
+
+// True when digits of text may round a narrow triangle to one without area, which readers leave out.
+bool stlWriter::may_flatten() const
+{
+    if (!is_text(m_context.options())) {
+        return false; // the corners are rounded already
+    }
+    double const digit =
+        std::pow(10.0, 1.0 - static_cast<double>(m_context.options().integer("stlWriteDigits")));
+    return std::any_of(m_solids.begin(), m_solids.end(), [&](Solid const & solid) {
+        return std::any_of(solid.meshes.begin(), solid.meshes.end(), [&](stlPlacedMesh const & mesh) {
+            bool narrow = false;
+            for (int number = 1; number <= mesh.size() && !narrow; ++number) {
+                auto const corners = mesh.corners(number);
+                narrow = has_area(corners) && stl_height(corners) <= 2 * digit * stl_reach(corners);
+            }
+            return narrow;
+        });
+    });
 }
 
 sdkResult stlWriter::write(std::string const & path, Message_ProgressRange const & range)

@@ -23,6 +23,7 @@ private:
     void collect(sdkDocument const & document, TDF_Label const & label, TopLoc_Location const & location);
     void note_hidden();
     std::int64_t count_triangles() const;
+    bool may_flatten() const;
 
     sdkContext & m_context;
     std::vector<Solid> m_solids;

@@ -81,6 +81,7 @@ public:
         auto & promise = context.promise();
         promise.made = options.boolean("liePromises");
         promise.read_back["lieReads"] = options.text("lieReads");
+        promise.triangles = options.text("lieTold") == "triangles" ? 12 : -1;
         promise.checked = options.boolean("lieChecked");
     }
 

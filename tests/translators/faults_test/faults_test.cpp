@@ -162,8 +162,7 @@ TEST(UnboundedPlane, IsRefusedWithTheReasonAndLeavesNoEmptyFile)
         auto const output = folder / format;
         Translation const done(FAULTS "/f_infinite_plane.brep", output, format);
         EXPECT_EQ(done.verdict, "");
-        EXPECT_TRUE(done.tells(format == "STL" ? "1 faces could not be tessellated" : "face without end"))
-            << done.texts;
+        EXPECT_TRUE(done.tells("face without end")) << done.texts;
         EXPECT_FALSE(std::filesystem::exists(output));
     }
     Translation const kept(FAULTS "/f_infinite_plane.brep", folder / "out.brep", "BREP");

@@ -5,6 +5,8 @@
 #include "sdk/sdkVisibility.h"
 #include "translators/kit/kitFault.h"
 
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -14,6 +16,7 @@
 
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Iterator.hxx>
+#include <gp_Pln.hxx>
 
 #include <algorithm>
 #include <cmath>
@@ -258,12 +261,28 @@ TEST_F(StlWriter, SaysWhatItsFileHoldsAndThatItIsWhole)
         EXPECT_TRUE(promise().made);
         EXPECT_TRUE(promise().checked) << form;
         EXPECT_EQ(promise().deflection, 0.25);
+        EXPECT_EQ(promise().triangles, 12) << form;
         EXPECT_EQ(promise().read_back.at("stlReadUnit"), "cm");
         EXPECT_EQ(promise().holds.names, std::string(form) == "text");
         EXPECT_FALSE(promise().holds.surfaces || promise().holds.curves || promise().holds.structure);
         EXPECT_FALSE(write(kit_cube(10), "/dev/full", {{"stlWriteForm", form}}));
         EXPECT_FALSE(promise().checked);
     }
+}
+
+TEST_F(StlWriter, PromisesNoNumberOfTrianglesThatItsDigitsMayFlatten)
+{
+    auto const needle = BRepPrimAPI_MakeBox(100., 0.02, 100.).Shape();
+    auto const write_digits = [&](char const * digits) {
+        ASSERT_TRUE(
+            write(needle, path("needle.stl"), {{"stlWriteForm", "text"}, {"stlWriteDigits", digits}}));
+    };
+    write_digits("9");
+    EXPECT_EQ(promise().triangles, 12);
+    write_digits("3");
+    EXPECT_EQ(promise().triangles, -1);
+    ASSERT_TRUE(write(needle, path("needle.stl"), {{"stlWriteDigits", "3"}}));
+    EXPECT_EQ(promise().triangles, 12) << "a binary file has no digits";
 }
 
 TEST_F(StlWriter, LeavesHiddenShapesOut)
@@ -290,6 +309,20 @@ TEST_F(StlWriter, LeavesHiddenShapesOut)
         ASSERT_TRUE(read(path("hidden.stl"), again));
         EXPECT_NEAR(sdk_measure(again).volume, 8000 + 1500, 1e-3);
     }
+}
+
+TEST_F(StlWriter, SaysThatAFaceHasNoEnd)
+{
+    sdkDocument document;
+    document.add_shape(kit_cube(10), "Cube");
+    document.add_shape(BRepBuilderAPI_MakeFace(gp_Pln(gp_Pnt(0, 0, 5), gp::DZ())).Face(), "Datum");
+    ASSERT_TRUE(write(document, path("endless.stl")));
+    ASSERT_EQ(account().findings().size(), 1u);
+    EXPECT_EQ(account().findings().front().kind, "without-end");
+    EXPECT_EQ(account().findings().front().weight, sdkWeight::loss);
+    EXPECT_EQ(account().findings().front().part, "Datum");
+    EXPECT_FALSE(said().says("could not be tessellated"));
+    EXPECT_EQ(promise().triangles, 12);
 }
 
 TEST_F(StlWriter, WritesNothingWhenAllIsHidden)

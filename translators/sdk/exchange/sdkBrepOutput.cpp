@@ -2,12 +2,12 @@
 
 #include "sdk/exchange/sdkOffsetCurves.h"
 #include "sdk/exchange/sdkRepairCheck.h"
-#include "sdk/exchange/sdkUnbounded.h"
 #include "sdk/exchange/sdkZeroEdges.h"
 #include "sdk/geometry/sdkFacets.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
+#include "sdk/geometry/sdkUnbounded.h"
 
 #include <BRep_Tool.hxx>
 #include <Message_ProgressScope.hxx>
@@ -85,6 +85,10 @@ sdkResult sdkBrepOutput::replace_facets(sdkDocument & document, Message_Progress
     }
     if (counts.cancelled) {
         return sdkResult::cancelled();
+    }
+    if (counts.doubled > 0) {
+        m_context.reporter().output("geometry::%d triangles are there more than once and are taken once",
+                                    counts.doubled);
     }
     m_context.reporter().output("exchange::%d triangles of %d parts became %d plane faces in %d solids and "
                                 "%d open shells",

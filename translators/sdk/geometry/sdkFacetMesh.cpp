@@ -86,6 +86,27 @@ void sdkFacetMesh::collect(TopTools_ListOfShape const & faces, double tolerance)
         }
     }
     m_points = merger.points();
+    drop_doubled();
+}
+
+// A shell of triangles that are there twice would be no solid, and enclose its volume twice.
+void sdkFacetMesh::drop_doubled()
+{
+    std::vector<std::pair<Triangle, std::size_t>> sorted;
+    sorted.reserve(m_triangles.size());
+    for (auto triangle : m_triangles) {
+        // Wherever it begins.
+        std::rotate(triangle.begin(), std::min_element(triangle.begin(), triangle.end()), triangle.end());
+        sorted.emplace_back(triangle, sorted.size());
+    }
+    std::sort(sorted.begin(), sorted.end());
+    std::vector<bool> again(m_triangles.size(), false);
+    for (std::size_t at = 1; at < sorted.size(); ++at) {
+        again[sorted[at].second] = sorted[at].first == sorted[at - 1].first;
+    }
+    std::size_t number = 0;
+    m_doubled = static_cast<std::int64_t>(
+        std::erase_if(m_triangles, [&](Triangle const &) { return again[number++]; }));
 }
 
 std::vector<sdkFacetMesh::Side> sdkFacetMesh::sorted_sides() const

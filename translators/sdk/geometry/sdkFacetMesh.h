@@ -32,6 +32,8 @@ public:
 
     // Triangles without area, which are not among the others.
     std::int64_t dropped() const { return m_dropped; }
+    // Triangles that are there already and look to the same side; they are not among the others either.
+    std::int64_t doubled() const { return m_doubled; }
     // How many triangles were turned so that neighbours look to the same side.
     std::int64_t turned() const { return m_turned; }
     // How many triangles belong to sets with borders.
@@ -53,6 +55,7 @@ private:
     };
 
     void collect(TopTools_ListOfShape const & faces, double tolerance);
+    void drop_doubled();
     std::vector<Side> sorted_sides() const;
     void find_neighbours(std::vector<Side> const & sides);
     void find_sets();
@@ -65,6 +68,7 @@ private:
     std::vector<int> m_sets;    // per triangle
     std::vector<bool> m_closed; // per set
     std::int64_t m_dropped = 0;
+    std::int64_t m_doubled = 0;
     std::int64_t m_turned = 0;
     std::int64_t m_open = 0;
 };

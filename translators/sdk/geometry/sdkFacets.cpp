@@ -104,7 +104,9 @@ private:
     {
         sdkFacetMesh const mesh(faces, m_options.tolerance);
         m_counts.dropped += mesh.dropped();
-        m_counts.triangles += mesh.dropped() + static_cast<std::int64_t>(mesh.triangles().size());
+        m_counts.doubled += mesh.doubled();
+        m_counts.triangles +=
+            mesh.dropped() + mesh.doubled() + static_cast<std::int64_t>(mesh.triangles().size());
         if (mesh.triangles().empty()) {
             return {};
         }

@@ -37,6 +37,7 @@ struct sdkFacetCounts {
     std::int64_t shells = 0;    // that stayed open or were to stay shells
     std::int64_t solids = 0;
     bool cancelled = false;
+    std::int64_t doubled = 0; // that were there more than once, and are taken once
     sdkText refusal; // not empty when there are more triangles than allowed; then nothing was changed
 };
 

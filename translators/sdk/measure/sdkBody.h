@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sdk/geometry/sdkPointText.h"
 #include "sdk/measure/sdkBodyMeasure.h"
 
 #include <map>
@@ -35,6 +36,3 @@ struct sdkBody {
 
 // "solid", "shell", ...
 char const * sdk_kind_name(sdkBodyKind kind);
-
-// A point as users read it, in millimetres.
-std::string sdk_point_text(gp_Pnt const & point);

@@ -4,6 +4,7 @@
 #include "sdk/measure/sdkFaceIntegrals.h"
 #include "sdk/measure/sdkGaussRule.h"
 #include "sdk/measure/sdkMeshMeasure.h"
+#include "sdk/measure/sdkOuterExtent.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRep_Tool.hxx>
@@ -230,6 +231,9 @@ sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level
         } else {
             measure.faces.emplace_back();
         }
+    }
+    if (full && sdk_triangles_only(body)) {
+        measure.unmatched_edges = sdk_unmatched_edges(body);
     }
     if (full) {
         sums.finish(solid, measure);

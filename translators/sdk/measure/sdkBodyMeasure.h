@@ -25,7 +25,8 @@ struct sdkBodyMeasure {
     // Edges between two faces of which both run through them in the same direction: one of the faces is
     // turned over.
     std::int64_t turned_edges = 0;
-    double volume = 0; // of solids and of closed meshes; negative when inside out
+    std::int64_t unmatched_edges = 0; // of a mesh, see sdk_unmatched_edges()
+    double volume = 0;                // of solids and of closed meshes; negative when inside out
     double area = 0;
     double length = 0; // of curves
     // Of the volume of a solid, of the area of shells, faces and meshes, of the length of curves.

@@ -164,10 +164,36 @@ private:
         }
         sdk_tell_topology(a, b, m_tolerances, m_attributes, m_result.findings);
         sdk_tell_attributes(a, b, m_attributes, m_result.findings);
+        if (a.kind == sdkBodyKind::mesh) {
+            compare_sides(a, b);
+        }
         bool const same = std::all_of(
             m_result.findings.begin() + static_cast<std::ptrdiff_t>(before), m_result.findings.end(),
             [](sdkFinding const & finding) { return finding.weight == sdkWeight::note; });
         m_result.bodies.push_back({&a, &b, same && !geometry});
+    }
+
+    // Triangles that look to the other side change neither the area nor its place.
+    void compare_sides(sdkBody const & a, sdkBody const & b)
+    {
+        auto const tell = [&](char const * kind, double in_a, double in_b, sdkText text) {
+            m_result.findings.push_back(
+                {sdkWeight::difference, kind, a.title(), a.place(), in_a, in_b, std::move(text)});
+        };
+        auto const sides_a = a.measure.unmatched_edges;
+        auto const sides_b = b.measure.unmatched_edges;
+        double const volume_a = a.measure.volume;
+        double const volume_b = b.measure.volume;
+        if (sides_a != sides_b) {
+            tell("unmatched-edges", static_cast<double>(sides_a), static_cast<double>(sides_b),
+                 sdkText("compare::%s at %s has %d sides of triangles without a neighbour in A and %d in B",
+                         a.title(), a.place(), sides_a, sides_b));
+        } else if (sides_a == 0 && (volume_a < 0) != (volume_b < 0)) {
+            tell("turned-faces", volume_a, volume_b,
+                 sdkText("compare::%s at %s is inside out in one of the models: it has a volume of %.10g mm3 "
+                         "in A and of %.10g mm3 in B",
+                         a.title(), a.place(), volume_a, volume_b));
+        }
     }
 
     // Where the faces of bodies without a like are there all the same, the bodies have only been taken apart

@@ -1,5 +1,7 @@
 #include "sdk/measure/sdkSourceFaults.h"
 
+#include "sdk/measure/sdkMeshMeasure.h"
+#include "sdk/measure/sdkOuterExtent.h"
 #include "sdk/measure/sdkShapeFault.h"
 
 #include <BRep_Tool.hxx>
@@ -33,12 +35,17 @@ public:
             return;
         }
         auto const name = sdkDocument::name(part);
+        if (sdk_triangles_only(shape)) {
+            count_sides(shape, name);
+        }
         for (TopExp_Explorer solid(shape, TopAbs_SOLID); solid.More(); solid.Next()) {
             check(solid.Current(), name, m_solids);
         }
         for (TopExp_Explorer shell(shape, TopAbs_SHELL, TopAbs_SOLID); shell.More(); shell.Next()) {
             check(shell.Current(), name, m_sheets);
-            count_open(shell.Current(), name);
+            if (!sdk_triangles_only(shell.Current())) {
+                count_open(shell.Current(), name);
+            }
         }
         for (TopExp_Explorer face(shape, TopAbs_FACE, TopAbs_SHELL); face.More(); face.Next()) {
             check(face.Current(), name, m_sheets);
@@ -67,6 +74,19 @@ public:
                                  "first is in %s",
                                  m_open.faulty, m_open.bodies, named(m_open.part))});
         }
+        if (m_meshes.faulty > 0) {
+            findings.push_back(
+                {.weight = sdkWeight::note,
+                 .kind = "source-open",
+                 .part = m_meshes.part,
+                 .place = {},
+                 .source = static_cast<double>(m_sides),
+                 .text =
+                     sdkText("measure::%d of %d meshes of the source are not watertight, or have triangles "
+                             "that are inside out: %d sides of triangles have no neighbour; the first "
+                             "mesh is %s",
+                             m_meshes.faulty, m_meshes.bodies, m_sides, named(m_meshes.part))});
+        }
         return findings;
     }
 
@@ -93,6 +113,16 @@ private:
         }
     }
 
+    void count_sides(TopoDS_Shape const & mesh, std::string const & part)
+    {
+        auto const sides = sdk_unmatched_edges(mesh);
+        m_sides += sides;
+        ++m_meshes.bodies;
+        if (sides > 0 && ++m_meshes.faulty == 1) {
+            m_meshes.part = part;
+        }
+    }
+
     static void add_invalid(Tally const & tally, std::string_view key, std::vector<sdkFinding> & findings)
     {
         if (tally.faulty > 0) {
@@ -110,6 +140,8 @@ private:
     Tally m_solids;
     Tally m_sheets;
     Tally m_open;
+    Tally m_meshes;
+    std::int64_t m_sides = 0; // of all meshes
     TopTools_MapOfShape m_seen;
 };
 

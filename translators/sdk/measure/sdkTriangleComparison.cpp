@@ -91,6 +91,26 @@ void compare_points(sdkDocument const & surfaces, sdkMeasuredModel const & trian
     }
 }
 
+// What was found out about an output and its source, of two models side by side.
+sdkText side_by_side(sdkFinding const & finding)
+{
+    if (finding.kind == "area") {
+        return sdkText("compare::A has an area of %.10g mm2 and B of %.10g mm2", *finding.source,
+                       *finding.output);
+    }
+    if (finding.kind == "volume") {
+        return sdkText("compare::A has a volume of %.10g mm3 and B of %.10g mm3", *finding.source,
+                       *finding.output);
+    }
+    if (finding.kind == "centroid") {
+        return sdkText("compare::The centroids of the areas of A and B are %.6g mm apart",
+                       std::max(*finding.source, *finding.output));
+    }
+    return sdkText(
+        "compare::A and B have other shapes or lie otherwise, with areas of %.10g mm2 and %.10g mm2",
+        *finding.source, *finding.output);
+}
+
 } // namespace
 
 std::vector<sdkFinding> sdk_compare_triangles(sdkMeasuredModel const & a, sdkMeasuredModel const & b,
@@ -108,11 +128,7 @@ std::vector<sdkFinding> sdk_compare_triangles(sdkMeasuredModel const & a, sdkMea
             std::swap(finding.source, finding.output);
         }
         finding.weight = sdkWeight::difference;
-        finding.text = finding.kind == "area"
-                           ? sdkText("compare::A has an area of %.10g mm2 and B of %.10g mm2",
-                                     *finding.source, *finding.output)
-                           : sdkText("compare::A has a volume of %.10g mm3 and B of %.10g mm3",
-                                     *finding.source, *finding.output);
+        finding.text = side_by_side(finding);
     }
     compare_surfaces(surfaces.document, triangles.document, deflection, findings);
     // Surfaces take long to be given triangles that are fine enough; what is known to differ needs none.

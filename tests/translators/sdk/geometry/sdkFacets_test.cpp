@@ -217,6 +217,23 @@ TEST(Facets, DropsTrianglesWithoutAreaAndCountsThem)
     EXPECT_EQ(counts.faces, 1);
 }
 
+TEST(Facets, TakesTrianglesOnceThatAreThereTwice)
+{
+    std::vector<gp_Pnt> const points{{0, 0, 0}, {6, 0, 0}, {0, 6, 0}, {0, 0, 6}};
+    std::vector<Poly_Triangle> triangles{{1, 3, 2}, {1, 2, 4}, {2, 3, 4}, {1, 4, 3}};
+    for (auto const & again : std::vector<Poly_Triangle>{{3, 2, 1}, {4, 1, 2}, {2, 3, 4}, {1, 4, 3}}) {
+        triangles.push_back(again);
+    }
+    sdkDocument document;
+    document.add_shape(mesh_face(points, triangles), "Part");
+    auto const counts = sdk_make_facets(document, {});
+    EXPECT_EQ(counts.triangles, 8);
+    EXPECT_EQ(counts.doubled, 4);
+    EXPECT_EQ(counts.faces, 4);
+    EXPECT_EQ(counts.solids, 1);
+    EXPECT_NEAR(sdk_measure(document).volume, 36, 1e-9);
+}
+
 TEST(Facets, RefusesMoreTrianglesThanTheLimitAndChangesNothing)
 {
     sdkDocument document;

@@ -77,8 +77,9 @@ TEST_F(MeshComparison, FindsNothingWithinTheDeflection)
 
 TEST_F(MeshComparison, TellsTheFarthestPointOfAPart)
 {
-    auto const bent = triangles_of(
-        rod, [](gp_Pnt const & node) { return node.Z() > 19.9 ? node.Translated(gp_Vec(0, 0, 0.5)) : node; });
+    auto const bent = triangles_of(rod, [](gp_Pnt const & node) {
+        return node.Z() > 19.9 ? node.Translated(gp_Vec(0, 0, -0.5)) : node;
+    });
     auto const findings = compare(bent, 0.05);
     ASSERT_EQ(kinds(findings), (Kinds{"deviation"}));
     EXPECT_EQ(findings[0].part, "Rod");
@@ -104,4 +105,71 @@ TEST_F(MeshComparison, MindsNoHoleWhereTheSourceIsOpen)
 {
     source.add_shape(TopExp_Explorer(kit_cube(10), TopAbs_FACE).Current(), "Face");
     EXPECT_TRUE(compare(open_rod(), 1000).empty());
+}
+
+namespace {
+
+std::vector<sdkFinding> compare_meshes(TopoDS_Shape const & source, TopoDS_Shape const & output,
+                                       double deflection = 0.1)
+{
+    sdkDocument from;
+    from.add_shape(source, "A");
+    sdkDocument to;
+    to.add_shape(output, "A");
+    sdkPromise promise;
+    promise.deflection = deflection;
+    std::vector<sdkFinding> findings;
+    sdk_compare_mesh(from, to, promise, findings);
+    EXPECT_TRUE(all_fit(findings));
+    return findings;
+}
+
+// A cube of triangles of which the first look inward.
+TopoDS_Shape with_turned(int count)
+{
+    auto const cube = kit_facet_cube();
+    TopLoc_Location location;
+    auto const mesh = BRep_Tool::Triangulation(TopoDS::Face(cube), location)->Copy();
+    for (int number = 1; number <= count; ++number) {
+        int a = 0;
+        int b = 0;
+        int c = 0;
+        mesh->Triangle(number).Get(a, b, c);
+        mesh->SetTriangle(number, {a, c, b});
+    }
+    TopoDS_Face face;
+    BRep_Builder().MakeFace(face, mesh);
+    return face;
+}
+
+} // namespace
+
+TEST_F(MeshComparison, TellsATriangleThatCameBackInsideOut)
+{
+    auto const findings = compare_meshes(kit_facet_cube(), with_turned(1));
+    ASSERT_EQ(kinds(findings), (Kinds{"unmatched-edges"}));
+    EXPECT_EQ(findings[0].source, 0);
+    EXPECT_EQ(findings[0].output, 6);
+    EXPECT_TRUE(compare_meshes(with_turned(1), with_turned(1)).empty()) << "the source was so";
+    EXPECT_TRUE(compare_meshes(with_turned(1), kit_facet_cube()).empty()) << "nothing is worse";
+    EXPECT_EQ(kinds(compare_meshes(with_turned(1), with_turned(3))), (Kinds{"unmatched-edges"}));
+}
+
+TEST_F(MeshComparison, LetsTrianglesOfTrianglesReachNoFarther)
+{
+    auto const moved = kit_facet_cube().Moved(shifted(0.05));
+    auto const findings = compare_meshes(kit_facet_cube(), moved, 0.1);
+    ASSERT_EQ(kinds(findings), (Kinds{"extent", "extent"}));
+    EXPECT_NEAR(*findings[0].output, 0.05, 1e-9);
+    EXPECT_EQ(kinds(compare_meshes(kit_facet_cube(), kit_cube(10.05), 0)), (Kinds{"extent"}));
+    EXPECT_TRUE(compare_meshes(kit_facet_cube(), kit_cube(10), 0).empty());
+}
+
+TEST_F(MeshComparison, TellsTrianglesThatTheSourceHasNothingLike)
+{
+    auto const same = triangles_of(rod, [](gp_Pnt const & node) { return node; });
+    auto const findings = compare(kit_compound({same, kit_facet_cube().Moved(shifted(40))}), 0.05);
+    ASSERT_EQ(kinds(findings), (Kinds{"extent"}));
+    EXPECT_NEAR(*findings[0].output, 45, 1e-6);
+    EXPECT_EQ(findings[0].place, "(50, 0, 0)");
 }

@@ -4,6 +4,11 @@
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <Poly_Triangulation.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Face.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 
@@ -57,6 +62,24 @@ std::vector<std::string> kinds(sdkModelComparison const & comparison)
 }
 
 using Kinds = std::vector<std::string>;
+
+// A cube of triangles of which the first look inward.
+TopoDS_Shape facet_cube_with_turned(int count)
+{
+    auto const cube = kit_facet_cube();
+    TopLoc_Location location;
+    auto const mesh = BRep_Tool::Triangulation(TopoDS::Face(cube), location)->Copy();
+    for (int number = 1; number <= count; ++number) {
+        int a = 0;
+        int b = 0;
+        int c = 0;
+        mesh->Triangle(number).Get(a, b, c);
+        mesh->SetTriangle(number, {a, c, b});
+    }
+    TopoDS_Face face;
+    BRep_Builder().MakeFace(face, mesh);
+    return face;
+}
 
 } // namespace
 
@@ -203,4 +226,19 @@ TEST(ModelComparison, KnowsTrianglesFromSurfaces)
     EXPECT_FALSE(sdk_triangles_against_surfaces(both.inventory, mesh.inventory));
     EXPECT_EQ(kinds(compare(mesh, mesh)), Kinds{});
     EXPECT_EQ(kinds(compare(both, solid)), Kinds{"missing-mesh"});
+}
+
+TEST(ModelComparison, TellsTrianglesThatLookToTheOtherSide)
+{
+    Model const cube({{facet_cube_with_turned(0), "cube"}});
+    Model const one({{facet_cube_with_turned(1), "cube"}});
+    Model const all({{facet_cube_with_turned(12), "cube"}});
+    ASSERT_EQ(kinds(compare(cube, one)), Kinds{"unmatched-edges"});
+    EXPECT_EQ(compare(cube, one).findings[0].source, 0);
+    EXPECT_EQ(compare(cube, one).findings[0].output, 6);
+    EXPECT_FALSE(compare(cube, one).bodies[0].same);
+    EXPECT_EQ(kinds(compare(one, cube)), Kinds{"unmatched-edges"});
+    EXPECT_EQ(kinds(compare(cube, all)), Kinds{"turned-faces"});
+    EXPECT_EQ(kinds(compare(one, one)), Kinds{});
+    EXPECT_EQ(kinds(compare(all, all)), Kinds{});
 }

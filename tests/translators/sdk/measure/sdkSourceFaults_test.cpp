@@ -5,6 +5,7 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakePolygon.hxx>
 #include <BRep_Builder.hxx>
+#include <Poly_Triangulation.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Face.hxx>
@@ -110,4 +111,32 @@ TEST(SourceFaults, OpenShellsAreCounted)
     EXPECT_EQ(findings.front().weight, sdkWeight::note);
     EXPECT_EQ(findings.front().source, 2);
     EXPECT_EQ(findings.front().part, "Sheets");
+}
+
+TEST(SourceFaults, CountTheSidesOfTrianglesWithoutANeighbour)
+{
+    // Three triangles of a tetrahedron, of which the last looks inward.
+    Handle(Poly_Triangulation) const triangles = new Poly_Triangulation(4, 3, Standard_False);
+    triangles->SetNode(1, gp_Pnt(0, 0, 0));
+    triangles->SetNode(2, gp_Pnt(10, 0, 0));
+    triangles->SetNode(3, gp_Pnt(0, 10, 0));
+    triangles->SetNode(4, gp_Pnt(0, 0, 10));
+    triangles->SetTriangle(1, {1, 3, 2});
+    triangles->SetTriangle(2, {1, 2, 4});
+    triangles->SetTriangle(3, {2, 4, 3});
+    TopoDS_Face face;
+    BRep_Builder().MakeFace(face, triangles);
+    sdkDocument document;
+    document.add_shape(kit_facet_cube(), "Whole");
+    document.add_shape(face, "Torn");
+    auto const findings = sdk_source_faults(document);
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].weight, sdkWeight::note);
+    EXPECT_EQ(findings[0].kind, "source-open");
+    EXPECT_EQ(findings[0].part, "Torn");
+    EXPECT_EQ(findings[0].source, 7) << "three of the hole, and two each along the two sides of the last";
+    EXPECT_EQ(
+        findings[0].text.formatted(),
+        "1 of 2 meshes of the source are not watertight, or have triangles that are inside out: 7 sides of "
+        "triangles have no neighbour; the first mesh is \"Torn\"");
 }

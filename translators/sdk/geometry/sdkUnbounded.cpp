@@ -1,7 +1,7 @@
-#include "sdk/exchange/sdkUnbounded.h"
+#include "sdk/geometry/sdkUnbounded.h"
 
 #include "sdk/geometry/sdkPartEdit.h"
-#include "sdk/measure/sdkBody.h"
+#include "sdk/geometry/sdkPointText.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
@@ -62,7 +62,10 @@ std::optional<gp_Pnt> point_of_endless(TopoDS_Edge const & edge)
 
 class Drop {
 public:
-    Drop(std::string format, sdkContext & context) : m_format(std::move(format)), m_context(context) {}
+    Drop(std::string format, sdkContext & context, bool curves)
+        : m_format(std::move(format)), m_context(context), m_curves(curves)
+    {
+    }
 
     std::int64_t count() const { return m_count; }
 
@@ -84,7 +87,8 @@ public:
                      "before it is translated");
             }
         }
-        for (TopExp_Explorer explorer(shape, TopAbs_EDGE, TopAbs_FACE); explorer.More(); explorer.Next()) {
+        for (TopExp_Explorer explorer(shape, TopAbs_EDGE, TopAbs_FACE); m_curves && explorer.More();
+             explorer.Next()) {
             auto const & edge = TopoDS::Edge(explorer.Current());
             if (auto const point = seen.Add(edge) ? point_of_endless(edge) : std::nullopt) {
                 dropped.push_back(edge);
@@ -127,14 +131,16 @@ private:
 
     std::string m_format;
     sdkContext & m_context;
+    bool m_curves;
     std::int64_t m_count = 0;
 };
 
 } // namespace
 
-std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, sdkContext & context)
+std::int64_t sdk_drop_unbounded(sdkDocument & document, std::string const & format, sdkContext & context,
+                                bool curves)
 {
-    Drop drop(format, context);
+    Drop drop(format, context, curves);
     sdk_edit_parts(document, document.parts(),
                    [&](TDF_Label const & part, TopoDS_Shape const & shape, sdkShapeHistory & history) {
                        return drop(part, shape, history);
