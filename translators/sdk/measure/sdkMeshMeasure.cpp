@@ -26,24 +26,6 @@ public:
         m_turned = (face.Orientation() == TopAbs_REVERSED) != m_place.IsNegative();
     }
 
-    // Which triangles, counted from 1, repeat an earlier one that looks to the same side.
-    std::vector<bool> doubled() const
-    {
-        std::vector<std::pair<std::array<int, 3>, int>> sorted;
-        for (int number = 1; number <= size(); ++number) {
-            std::array<int, 3> nodes{};
-            m_mesh->Triangle(number).Get(nodes[0], nodes[1], nodes[2]);
-            std::rotate(nodes.begin(), std::min_element(nodes.begin(), nodes.end()), nodes.end());
-            sorted.emplace_back(nodes, number);
-        }
-        std::sort(sorted.begin(), sorted.end());
-        std::vector<bool> doubled(sorted.size() + 1, false);
-        for (std::size_t at = 1; at < sorted.size(); ++at) {
-            doubled[static_cast<std::size_t>(sorted[at].second)] = sorted[at].first == sorted[at - 1].first;
-        }
-        return doubled;
-    }
-
     int size() const { return m_mesh.IsNull() ? 0 : m_mesh->NbTriangles(); }
 
     std::array<gp_XYZ, 3> corners(int number) const
@@ -74,11 +56,7 @@ sdkMeshMeasure sdk_measure_mesh(TopoDS_Face const & face, gp_Pnt const & referen
     auto & integrals = measure.integrals;
     Triangles const triangles(face);
     measure.triangles = triangles.size();
-    auto const doubled = triangles.doubled();
     for (int number = 1; number <= triangles.size(); ++number) {
-        if (doubled[static_cast<std::size_t>(number)]) {
-            continue;
-        }
         auto corners = triangles.corners(number);
         for (auto & corner : corners) {
             measure.extent.Add(gp_Pnt(corner));

@@ -16,7 +16,6 @@ struct sdkMeshMeasure {
     Bnd_Box extent;
 };
 
-// Triangles that are there more than once, with the same nodes, are all counted, and measured once.
 sdkMeshMeasure sdk_measure_mesh(TopoDS_Face const & face, gp_Pnt const & reference);
 
 // How many sides of triangles, of all faces of the shape together, have no triangle that runs along them the

@@ -103,19 +103,3 @@ TEST(UnmatchedEdges, KnowATriangleThatLooksTheWrongWay)
     }
     EXPECT_GT(sdk_unmatched_edges(kit_compound(faces)), 0);
 }
-
-TEST(MeshMeasure, TakesTrianglesOnceThatAreThereTwice)
-{
-    Handle(Poly_Triangulation) const triangles = new Poly_Triangulation(3, 3, Standard_False);
-    triangles->SetNode(1, gp_Pnt(0, 0, 0));
-    triangles->SetNode(2, gp_Pnt(4, 0, 0));
-    triangles->SetNode(3, gp_Pnt(0, 4, 0));
-    triangles->SetTriangle(1, {1, 2, 3});
-    triangles->SetTriangle(2, {2, 3, 1});
-    triangles->SetTriangle(3, {1, 3, 2});
-    TopoDS_Face face;
-    BRep_Builder().MakeFace(face, triangles);
-    auto const measure = sdk_measure_mesh(face, gp::Origin());
-    EXPECT_EQ(measure.triangles, 3);
-    EXPECT_NEAR(measure.integrals.area, 16, 1e-9) << "the one that looks the other way is another";
-}
