@@ -13,6 +13,7 @@ import tempfile
 import time
 
 RUNS = 7
+LOOKS = 3  # at the memory, which is sampled and so now and then caught between two states
 FORMATS = ("IGES", "STEP", "BREP", "STL")
 
 
@@ -78,7 +79,8 @@ def main():
                     without.append(seconds(none, folder))
                     with_all.append(seconds(full, folder))
                 a, b = statistics.median(without), statistics.median(with_all)
-                memory = [peak_megabytes(words, folder) for words in (none, full)]
+                memory = [statistics.median(peak_megabytes(words, folder) for _ in range(LOOKS))
+                          for words in (none, full)]
                 print(f"{pathlib.Path(file).name} to {translator}: {a:.3f} s, verified {b:.3f} s: {b / a - 1:+.0%}; "
                       f"hosts {memory[0]:.0f} MB, verified {memory[1]:.0f} MB: {memory[1] / memory[0]:.2f} times",
                       flush=True)
