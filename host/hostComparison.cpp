@@ -92,7 +92,7 @@ sdkResult hostComparison::take(Model & model, Message_ProgressRange const & rang
     m_file = model.file.file;
     m_events.file(m_file, "reading");
     Message_ProgressScope scope(range, nullptr, read_share + measure_share);
-    hostReading reading(model.file, m_reporter, true);
+    hostReading reading(model.file, m_reporter);
     auto result = reading.read(model.document, scope.Next(read_share), [this](auto const & problems) {
         for (auto const & problem : problems) {
             m_reporter.message(sdkStream::error, problem);

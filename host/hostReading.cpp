@@ -20,7 +20,6 @@ sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const 
     sdkOptions const options(module->resources(), m_input.options, problems, m_input.refused);
     tell(problems);
     sdkContext context(options, m_reporter, m_input.file);
-    context.account().want(m_account);
     auto const failed = m_reporter.failed();
     auto const reader = module->make_reader(context);
     if (auto result = reader->parse(m_input.file, scope.Next()); !result) {

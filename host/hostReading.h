@@ -16,11 +16,7 @@
 // Reads one file into a document with the module of its format.
 class hostReading {
 public:
-    // `account` is true when somebody will look at what the reader finds out about its file.
-    hostReading(hostFile const & input, sdkReporter & reporter, bool account)
-        : m_input(input), m_reporter(reporter), m_account(account)
-    {
-    }
+    hostReading(hostFile const & input, sdkReporter & reporter) : m_input(input), m_reporter(reporter) {}
 
     // `tell` gets what is wrong with the options, before anything is read.
     sdkResult read(sdkDocument & document, Message_ProgressRange const & range,
@@ -34,7 +30,6 @@ public:
 private:
     hostFile const & m_input;
     sdkReporter & m_reporter;
-    bool m_account;
     std::vector<sdkFinding> m_findings;
     std::int64_t m_lost = 0;
 };

@@ -91,7 +91,7 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
 {
     m_file = input.file;
     m_events.file(input.file, "reading");
-    hostReading reading(input, m_reporter, m_verification.wanted());
+    hostReading reading(input, m_reporter);
     auto result = reading.read(document, range, [this](auto const & problems) { tell(problems); });
     m_findings.tell(reading.findings());
     return result;

@@ -80,7 +80,6 @@ struct hostWitnessWork::Attempt {
         : options(module.resources(), values, problems), context(options, listener, shown),
           reader(module.make_reader(context))
     {
-        context.account().want(false);
         context.account().read_back(true);
     }
 

@@ -23,10 +23,6 @@ public:
     void add(sdkFinding finding);
     std::vector<sdkFinding> const & findings() const { return m_findings; }
 
-    // False when nobody will look at what takes time to find out: faults of the source itself.
-    bool wanted() const { return m_wanted; }
-    void want(bool wanted) { m_wanted = wanted; }
-
     // True when the file is an output that is read back: what it lacks is found by measure, and nobody asks
     // for an account. A reader may save its time.
     bool read_back() const { return m_read_back; }
@@ -37,6 +33,5 @@ private:
 
     std::array<std::int64_t, 6> m_held{};
     std::vector<sdkFinding> m_findings;
-    bool m_wanted = true;
     bool m_read_back = false;
 };
