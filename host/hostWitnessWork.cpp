@@ -102,21 +102,16 @@ hostWitnessWork::~hostWitnessWork() = default;
 
 void hostWitnessWork::run()
 {
+    m_source = std::async(std::launch::async, [this] { return measure_source(); });
+    auto const line = read_line();
+    if (line.empty()) {
+        return;
+    }
     hostTestimony testimony;
     try {
-        m_source = sdk_take_inventory(
-            m_document,
-            {.level = m_evidence.level, .surfaces = m_evidence.surfaces, .wireframe = m_evidence.wireframe});
-        // While the writer works: most of the time that this takes costs nobody anything.
-        if (m_evidence.level == sdkMeasureLevel::full) {
-            m_faults = sdk_source_faults(m_document);
-        }
-        auto const line = read_line();
-        if (line.empty()) {
-            return;
-        }
         testimony = testify(host_read_question(line));
-        testimony.findings.insert(testimony.findings.begin(), m_faults.begin(), m_faults.end());
+        auto const & faults = source().faults;
+        testimony.findings.insert(testimony.findings.begin(), faults.begin(), faults.end());
     } catch (Standard_Failure const & failure) {
         testimony.reason =
             sdkText("host::Measuring source and output failed: %s", failure.GetMessageString());
@@ -124,6 +119,37 @@ void hostWitnessWork::run()
         testimony.reason = sdkText("host::Measuring source and output failed: %s", failure.what());
     }
     send(m_answer, host_write_testimony(testimony) + "\n");
+}
+
+hostWitnessWork::Source hostWitnessWork::measure_source() const
+{
+    Source source;
+    source.inventory = sdk_take_inventory(
+        m_document,
+        {.level = m_evidence.level, .surfaces = m_evidence.surfaces, .wireframe = m_evidence.wireframe});
+    if (m_evidence.level == sdkMeasureLevel::full) {
+        source.faults = sdk_source_faults(m_document);
+    }
+    return source;
+}
+
+hostWitnessWork::Source const & hostWitnessWork::source() const
+{
+    return m_source.get();
+}
+
+sdkMeshSource const & hostWitnessWork::mesh_source(bool hidden)
+{
+    begin_mesh_source(hidden);
+    return m_mesh_source.get();
+}
+
+void hostWitnessWork::begin_mesh_source(bool hidden)
+{
+    if (!m_mesh_source.valid()) {
+        m_mesh_source =
+            std::async(std::launch::async, [this, hidden] { return sdk_mesh_source(m_document, hidden); });
+    }
 }
 
 hostTestimony hostWitnessWork::testify(hostQuestion const & question)
@@ -169,6 +195,10 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
     }
     m_attempt = std::make_unique<Attempt>(*module, values, question.shown);
     auto & output = m_attempt->output;
+    bool const full = m_evidence.level == sdkMeasureLevel::full;
+    if (full && question.promise.deflection > 0) {
+        begin_mesh_source(question.promise.hidden);
+    }
     Message_ProgressScope scope(m_progress->Start(), nullptr, 10);
     auto result = m_attempt->reader->parse(question.written, scope.Next(4));
     if (result) {
@@ -184,6 +214,7 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
                                               .wireframe = m_evidence.wireframe,
                                               .threads = threads()},
                                              scope.Next(2));
+    auto const & from = source().inventory;
     auto promise = question.promise;
     if (!promise.made) {
         // A module that promises nothing is held to its geometry.
@@ -191,19 +222,19 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
                          .names = false,
                          .colours = false,
                          .layers = false,
-                         .curves = m_source.count(sdkBodyKind::curve) == measured.count(sdkBodyKind::curve),
-                         .points = m_source.count(sdkBodyKind::point) == measured.count(sdkBodyKind::point),
+                         .curves = from.count(sdkBodyKind::curve) == measured.count(sdkBodyKind::curve),
+                         .points = from.count(sdkBodyKind::point) == measured.count(sdkBodyKind::point),
                          .surfaces = measured.count(sdkBodyKind::mesh) == 0,
                          .visibility = false};
         promise.deflection = promise.holds.surfaces ? 0 : sdk_usual_deflection;
     }
-    auto findings = sdk_compare(m_source, measured, {.tolerances = {}, .promise = promise});
+    auto findings = sdk_compare(from, measured, {.tolerances = {}, .promise = promise});
     if (m_evidence.surfaces) {
         sdk_compare_triangle_count(measured, promise, findings);
     }
-    bool const triangles = promise.deflection > 0 || m_source.count(sdkBodyKind::mesh) > 0;
-    if (m_evidence.level == sdkMeasureLevel::full && triangles) {
-        sdk_compare_mesh(m_document, output, promise, findings);
+    bool const triangles = promise.deflection > 0 || from.count(sdkBodyKind::mesh) > 0;
+    if (full && triangles) {
+        sdk_compare_mesh(mesh_source(promise.hidden), output, promise, findings, threads());
     }
     return findings;
 }

@@ -133,8 +133,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
 {
     auto const & options = m_context.options();
     TDF_LabelSequence const before = document.free_shapes();
-    sdkShapeProcessing const processing(options.boolean("igesReadHealing") ? sdkHealing::standard
-                                                                           : sdkHealing::none);
+    sdkShapeProcessing const processing(sdk_reading_healing(m_context, "igesReadHealing"));
     Handle(TDocStd_Document) handle = document.handle();
     m_reader->add_own();
     bool const sewing = options.boolean("igesReadSolids");

@@ -152,8 +152,7 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     prepare_layers();
     TDF_LabelSequence const before = document.free_shapes();
     stepSourceFindings findings(document, m_context);
-    sdkShapeProcessing const processing(options.boolean("stepReadHealing") ? sdkHealing::standard
-                                                                           : sdkHealing::none);
+    sdkShapeProcessing const processing(sdk_reading_healing(m_context, "stepReadHealing"));
     Handle(TDocStd_Document) handle = document.handle();
     Message_ProgressScope scope(range, nullptr, 1);
     build_missing();

@@ -26,6 +26,18 @@ sdkResult kitFormatTest::write(TopoDS_Shape const & shape, std::string const & f
 sdkResult kitFormatTest::read(std::string const & file, sdkDocument & document, Values const & values)
 {
     kitSide side(m_manifest, m_format, values, file);
+    return read_with(side, file, document);
+}
+
+sdkResult kitFormatTest::read_back(std::string const & file, sdkDocument & document, Values const & values)
+{
+    kitSide side(m_manifest, m_format, values, file);
+    side.context().account().read_back(true);
+    return read_with(side, file, document);
+}
+
+sdkResult kitFormatTest::read_with(kitSide & side, std::string const & file, sdkDocument & document)
+{
     auto const result = kit_read(*make_reader(side.context()), file, document);
     keep(side);
     return result;

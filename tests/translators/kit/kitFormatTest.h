@@ -31,6 +31,9 @@ protected:
                     std::string const & name = "Part");
     sdkResult read(std::string const & file, sdkDocument & document, Values const & values = {});
 
+    // As an output is read back to be measured: without what repairs whole shapes.
+    sdkResult read_back(std::string const & file, sdkDocument & document, Values const & values);
+
     // Reads the text as a file of that name; expects a read error and returns what the user is told.
     std::string refusal(std::string const & name, std::string const & text);
 
@@ -42,6 +45,7 @@ protected:
     sdkPromise const & promise() const { return m_promise; }
 
 private:
+    sdkResult read_with(kitSide & side, std::string const & file, sdkDocument & document);
     void keep(kitSide & side);
 
     std::string m_manifest;

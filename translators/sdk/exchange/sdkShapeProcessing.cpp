@@ -1,12 +1,16 @@
 #include "sdk/exchange/sdkShapeProcessing.h"
 
 #include "sdk/exchange/sdkCurvesOnSurfaces.h"
+#include "sdk/exchange/sdkOpenBoundaries.h"
+#include "sdk/sdkAccount.h"
+#include "sdk/sdkContext.h"
 
 #include <BRep_Tool.hxx>
 #include <Geom_ConicalSurface.hxx>
 #include <Geom_ElementarySurface.hxx>
 #include <Geom_OffsetSurface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
+#include <ShapeProcess_ShapeContext.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
 #include <TopoDS.hxx>
@@ -66,17 +70,43 @@ public:
         if (writing ? !has_surface_to_describe_anew(shape) : m_reading == sdkHealing::none) {
             return shape;
         }
+        if (!writing && m_reading == sdkHealing::boundaries) {
+            return close_boundaries(shape, precision, tolerance, resource_file, info);
+        }
         return XSAlgo_AlgoContainer::ProcessShape(shape, precision, tolerance, resource_file, sequence, info,
                                                   range, non_manifold);
     }
 
 private:
+    static TopoDS_Shape close_boundaries(TopoDS_Shape const & shape, double precision, double tolerance,
+                                         Standard_CString resource_file, Handle(Standard_Transient) & info)
+    {
+        auto const changes = sdk_close_boundaries(shape, precision, tolerance);
+        if (changes.IsNull()) {
+            return shape;
+        }
+        // From it the library takes what names and colours of faces move to.
+        Handle(ShapeProcess_ShapeContext) const record = new ShapeProcess_ShapeContext(shape, resource_file);
+        record->RecordModification(changes);
+        record->SetResult(changes->Apply(shape));
+        info = record;
+        return record->Result();
+    }
+
     sdkHealing m_reading;
     // What is chosen for one shape lasts until the next.
     sdkCurvesOnSurfaces mutable m_curves_on_surfaces;
 };
 
 } // namespace
+
+sdkHealing sdk_reading_healing(sdkContext & context, char const * option)
+{
+    if (context.options().boolean(option)) {
+        return sdkHealing::standard;
+    }
+    return context.account().read_back() ? sdkHealing::boundaries : sdkHealing::none;
+}
 
 sdkShapeProcessing::sdkShapeProcessing(sdkHealing reading) : m_old(XSAlgo::AlgoContainer())
 {

@@ -42,50 +42,20 @@ int kind_count(TopoDS_Shape const & shape, TopAbs_ShapeEnum kind)
     return all.Extent();
 }
 
-// Sums over faces. Everything is taken about a point of the body, so that bodies far from the origin lose no
-// digits.
-class Sums {
-public:
-    explicit Sums(gp_Pnt const & reference) : m_reference(reference) {}
-
-    void add_face(TopoDS_Face const & face, sdkBodyMeasure & measure)
-    {
-        auto const integrals = sdk_face_integrals(face, m_reference);
-        auto const centre = integrals.area > 0 ? integrals.area_moment / integrals.area : gp_XYZ();
-        measure.faces.push_back({integrals.area, m_reference.XYZ() + centre});
-        m_sums += integrals;
+void add_sums(sdkFaceIntegrals const & sums, gp_Pnt const & reference, bool solid, sdkBodyMeasure & measure)
+{
+    measure.area = sums.area;
+    measure.volume = sums.volume;
+    auto const centre = sums.area > 0 ? sums.area_moment / sums.area : gp_XYZ();
+    measure.centroid = reference.XYZ() + centre;
+    measure.vector_area = sums.vector_area;
+    measure.outflow = 3 * sums.volume - centre.Dot(sums.vector_area);
+    // Steiner takes the moments from the reference to the centroid.
+    measure.moments = sums.second_moment - outer(centre).Multiplied(sums.area);
+    if (solid && std::abs(sums.volume) > 0) {
+        measure.centroid = reference.XYZ() + sums.volume_moment / sums.volume;
     }
-
-    void add_mesh(TopoDS_Face const & face, sdkBodyMeasure & measure)
-    {
-        auto const mesh = sdk_measure_mesh(face, m_reference);
-        measure.triangles += mesh.triangles;
-        measure.extent.Add(mesh.extent);
-        auto const & integrals = mesh.integrals;
-        auto const centre = integrals.area > 0 ? integrals.area_moment / integrals.area : gp_XYZ();
-        measure.faces.push_back({integrals.area, m_reference.XYZ() + centre});
-        m_sums += integrals;
-    }
-
-    void finish(bool solid, sdkBodyMeasure & measure) const
-    {
-        measure.area = m_sums.area;
-        measure.volume = m_sums.volume;
-        auto const centre = m_sums.area > 0 ? m_sums.area_moment / m_sums.area : gp_XYZ();
-        measure.centroid = m_reference.XYZ() + centre;
-        measure.vector_area = m_sums.vector_area;
-        measure.outflow = 3 * m_sums.volume - centre.Dot(m_sums.vector_area);
-        // Steiner takes the moments from the reference to the centroid.
-        measure.moments = m_sums.second_moment - outer(centre).Multiplied(m_sums.area);
-        if (solid && std::abs(m_sums.volume) > 0) {
-            measure.centroid = m_reference.XYZ() + m_sums.volume_moment / m_sums.volume;
-        }
-    }
-
-private:
-    gp_Pnt m_reference;
-    sdkFaceIntegrals m_sums;
-};
+}
 
 gp_Pnt reference_of(TopoDS_Shape const & body)
 {
@@ -208,39 +178,65 @@ sdkBodyMeasure measure_point(TopoDS_Shape const & body)
 
 } // namespace
 
-sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level)
+sdkBodyMeasuring::sdkBodyMeasuring(TopoDS_Shape const & body, sdkMeasureLevel level)
+    : m_body(body), m_level(level), m_reference(reference_of(body))
 {
-    if (body.ShapeType() == TopAbs_VERTEX) {
-        return measure_point(body);
-    }
-    if (body.ShapeType() == TopAbs_EDGE) {
-        return measure_curve(body);
-    }
-    sdkBodyMeasure measure;
-    measure.shells = kind_count(body, TopAbs_SHELL);
-    count_edges(body, measure);
-    bool const full = level == sdkMeasureLevel::full;
-    bool const solid = body.ShapeType() == TopAbs_SOLID;
-    Sums sums(reference_of(body));
     for (TopExp_Explorer face(body, TopAbs_FACE); face.More(); face.Next()) {
         auto const & one = TopoDS::Face(face.Current());
-        if (!has_surface(one)) {
-            sums.add_mesh(one, measure);
-        } else if (full) {
-            sums.add_face(one, measure);
-        } else {
-            measure.faces.emplace_back();
+        m_faces.push_back({.face = one, .mesh = !has_surface(one), .triangles = {}, .integrals = {}});
+    }
+}
+
+void sdkBodyMeasuring::measure_face(int face)
+{
+    auto & one = m_faces[static_cast<std::size_t>(face)];
+    if (one.mesh) {
+        one.triangles = sdk_measure_mesh(one.face, m_reference);
+        one.integrals = one.triangles.integrals;
+    } else if (m_level == sdkMeasureLevel::full) {
+        one.integrals = sdk_face_integrals(one.face, m_reference);
+        one.edge_deviation = sdk_edge_deviation(one.face);
+    }
+}
+
+sdkBodyMeasure sdkBodyMeasuring::finish()
+{
+    if (m_body.ShapeType() == TopAbs_VERTEX) {
+        return measure_point(m_body);
+    }
+    if (m_body.ShapeType() == TopAbs_EDGE) {
+        return measure_curve(m_body);
+    }
+    sdkBodyMeasure measure;
+    measure.shells = kind_count(m_body, TopAbs_SHELL);
+    count_edges(m_body, measure);
+    sdkFaceIntegrals sums;
+    for (auto const & one : m_faces) {
+        measure.triangles += one.triangles.triangles;
+        measure.extent.Add(one.triangles.extent);
+        auto const & integrals = one.integrals;
+        auto const centre = integrals.area > 0 ? integrals.area_moment / integrals.area : gp_XYZ();
+        measure.faces.push_back({integrals.area, m_reference.XYZ() + centre});
+        sums += integrals;
+        measure.edge_deviation = sdk_larger_deviation(measure.edge_deviation, one.edge_deviation);
+    }
+    if (m_level == sdkMeasureLevel::full) {
+        if (sdk_triangles_only(m_body)) {
+            measure.unmatched_edges = sdk_unmatched_edges(m_body);
         }
-    }
-    if (full && sdk_triangles_only(body)) {
-        measure.unmatched_edges = sdk_unmatched_edges(body);
-    }
-    if (full) {
-        sums.finish(solid, measure);
-        extend(body, measure.extent);
-        measure.edge_deviation = sdk_edge_deviation(body);
+        add_sums(sums, m_reference, m_body.ShapeType() == TopAbs_SOLID, measure);
+        extend(m_body, measure.extent);
     }
     return measure;
+}
+
+sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level)
+{
+    sdkBodyMeasuring measuring(body, level);
+    for (int face = 0; face < measuring.faces(); ++face) {
+        measuring.measure_face(face);
+    }
+    return measuring.finish();
 }
 
 sdkBodyMeasure sdkBodyMeasure::reversed() const

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "sdk/measure/sdkFaceIntegrals.h"
+#include "sdk/measure/sdkMeshMeasure.h"
+
 #include <Bnd_Box.hxx>
+#include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
 #include <gp_Mat.hxx>
 #include <gp_Pnt.hxx>
@@ -55,5 +59,32 @@ struct sdkBodyMeasure {
 // Counts only, or all.
 enum class sdkMeasureLevel { counts, full };
 
-// Any thread; several may measure bodies that share shapes.
+// The measuring of one body in pieces, which several threads may share.
+class sdkBodyMeasuring {
+public:
+    sdkBodyMeasuring(TopoDS_Shape const & body, sdkMeasureLevel level);
+
+    // How many faces have to be measured before finish().
+    int faces() const { return static_cast<int>(m_faces.size()); }
+    // Each once. Any thread, also while other faces of this body or of bodies that share shapes are measured.
+    void measure_face(int face);
+    sdkBodyMeasure finish();
+
+private:
+    struct Face {
+        TopoDS_Face face;
+        bool mesh = false;
+        sdkMeshMeasure triangles;
+        sdkFaceIntegrals integrals;
+        double edge_deviation = 0;
+    };
+
+    TopoDS_Shape m_body;
+    sdkMeasureLevel m_level;
+    // Integrals are taken about a point of the body, so that bodies far from the origin lose no digits.
+    gp_Pnt m_reference;
+    std::vector<Face> m_faces;
+};
+
+// All at once. Any thread; several may measure bodies that share shapes.
 sdkBodyMeasure sdk_measure_body(TopoDS_Shape const & body, sdkMeasureLevel level);

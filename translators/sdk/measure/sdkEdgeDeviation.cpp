@@ -37,12 +37,6 @@ bool has_surface(TopoDS_Face const & face)
     return !BRep_Tool::Surface(face, location).IsNull();
 }
 
-// Also what is no number: an edge that lies nowhere lies off its surface.
-double larger(double a, double b)
-{
-    return std::isnan(a) || a > b ? a : b;
-}
-
 double deviation(sdkSurfaceDistance & surface, TopoDS_Face const & face, TopoDS_Edge const & edge)
 {
     TopLoc_Location location;
@@ -66,9 +60,9 @@ double deviation(sdkSurfaceDistance & surface, TopoDS_Face const & face, TopoDS_
     for (int at = 0; at < count; ++at) {
         double const part = static_cast<double>(at) / (count - 1);
         auto const point = curve.Value(first + part * (last - first));
-        farthest = larger(farthest, surface.exact()
-                                        ? surface.of(point)
-                                        : surface.of(point, on_surface->Value(begin + part * (end - begin))));
+        farthest = sdk_larger_deviation(
+            farthest, surface.exact() ? surface.of(point)
+                                      : surface.of(point, on_surface->Value(begin + part * (end - begin))));
     }
     return farthest;
 }
@@ -96,8 +90,13 @@ double sdk_edge_deviation(TopoDS_Shape const & shape)
         }
         sdkSurfaceDistance surface(face);
         for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
-            farthest = larger(farthest, deviation(surface, face, TopoDS::Edge(edge.Current())));
+            farthest = sdk_larger_deviation(farthest, deviation(surface, face, TopoDS::Edge(edge.Current())));
         }
     }
     return farthest;
+}
+
+double sdk_larger_deviation(double a, double b)
+{
+    return std::isnan(a) || a > b ? a : b;
 }

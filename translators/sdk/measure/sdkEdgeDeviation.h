@@ -10,3 +10,7 @@ double sdk_edge_deviation(TopoDS_Face const & face, TopoDS_Edge const & edge);
 
 // The largest over all edges of all faces of a shape.
 double sdk_edge_deviation(TopoDS_Shape const & shape);
+
+// The larger of two deviations; what is no number is larger than any: an edge that lies nowhere lies off its
+// surface.
+double sdk_larger_deviation(double a, double b);

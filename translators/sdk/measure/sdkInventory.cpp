@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkInventory.h"
 
 #include "sdk/measure/sdkInventoryColours.h"
+#include "sdk/sdkParallel.h"
 #include "sdk/sdkVisibility.h"
 
 #include <BRep_Tool.hxx>
@@ -13,10 +14,7 @@
 #include <TopoDS.hxx>
 
 #include <algorithm>
-#include <atomic>
-#include <exception>
-#include <mutex>
-#include <thread>
+#include <utility>
 
 namespace {
 
@@ -46,6 +44,9 @@ struct Part {
     std::vector<PartBody> bodies;
     sdkPartAttributes attributes;
 };
+
+// So many faces or bodies.
+constexpr std::size_t worth_a_thread = 16;
 
 class Inventory {
 public:
@@ -124,45 +125,37 @@ private:
         }
     }
 
+    // Face by face, so that one large body does not keep the other threads waiting.
     void measure(Message_ProgressRange const & range)
     {
-        Message_ProgressScope scope(range, nullptr, m_shapes.Extent());
-        m_measures.resize(static_cast<std::size_t>(m_shapes.Extent()));
-        std::atomic<int> next{1};
-        std::atomic<int> done{0};
-        std::atomic<bool> stop{false};
-        std::exception_ptr failure;
-        std::mutex mutex;
-        auto const work = [&](bool leader) {
-            try {
-                for (int at = next++; at <= m_shapes.Extent() && !stop; at = next++) {
-                    m_measures[static_cast<std::size_t>(at - 1)] =
-                        sdk_measure_body(m_shapes(at), m_options.level);
-                    ++done;
-                    // Progress may be told by one thread only.
-                    if (leader) {
-                        scope.Next(done - scope.Value());
-                        stop = stop || scope.UserBreak();
-                    }
-                }
-            } catch (...) {
-                std::lock_guard const lock(mutex);
-                failure = std::current_exception();
-                stop = true;
+        Message_ProgressScope scope(range, nullptr, 10);
+        std::vector<sdkBodyMeasuring> bodies;
+        std::vector<std::pair<std::size_t, int>> faces;
+        for (int at = 1; at <= m_shapes.Extent(); ++at) {
+            bodies.emplace_back(m_shapes(at), m_options.level);
+            for (int face = 0; face < bodies.back().faces(); ++face) {
+                faces.emplace_back(bodies.size() - 1, face);
             }
+        }
+        auto const threads = [this](std::size_t pieces) {
+            return std::min(m_options.threads, 1 + static_cast<int>(pieces / worth_a_thread));
         };
-        {
-            std::vector<std::jthread> helpers;
-            int const threads = std::min(m_options.threads, m_shapes.Extent() / 2);
-            for (int at = 1; at < threads; ++at) {
-                helpers.emplace_back(work, false);
-            }
-            work(true);
-        }
-        if (failure) {
-            std::rethrow_exception(failure);
-        }
-        m_result.cancelled = stop;
+        m_measures.resize(bodies.size());
+        bool const done = sdk_in_parallel(
+                              static_cast<int>(faces.size()), threads(faces.size()),
+                              [&](int at) {
+                                  auto const [body, face] = faces[static_cast<std::size_t>(at)];
+                                  bodies[body].measure_face(face);
+                              },
+                              scope.Next(9)) &&
+                          sdk_in_parallel(
+                              static_cast<int>(bodies.size()), threads(bodies.size()),
+                              [&](int at) {
+                                  auto const body = static_cast<std::size_t>(at);
+                                  m_measures[body] = bodies[body].finish();
+                              },
+                              scope.Next(1));
+        m_result.cancelled = !done;
     }
 
     void place(TDF_Label const & label, TopLoc_Location const & outer, std::set<std::string> names,

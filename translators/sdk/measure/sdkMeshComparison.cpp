@@ -3,9 +3,9 @@
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/measure/sdkBody.h"
 #include "sdk/measure/sdkBodyPairs.h"
-#include "sdk/measure/sdkMeshDistance.h"
 #include "sdk/measure/sdkMeshMeasure.h"
 #include "sdk/measure/sdkOuterExtent.h"
+#include "sdk/sdkParallel.h"
 
 #include <TopExp_Explorer.hxx>
 
@@ -78,17 +78,17 @@ void tell_beyond(Farthest const & farthest, double allowed, std::string_view tex
     }
 }
 
-void compare_extents(TopoDS_Shape const & source, TopoDS_Shape const & output, double deflection,
+void compare_extents(sdkMeshSource const & source, TopoDS_Shape const & output, double deflection,
                      std::vector<sdkFinding> & findings)
 {
-    auto const box = sdk_outer_extent(source);
+    auto const & box = source.extent;
     double const size = box.IsVoid() || box.IsOpen() ? 0 : std::sqrt(box.SquareExtent());
     double const allowed = 2 * deflection + rounding * size + sdkTolerances().absolute;
     tell_beyond(farthest_beyond(output, box), allowed,
                 "measure::The output reaches %.6g mm beyond the source, at %s", findings);
     // Of surfaces it is told part by part how far they lie off.
-    if (sdk_triangles_only(source)) {
-        tell_beyond(farthest_beyond(source, sdk_outer_extent(output)), allowed,
+    if (source.triangles) {
+        tell_beyond(farthest_beyond(source.shape, sdk_outer_extent(output)), allowed,
                     "measure::The source reaches %.6g mm beyond the output, at %s", findings);
     }
 }
@@ -102,10 +102,9 @@ std::optional<std::int64_t> sides_to_expect(TopoDS_Shape const & source)
     return all_solids(source) ? std::optional<std::int64_t>(0) : std::nullopt;
 }
 
-void compare_sides(TopoDS_Shape const & source, TopoDS_Shape const & output,
+void compare_sides(std::optional<std::int64_t> const & expected, TopoDS_Shape const & output,
                    std::vector<sdkFinding> & findings)
 {
-    auto const expected = sides_to_expect(source);
     if (!expected) {
         return;
     }
@@ -127,16 +126,34 @@ void compare_sides(TopoDS_Shape const & source, TopoDS_Shape const & output,
     }
 }
 
-void compare_distances(sdkDocument const & source, sdkMeshDistance const & mesh, sdkPromise const & promise,
-                       std::vector<sdkFinding> & findings)
+// Every thread takes so many points at a time.
+constexpr std::size_t portion = 256;
+
+std::vector<double> distances(std::vector<sdkSurfacePoint> const & points, sdkMeshDistance const & mesh,
+                              int threads)
+{
+    std::vector<double> result(points.size());
+    auto const portions = static_cast<int>((points.size() + portion - 1) / portion);
+    sdk_in_parallel(portions, threads, [&](int number) {
+        auto const begin = static_cast<std::size_t>(number) * portion;
+        for (auto at = begin; at < std::min(begin + portion, points.size()); ++at) {
+            result[at] = mesh.of(points[at].point);
+        }
+    });
+    return result;
+}
+
+void compare_distances(sdkMeshSource const & source, sdkMeshDistance const & mesh, sdkPromise const & promise,
+                       int threads, std::vector<sdkFinding> & findings)
 {
     // Twice: the mesher looks at few points, and single precision rounds.
     double const allowed = 2 * promise.deflection;
     std::map<std::string, Farthest> parts;
-    for (auto const & [point, part] : sdk_surface_points(source, promise.hidden)) {
-        double const distance = mesh.of(point);
-        if (auto & farthest = parts[part]; !(distance <= farthest.distance)) {
-            farthest = {distance, point};
+    auto const distance = distances(source.points, mesh, threads);
+    for (std::size_t at = 0; at < distance.size(); ++at) {
+        auto const & [point, part] = source.points[at];
+        if (auto & farthest = parts[part]; !(distance[at] <= farthest.distance)) {
+            farthest = {distance[at], point};
         }
     }
     for (auto const & [part, farthest] : parts) {
@@ -153,22 +170,34 @@ void compare_distances(sdkDocument const & source, sdkMeshDistance const & mesh,
 
 } // namespace
 
-void sdk_compare_mesh(sdkDocument const & source, sdkDocument const & output, sdkPromise const & promise,
-                      std::vector<sdkFinding> & findings)
+sdkMeshSource sdk_mesh_source(sdkDocument const & document, bool hidden)
 {
-    auto const from = sdk_whole_shape(source);
-    auto const to = sdk_whole_shape(output);
-    if (from.IsNull() || to.IsNull()) {
+    sdkMeshSource source{.shape = sdk_whole_shape(document), .points = {}, .extent = {}, .sides = {}};
+    if (!source.shape.IsNull()) {
+        source.triangles = sdk_triangles_only(source.shape);
+        if (!source.triangles) {
+            source.points = sdk_surface_points(document, hidden);
+        }
+        source.extent = sdk_outer_extent(source.shape);
+        source.sides = sides_to_expect(source.shape);
+    }
+    return source;
+}
+
+void sdk_compare_mesh(sdkMeshSource const & source, sdkDocument const & output, sdkPromise const & promise,
+                      std::vector<sdkFinding> & findings, int threads)
+{
+    auto const shape = sdk_whole_shape(output);
+    if (source.shape.IsNull() || shape.IsNull()) {
         return; // nothing came back, which is told of the bodies
     }
-    bool const exact = sdk_triangles_only(from);
-    if (!exact) {
+    if (!source.triangles) {
         if (sdkMeshDistance const mesh(output); !mesh.empty()) {
-            compare_distances(source, mesh, promise, findings);
+            compare_distances(source, mesh, promise, threads, findings);
         }
     }
-    compare_extents(from, to, exact ? 0 : promise.deflection, findings);
-    if (sdk_triangles_only(to)) {
-        compare_sides(from, to, findings);
+    compare_extents(source, shape, source.triangles ? 0 : promise.deflection, findings);
+    if (sdk_triangles_only(shape)) {
+        compare_sides(source.sides, shape, findings);
     }
 }

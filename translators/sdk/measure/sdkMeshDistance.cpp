@@ -13,6 +13,8 @@
 #include <BVH_Triangulation.hxx>
 #include <Poly_Triangulation.hxx>
 #include <Precision.hxx>
+#include <TCollection_AsciiString.hxx>
+#include <TDF_Tool.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_MapOfShape.hxx>
 #include <TopoDS.hxx>
@@ -20,6 +22,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -49,8 +52,7 @@ public:
     }
 };
 
-void add_edges(TopoDS_Face const & face, int most, std::string const & part,
-               std::vector<sdkSurfacePoint> & points)
+void add_edges(TopoDS_Face const & face, int most, std::vector<gp_Pnt> & points)
 {
     int taken = 0;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More() && taken < most; one.Next()) {
@@ -64,13 +66,12 @@ void add_edges(TopoDS_Face const & face, int most, std::string const & part,
         BRepAdaptor_Curve const curve(edge);
         int const count = curve.GetType() == GeomAbs_Line ? 2 : 6;
         for (int at = 0; at < count; ++at, ++taken) {
-            points.push_back({curve.Value(first + (last - first) * at / count), part});
+            points.push_back(curve.Value(first + (last - first) * at / count));
         }
     }
 }
 
-void add_inside(TopoDS_Face const & face, int most, std::string const & part,
-                std::vector<sdkSurfacePoint> & points)
+void add_inside(TopoDS_Face const & face, int most, std::vector<gp_Pnt> & points)
 {
     BRepAdaptor_Surface const surface(face, Standard_False);
     double u_first = 0;
@@ -91,7 +92,7 @@ void add_inside(TopoDS_Face const & face, int most, std::string const & part,
             gp_Pnt2d const at(u_first + (u_last - u_first) * i / steps,
                               v_first + (v_last - v_first) * j / steps);
             if (inside.Perform(at) == TopAbs_IN) {
-                points.push_back({surface.Value(at.X(), at.Y()), part});
+                points.push_back(surface.Value(at.X(), at.Y()));
             }
         }
     }
@@ -148,24 +149,36 @@ private:
     void add_part(TDF_Label const & part, TopLoc_Location const & location)
     {
         auto const name = sdkDocument::name(part);
-        auto const left_out = m_hidden ? TopTools_MapOfShape() : hidden_faces(part);
-        auto const begin = points.size();
-        for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(part), TopAbs_FACE); face.More(); face.Next()) {
-            auto const & one = TopoDS::Face(face.Current());
-            TopLoc_Location ignored;
-            if (!left_out.Contains(one) && !BRep_Tool::Surface(one, ignored).IsNull()) {
-                add_edges(one, m_most, name, points);
-                add_inside(one, m_most, name, points);
+        for (auto const & point : points_of(part)) {
+            points.push_back({point.Transformed(location.Transformation()), name});
+        }
+    }
+
+    // In the part's own place, found once for all its instances.
+    std::vector<gp_Pnt> const & points_of(TDF_Label const & part)
+    {
+        TCollection_AsciiString entry;
+        TDF_Tool::Entry(part, entry);
+        auto const [found, added] = m_parts.try_emplace(entry.ToCString());
+        if (added) {
+            auto const left_out = m_hidden ? TopTools_MapOfShape() : hidden_faces(part);
+            for (TopExp_Explorer face(XCAFDoc_ShapeTool::GetShape(part), TopAbs_FACE); face.More();
+                 face.Next()) {
+                auto const & one = TopoDS::Face(face.Current());
+                TopLoc_Location ignored;
+                if (!left_out.Contains(one) && !BRep_Tool::Surface(one, ignored).IsNull()) {
+                    add_edges(one, m_most, found->second);
+                    add_inside(one, m_most, found->second);
+                }
             }
         }
-        for (auto at = begin; at < points.size(); ++at) {
-            points[at].point.Transform(location.Transformation());
-        }
+        return found->second;
     }
 
     sdkDocument const & m_document;
     bool m_hidden;
     int m_most;
+    std::map<std::string, std::vector<gp_Pnt>> m_parts; // by their labels
 };
 
 } // namespace

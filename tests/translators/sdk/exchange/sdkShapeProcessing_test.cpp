@@ -102,6 +102,11 @@ TEST_F(ShapeProcessing, HealsWhatIsReadOrNot)
         EXPECT_TRUE(processed(broken, "read.step.sequence").IsEqual(broken));
     }
     {
+        // Nothing that concerns the parameters of its surface is wrong with it.
+        sdkShapeProcessing const processing(sdkHealing::boundaries);
+        EXPECT_TRUE(processed(broken, "read.step.sequence").IsEqual(broken));
+    }
+    {
         sdkShapeProcessing const processing(sdkHealing::standard);
         EXPECT_FALSE(processed(broken, "read.step.sequence").IsEqual(broken));
     }

@@ -253,3 +253,20 @@ TEST(Inventory, OnlyCountsWhenOnlyCountsAreWanted)
     EXPECT_EQ(inventory.bodies[0].measure.faces.size(), 6U);
     EXPECT_EQ(inventory.volume(), 0);
 }
+
+TEST(Inventory, IsTheSameWhateverTheNumberOfThreads)
+{
+    sdkDocument document;
+    for (int number = 0; number < 40; ++number) {
+        document.add_shape(kit_cube(1 + number), "Cube " + std::to_string(number));
+    }
+    auto const alone = sdk_take_inventory(document, {.threads = 1});
+    auto const shared = sdk_take_inventory(document, {.threads = 3});
+    ASSERT_EQ(alone.bodies.size(), 40U);
+    ASSERT_EQ(shared.bodies.size(), 40U);
+    for (std::size_t at = 0; at < 40; ++at) {
+        EXPECT_EQ(alone.bodies[at].measure.volume, shared.bodies[at].measure.volume);
+        EXPECT_EQ(alone.bodies[at].measure.faces.size(), shared.bodies[at].measure.faces.size());
+        EXPECT_EQ(alone.bodies[at].part, shared.bodies[at].part);
+    }
+}

@@ -49,7 +49,7 @@ protected:
         sdkPromise promise;
         promise.deflection = deflection;
         std::vector<sdkFinding> findings;
-        sdk_compare_mesh(source, document, promise, findings);
+        sdk_compare_mesh(sdk_mesh_source(source, promise.hidden), document, promise, findings);
         EXPECT_TRUE(all_fit(findings));
         return findings;
     }
@@ -119,7 +119,7 @@ std::vector<sdkFinding> compare_meshes(TopoDS_Shape const & source, TopoDS_Shape
     sdkPromise promise;
     promise.deflection = deflection;
     std::vector<sdkFinding> findings;
-    sdk_compare_mesh(from, to, promise, findings);
+    sdk_compare_mesh(sdk_mesh_source(from, promise.hidden), to, promise, findings);
     EXPECT_TRUE(all_fit(findings));
     return findings;
 }
