@@ -2,6 +2,7 @@
 #include "sglReportDialog.h"
 
 #include <atomic>
+#include <filesystem>
 
 TEST_F(Screens, ProgressWhileReading)
 {
@@ -52,6 +53,30 @@ TEST_F(Screens, ProgressAfterAFailure)
     sglReportDialog report(frame());
     show_modal(report, [&] {
         picture(report, "report");
+        press(report, "IDC_REPORT_OK");
+    });
+}
+
+TEST_F(Screens, ReportOfFindings)
+{
+    auto const translate = [&](std::string const & name, std::string const & output) {
+        sglTranslation request;
+        auto const file = folder() / name;
+        std::filesystem::copy_file(std::filesystem::path(FAULTS) / name, file);
+        fill(request, 0, file, folder() / output);
+        kitDialog dialog(info(), frame(), nullptr);
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
+        run_to_end(request, dialog, [] {});
+    };
+    translate("attr.step", "fixture.igs");
+    translate("halfspace.step", "base plate.igs");
+    sglReportDialog report(frame());
+    show_modal(report, [&] {
+        picture(report, "report-findings");
+        auto * const text = find<sglEdit>(report, "IDC_REPORT_EDIT");
+        text->ShowPosition(text->GetLastPosition());
+        picture(report, "report-verdict");
         press(report, "IDC_REPORT_OK");
     });
 }
