@@ -20,21 +20,13 @@ std::optional<Quantity_ColorRGBA> colour_of(sdkDocument const & document, TDF_La
 
 } // namespace
 
-igesColourLosses iges_count_colour_losses(sdkDocument const & document)
+std::int64_t iges_count_transparent(sdkDocument const & document)
 {
-    igesColourLosses losses;
+    std::int64_t transparent = 0;
     for (TDF_ChildIterator child(document.shapes()->Label(), Standard_True); child.More(); child.Next()) {
         auto const & label = child.Value();
         auto const colour = XCAFDoc_ShapeTool::IsShape(label) ? colour_of(document, label) : std::nullopt;
-        if (!colour) {
-            continue;
-        }
-        losses.transparent += colour->Alpha() < 1 ? 1 : 0;
-        TDF_Label referred;
-        if (XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
-            auto const own = colour_of(document, referred);
-            losses.overridden += own && !own->GetRGB().IsEqual(colour->GetRGB()) ? 1 : 0;
-        }
+        transparent += colour && colour->Alpha() < 1 ? 1 : 0;
     }
-    return losses;
+    return transparent;
 }

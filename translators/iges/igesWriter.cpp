@@ -127,23 +127,9 @@ void igesWriter::report_colours(sdkDocument const & document)
     if (!m_context.options().boolean("igesWriteColours")) {
         return;
     }
-    auto const losses = iges_count_colour_losses(document);
-    if (losses.transparent > 0) {
+    if (auto const transparent = iges_count_transparent(document); transparent > 0) {
         m_context.reporter().output("iges::IGES files hold no transparency: %d shapes become opaque",
-                                    losses.transparent);
-    }
-    if (losses.overridden > 0) {
-        m_context.account().add(
-            {.weight = sdkWeight::difference,
-             .kind = "colour",
-             .part = {},
-             .place = {},
-             .source = static_cast<double>(losses.overridden),
-             .output = 0,
-             .text =
-                 sdkText("iges::%d instances have another colour than their part; in %s they have that of "
-                         "the part",
-                         losses.overridden, m_context.file())});
+                                    transparent);
     }
 }
 

@@ -101,6 +101,10 @@ private:
     {
         Placement const placement(XCAFDoc_ShapeTool::GetShape(part), location, m_placing);
         auto const label = m_document.add_shape(placement.shape(), {});
+        if (!places.IsEmpty() && XCAFDoc_ShapeTool::IsReference(places.Last())) {
+            // Somebody has painted just this instance.
+            sdk_add_colours(m_document, places.Last(), label);
+        }
         sdk_add_attributes(m_document, part, label);
         for (int place = places.Length(); place >= 1; --place) {
             sdk_add_attributes(m_document, places(place), label);

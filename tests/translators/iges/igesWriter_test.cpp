@@ -179,20 +179,23 @@ TEST_F(IgesWriter, SaysThatShapesBecomeOpaque)
     EXPECT_FALSE(said().says("transparency"));
 }
 
-TEST_F(IgesWriter, NamesColoursOfInstancesThatArePartsOwn)
+TEST_F(IgesWriter, GivesInstancesTheColourThatTheyWerePainted)
 {
-    sdkDocument document;
-    kit_add_assembly(document);
-    ASSERT_TRUE(write(document, path("same.igs")));
-    EXPECT_TRUE(account().findings().empty());
-    sdkDocument other;
-    kit_add_assembly(other);
-    TDF_LabelSequence components;
-    XCAFDoc_ShapeTool::GetComponents(other.free_shapes().First(), components);
-    other.colours()->SetColor(components.First(), kit_blue(), XCAFDoc_ColorSurf);
-    ASSERT_TRUE(write(other, path("other.igs")));
-    ASSERT_EQ(account().findings().size(), 1u);
-    EXPECT_EQ(account().findings().front().kind, "colour");
-    EXPECT_EQ(account().findings().front().weight, sdkWeight::difference);
-    EXPECT_EQ(account().findings().front().source, 1);
+    // One of them is the second of two places of one part.
+    for (int const painted : {1, 3}) {
+        sdkDocument original;
+        kit_add_assembly(original);
+        TDF_LabelSequence components;
+        XCAFDoc_ShapeTool::GetComponents(original.free_shapes().First(), components);
+        original.colours()->SetColor(components(painted), Quantity_NOC_GREEN, XCAFDoc_ColorSurf);
+        ASSERT_TRUE(write(original, path("painted.igs")));
+        EXPECT_TRUE(account().findings().empty());
+        sdkDocument document;
+        ASSERT_TRUE(read(path("painted.igs"), document));
+        int green = 0;
+        for (auto const & part : document.parts()) {
+            green += kit_colour(document, part).IsEqual(Quantity_NOC_GREEN) ? 1 : 0;
+        }
+        EXPECT_EQ(green, 1);
+    }
 }

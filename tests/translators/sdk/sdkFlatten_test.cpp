@@ -47,7 +47,7 @@ TEST_P(Flatten, KeepsTheColoursOfFaces)
     EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
 }
 
-TEST_P(Flatten, LetsTheColourOfThePartHideThoseOfItsPlaces)
+TEST_P(Flatten, LetsTheColourOfItsPlaceHideThatOfThePart)
 {
     // Of whichever kind the colours are.
     for (auto const of_part : {XCAFDoc_ColorGen, XCAFDoc_ColorSurf}) {
@@ -58,12 +58,30 @@ TEST_P(Flatten, LetsTheColourOfThePartHideThoseOfItsPlaces)
             auto const assembly = document.shapes()->NewShape();
             auto const place = document.shapes()->AddComponent(assembly, cube, TopLoc_Location());
             document.colours()->SetColor(place, kit_blue(), of_place);
+            document.colours()->SetColor(assembly, kit_red(), of_place);
             document.shapes()->UpdateAssemblies();
             sdk_flatten(document, document.free_shapes(), GetParam());
             ASSERT_EQ(document.parts().Length(), 1);
-            EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
+            EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_blue()));
         }
     }
+}
+
+TEST_P(Flatten, LetsTheColourOfThePartHideThoseOfAssemblies)
+{
+    sdkDocument document;
+    auto const cube = document.add_shape(kit_cube(10), "Cube");
+    document.colours()->SetColor(cube, kit_red(), XCAFDoc_ColorSurf);
+    auto const inner = document.shapes()->NewShape();
+    document.shapes()->AddComponent(inner, cube, TopLoc_Location());
+    auto const outer = document.shapes()->NewShape();
+    auto const place = document.shapes()->AddComponent(outer, inner, TopLoc_Location());
+    document.colours()->SetColor(inner, kit_blue(), XCAFDoc_ColorSurf);
+    document.colours()->SetColor(place, kit_blue(), XCAFDoc_ColorSurf);
+    document.shapes()->UpdateAssemblies();
+    sdk_flatten(document, document.free_shapes(), GetParam());
+    ASSERT_EQ(document.parts().Length(), 1);
+    EXPECT_TRUE(kit_colour(document, document.parts().First()).IsEqual(kit_red()));
 }
 
 TEST_P(Flatten, GivesPartsTheColourAndTheLayerOfTheirAssembly)

@@ -163,15 +163,15 @@ private:
     {
         auto const shape_label = definition(label);
         auto const location = shape_label == label ? outer : outer * XCAFDoc_ShapeTool::GetLocation(label);
+        std::optional<std::string> painted;
         if (shape_label != label) {
             note(label, names, hidden, layers);
-            // The innermost place that has a colour.
-            auto const own = sdk_label_colour(m_document, label);
-            colour = own ? own : colour;
+            painted = sdk_label_colour(m_document, label);
         }
         if (XCAFDoc_ShapeTool::IsAssembly(shape_label)) {
             note(shape_label, names, hidden, layers);
-            auto const own = sdk_label_colour(m_document, shape_label);
+            // The colour of the innermost place that has one.
+            auto const own = painted ? painted : sdk_label_colour(m_document, shape_label);
             colour = own ? own : colour;
             TDF_LabelSequence components;
             XCAFDoc_ShapeTool::GetComponents(shape_label, components);
@@ -203,7 +203,7 @@ private:
             auto const & local = m_measures[static_cast<std::size_t>(one.measured - 1)];
             auto const where = location * one.shape.Location();
             body.measure = one.shape.Orientation() == TopAbs_REVERSED ? local.reversed() : local;
-            part.attributes.apply(one.shape, colour, body);
+            part.attributes.apply(one.shape, painted, colour, body);
             if (!where.IsIdentity()) {
                 body.measure = body.measure.placed(where.Transformation());
             }

@@ -77,10 +77,10 @@ sdkPartAttributes::Detail const * sdkPartAttributes::of(TopoDS_Shape const & sha
     return m_details.Seek(shape);
 }
 
-void sdkPartAttributes::apply(TopoDS_Shape const & shape, std::optional<std::string> const & placed_colour,
-                              sdkBody & body) const
+void sdkPartAttributes::apply(TopoDS_Shape const & shape, std::optional<std::string> const & painted,
+                              std::optional<std::string> const & placed_colour, sdkBody & body) const
 {
-    auto colour = m_part.colour ? m_part.colour : placed_colour;
+    auto colour = painted ? painted : m_part.colour ? m_part.colour : placed_colour;
     auto const take = [&](Detail const & detail) {
         colour = detail.colour ? detail.colour : colour;
         body.layers.insert(detail.layers.begin(), detail.layers.end());

@@ -14,10 +14,11 @@ class sdkPartAttributes {
 public:
     sdkPartAttributes(sdkDocument const & document, TDF_Label const & part);
 
-    // Gives a body of the part what its own labels, those of its faces and of the part say. `placed_colour`
-    // is the colour of the innermost place that has one; it holds for what has none of its own.
-    void apply(TopoDS_Shape const & shape, std::optional<std::string> const & placed_colour,
-               sdkBody & body) const;
+    // Gives a body of the part what its own labels, those of its faces and of the part say. `painted` is the
+    // colour of the part's own place, which hides that of the part, `placed_colour` that of the innermost
+    // place further out that has one; it holds for what has none of its own.
+    void apply(TopoDS_Shape const & shape, std::optional<std::string> const & painted,
+               std::optional<std::string> const & placed_colour, sdkBody & body) const;
 
 private:
     struct Detail {

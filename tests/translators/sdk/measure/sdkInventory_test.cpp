@@ -143,7 +143,7 @@ TEST(Inventory, KnowsAllNamesAroundABody)
     EXPECT_EQ(body.names, (std::set<std::string>{"Cube", "Left", "Assembly"}));
 }
 
-TEST(Inventory, LetsTheColourOfAPartHideThatOfItsPlace)
+TEST(Inventory, LetsTheColourOfAPlaceHideThatOfItsPart)
 {
     Placed placed;
     auto const colour = [&] {
@@ -153,9 +153,9 @@ TEST(Inventory, LetsTheColourOfAPartHideThatOfItsPlace)
     EXPECT_EQ(colour(), "");
     placed.document.colours()->SetColor(placed.assembly, kit_red(), XCAFDoc_ColorSurf);
     EXPECT_EQ(colour(), red);
-    placed.document.colours()->SetColor(placed.instance, kit_blue(), XCAFDoc_ColorSurf);
+    placed.document.colours()->SetColor(placed.part, kit_blue(), XCAFDoc_ColorGen);
     EXPECT_EQ(colour(), blue);
-    placed.document.colours()->SetColor(placed.part, kit_red(), XCAFDoc_ColorGen);
+    placed.document.colours()->SetColor(placed.instance, kit_red(), XCAFDoc_ColorSurf);
     EXPECT_EQ(colour(), red);
 }
 
