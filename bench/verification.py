@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """What it costs to hold an output against its source: bench/verification.py PROGRAM FILE ...
 
-Translates each file to IGES, STEP, BREP and STL without verification and with all of it, in turn, and prints medians,
-their ratio, and the largest memory of the translator processes together: pages that they share count once.
+Translates each STEP file to IGES, STEP, BREP and STL without verification and with all of it, in turn, and prints
+medians, their ratio, and the largest memory of the translator processes together: pages that they share count once.
+The jobs go to the translator process itself: the program asks ten times a second whether it is done.
 """
-import os
+import json
 import pathlib
 import statistics
 import subprocess
@@ -17,21 +18,37 @@ LOOKS = 3  # at the memory, which is sampled and so now and then caught between 
 FORMATS = ("IGES", "STEP", "BREP", "STL")
 
 
-def environment(home):
-    kept = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
-    return kept | {"HOME": home}
+class Translation:
+    def __init__(self, program, file, translator, verify, folder):
+        root = pathlib.Path(program).resolve().parent.parent
+        self.host = root / "libexec/vmr/vmr-host"
 
+        def side(path, name):
+            module = str(root / f"lib/vmr/translators/{name.lower()}.so")
+            return {"file": path, "module": module, "format": name, "options": {}}
 
-def command(program, file, translator, verify, folder):
-    return [program, file, "-t", translator, "-o", f"{folder}/out.{translator.lower()}", "-res_opt",
-            f"vmrOptVerify:{verify}"]
+        output = side(f"{folder}/out.{translator.lower()}", translator)
+        output["options"]["vmrOptVerify"] = verify
+        self.job = json.dumps({"job": 1, "inputs": [side(str(pathlib.Path(file).resolve()), "STEP")], "output": output})
 
+    def start(self):
+        process = subprocess.Popen([self.host], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, text=True)
+        process.stdin.write(self.job + "\n")
+        process.stdin.flush()
+        return process
 
-def seconds(words, home):
-    begin = time.perf_counter()
-    subprocess.run(words, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL,
-                   env=environment(home), check=True)
-    return time.perf_counter() - begin
+    @staticmethod
+    def end(process):
+        # It ends with its job; a closed input would be the user who cancels.
+        if process.wait() != 0:
+            sys.exit("a translation failed")
+        process.stdin.close()
+
+    def seconds(self):
+        begin = time.perf_counter()
+        self.end(self.start())
+        return time.perf_counter() - begin
 
 
 def descendants(parent):
@@ -57,12 +74,14 @@ def proportional_set(process):
     return 0
 
 
-def peak_megabytes(words, home):
-    process = subprocess.Popen(words, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment(home))
+def peak_megabytes(translation):
+    process = translation.start()
     peak = 0
     while process.poll() is None:
-        peak = max(peak, sum(proportional_set(one) for one in descendants(process.pid)))
+        processes = [process.pid] + descendants(process.pid)
+        peak = max(peak, sum(proportional_set(one) for one in processes))
         time.sleep(0.01)
+    translation.end(process)
     return peak / 1024
 
 
@@ -71,16 +90,15 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         for file in files:
             for translator in FORMATS:
-                none = command(program, file, translator, "none", folder)
-                full = command(program, file, translator, "full", folder)
-                seconds(none, folder), seconds(full, folder)
+                none = Translation(program, file, translator, "none", folder)
+                full = Translation(program, file, translator, "full", folder)
+                none.seconds(), full.seconds()
                 without, with_all = [], []
                 for _ in range(RUNS):
-                    without.append(seconds(none, folder))
-                    with_all.append(seconds(full, folder))
+                    without.append(none.seconds())
+                    with_all.append(full.seconds())
                 a, b = statistics.median(without), statistics.median(with_all)
-                memory = [statistics.median(peak_megabytes(words, folder) for _ in range(LOOKS))
-                          for words in (none, full)]
+                memory = [statistics.median(peak_megabytes(one) for _ in range(LOOKS)) for one in (none, full)]
                 print(f"{pathlib.Path(file).name} to {translator}: {a:.3f} s, verified {b:.3f} s: {b / a - 1:+.0%}; "
                       f"hosts {memory[0]:.0f} MB, verified {memory[1]:.0f} MB: {memory[1] / memory[0]:.2f} times",
                       flush=True)
