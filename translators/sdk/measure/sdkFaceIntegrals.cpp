@@ -2,8 +2,10 @@
 
 #include "sdk/measure/sdkFaceBoundary.h"
 #include "sdk/measure/sdkFaceSums.h"
+#include "sdk/measure/sdkSplineSums.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -17,8 +19,27 @@ void add_row(BRepAdaptor_Surface const & surface, sdkBoundaryNode const & node, 
         gp_Vec along_u;
         gp_Vec along_v;
         surface.D1(from + half * (1 + place), node.v, point, along_u, along_v);
-        sums.add(point, along_u, along_v, half * weight * node.weight);
+        sums.add({point.XYZ(), along_u.XYZ(), along_v.XYZ()}, half * weight * node.weight);
     }
+}
+
+// Span by span, and in each along the boundary: the surface keeps the patch that it is on.
+void add_rows(BRepAdaptor_Surface const & surface, std::vector<sdkBoundaryNode> const & nodes,
+              sdkSpans const & spans, int points, sdkFaceSums & sums)
+{
+    for (std::size_t at = 0; at + 1 < spans.size(); ++at) {
+        for (auto const & node : nodes) {
+            if (node.u > spans[at]) {
+                add_row(surface, node, spans[at], std::min(node.u, spans[at + 1]), points, sums);
+            }
+        }
+    }
+}
+
+bool finite(std::vector<sdkBoundaryNode> const & nodes)
+{
+    return std::all_of(nodes.begin(), nodes.end(),
+                       [](auto const & node) { return std::isfinite(node.u) && std::isfinite(node.v); });
 }
 
 } // namespace
@@ -47,13 +68,10 @@ sdkFaceIntegrals sdk_face_integrals(TopoDS_Face const & face, gp_Pnt const & ref
     auto const spans = patches.u_spans(least->u, most->u);
     int const points = patches.u_points();
     sdkFaceSums sums(reference);
-    // Span by span, and in each along the boundary: the surface keeps the patch that it is on.
-    for (std::size_t at = 0; at + 1 < spans.size(); ++at) {
-        for (auto const & node : nodes) {
-            if (node.u > spans[at]) {
-                add_row(surface, node, spans[at], std::min(node.u, spans[at + 1]), points, sums);
-            }
-        }
+    if (patches.type() == GeomAbs_BSplineSurface && finite(nodes)) {
+        sdk_add_spline_rows(surface, nodes, spans, points, sums);
+    } else {
+        add_rows(surface, nodes, spans, points, sums);
     }
     return sums.integrals(face.Orientation() == TopAbs_REVERSED);
 }

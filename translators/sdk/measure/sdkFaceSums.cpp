@@ -1,31 +1,35 @@
 #include "sdk/measure/sdkFaceSums.h"
 
-void sdkFaceSums::add(gp_Pnt const & point, gp_Vec const & along_u, gp_Vec const & along_v, double weight)
+void sdkFaceSums::add(sdkSurfacePoint const & at, double weight)
 {
-    auto const normal = along_u.XYZ().Crossed(along_v.XYZ());
-    auto const r = point.XYZ() - m_reference;
-    double const area = weight * normal.Modulus();
-    double const cone = weight * r.Dot(normal);
-    m_sums.area += area;
-    m_sums.area_moment += r * area;
-    for (int row = 1; row <= 3; ++row) {
-        for (int column = row; column <= 3; ++column) {
-            auto & value = m_sums.second_moment.ChangeValue(row, column);
-            value += r.Coord(row) * r.Coord(column) * area;
-            m_sums.second_moment.SetValue(column, row, value);
-        }
-    }
-    m_sums.vector_area += normal * weight;
-    m_sums.volume += cone / 3;
-    m_sums.volume_moment += r * (cone / 4);
+    auto const normal = at.along_u.Crossed(at.along_v) * weight;
+    auto const r = at.point - m_reference;
+    double const area = weight < 0 ? -normal.Modulus() : normal.Modulus();
+    double const outflow = r.Dot(normal);
+    auto const moment = r * area;
+    m_area += area;
+    m_area_moment += moment;
+    m_second[0] += r.X() * moment.X();
+    m_second[1] += r.X() * moment.Y();
+    m_second[2] += r.X() * moment.Z();
+    m_second[3] += r.Y() * moment.Y();
+    m_second[4] += r.Y() * moment.Z();
+    m_second[5] += r.Z() * moment.Z();
+    m_vector_area += normal;
+    m_outflow += outflow;
+    m_outflow_moment += r * outflow;
 }
 
 sdkFaceIntegrals sdkFaceSums::integrals(bool reversed) const
 {
-    auto result = m_sums;
     double const sign = reversed ? -1 : 1;
-    result.vector_area *= sign;
-    result.volume *= sign;
-    result.volume_moment *= sign;
+    auto const & [xx, xy, xz, yy, yz, zz] = m_second;
+    sdkFaceIntegrals result;
+    result.area = m_area;
+    result.area_moment = m_area_moment;
+    result.second_moment = gp_Mat(xx, xy, xz, xy, yy, yz, xz, yz, zz);
+    result.vector_area = m_vector_area * sign;
+    result.volume = sign * m_outflow / 3;
+    result.volume_moment = m_outflow_moment * (sign / 4);
     return result;
 }
