@@ -2,6 +2,7 @@
 
 #include "sdk/measure/sdkFaceBoundary.h"
 #include "sdk/measure/sdkFaceSums.h"
+#include "sdk/measure/sdkRoundSums.h"
 #include "sdk/measure/sdkSplineSums.h"
 
 #include <algorithm>
@@ -42,6 +43,31 @@ bool finite(std::vector<sdkBoundaryNode> const & nodes)
                        [](auto const & node) { return std::isfinite(node.u) && std::isfinite(node.v); });
 }
 
+// Of the face as it looks where du x dv points.
+sdkFaceIntegrals forward_integrals(TopoDS_Face const & face, gp_Pnt const & reference)
+{
+    BRepAdaptor_Surface const surface(face, Standard_False);
+    sdkSurfacePatches const patches(surface);
+    auto const nodes = sdk_boundary_nodes(face, surface, patches);
+    if (nodes.empty()) {
+        return {};
+    }
+    auto const [least, most] = std::minmax_element(nodes.begin(), nodes.end(),
+                                                   [](auto const & a, auto const & b) { return a.u < b.u; });
+    if (sdk_is_round(patches.type())) {
+        return sdk_round_integrals(surface, nodes, least->u, reference);
+    }
+    auto const spans = patches.u_spans(least->u, most->u);
+    int const points = patches.u_points();
+    sdkFaceSums sums(reference);
+    if (patches.type() == GeomAbs_BSplineSurface && finite(nodes)) {
+        sdk_add_spline_rows(surface, nodes, spans, points, sums);
+    } else {
+        add_rows(surface, nodes, spans, points, sums);
+    }
+    return sums.integrals();
+}
+
 } // namespace
 
 sdkFaceIntegrals & sdkFaceIntegrals::operator+=(sdkFaceIntegrals const & other)
@@ -57,21 +83,11 @@ sdkFaceIntegrals & sdkFaceIntegrals::operator+=(sdkFaceIntegrals const & other)
 
 sdkFaceIntegrals sdk_face_integrals(TopoDS_Face const & face, gp_Pnt const & reference)
 {
-    BRepAdaptor_Surface const surface(face, Standard_False);
-    sdkSurfacePatches const patches(surface);
-    auto const nodes = sdk_boundary_nodes(face, surface, patches);
-    if (nodes.empty()) {
-        return {};
+    auto integrals = forward_integrals(face, reference);
+    if (face.Orientation() == TopAbs_REVERSED) {
+        integrals.vector_area.Reverse();
+        integrals.volume = -integrals.volume;
+        integrals.volume_moment.Reverse();
     }
-    auto const [least, most] = std::minmax_element(nodes.begin(), nodes.end(),
-                                                   [](auto const & a, auto const & b) { return a.u < b.u; });
-    auto const spans = patches.u_spans(least->u, most->u);
-    int const points = patches.u_points();
-    sdkFaceSums sums(reference);
-    if (patches.type() == GeomAbs_BSplineSurface && finite(nodes)) {
-        sdk_add_spline_rows(surface, nodes, spans, points, sums);
-    } else {
-        add_rows(surface, nodes, spans, points, sums);
-    }
-    return sums.integrals(face.Orientation() == TopAbs_REVERSED);
+    return integrals;
 }

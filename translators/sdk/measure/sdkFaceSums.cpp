@@ -20,16 +20,15 @@ void sdkFaceSums::add(sdkSurfacePoint const & at, double weight)
     m_outflow_moment += r * outflow;
 }
 
-sdkFaceIntegrals sdkFaceSums::integrals(bool reversed) const
+sdkFaceIntegrals sdkFaceSums::integrals() const
 {
-    double const sign = reversed ? -1 : 1;
     auto const & [xx, xy, xz, yy, yz, zz] = m_second;
     sdkFaceIntegrals result;
     result.area = m_area;
     result.area_moment = m_area_moment;
     result.second_moment = gp_Mat(xx, xy, xz, xy, yy, yz, xz, yz, zz);
-    result.vector_area = m_vector_area * sign;
-    result.volume = sign * m_outflow / 3;
-    result.volume_moment = m_outflow_moment * (sign / 4);
+    result.vector_area = m_vector_area;
+    result.volume = m_outflow / 3;
+    result.volume_moment = m_outflow_moment / 4;
     return result;
 }

@@ -13,8 +13,8 @@ public:
     // The weight is for du dv.
     void add(sdkSurfacePoint const & at, double weight);
 
-    // Of a face that looks where du x dv points or, reversed, to the other side.
-    sdkFaceIntegrals integrals(bool reversed) const;
+    // Of a face that looks where du x dv points.
+    sdkFaceIntegrals integrals() const;
 
 private:
     gp_XYZ m_reference;
