@@ -10,7 +10,8 @@ class vmrnlsTranslatorAndFormatter {
 public:
     vmrnlsTranslatorAndFormatter(vmrnlsTranslator const * translator, vmrnlsFormatter const * formatter);
 
-    /// Translates `key` and then fills in the arguments. Any thread.
+    /// Translates `key` and the arguments that are keys of the context "term", and then fills them in. Any
+    /// thread.
     utString vtsprintf(char const * domain, char const * key, utTextArguments const & arguments) const;
 
     template <class... T>

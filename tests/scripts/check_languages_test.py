@@ -98,6 +98,10 @@ class CheckLanguages(unittest.TestCase):
         self.lacks("vmrhost", '#, c-format\nmsgctxt "a"\nmsgid "%d faces\\n"')
         self.lacks("vmrhost", 'msgctxt "format.filter"\nmsgid "A Files"')
 
+    def test_asks_for_terms_in_messages_without_a_line_end(self):
+        self.write("translators/a/a.cpp", 'sdkText("a::%s", "term::a face");')
+        self.lacks("vmrhost", 'msgctxt "term"\nmsgid "a face"')
+
     def test_leaves_out_what_has_no_words(self):
         self.write("source/a.cpp", 'say("%s\\n\\n"); say("****\\n");')
         self.assertEqual(self.check(), (0, "0 texts, 0 faults\n"))

@@ -37,7 +37,7 @@ bool fits_argument(char conversion, sdkArgument const & argument)
 std::string formatted_argument(std::string conversion, sdkArgument const & argument)
 {
     if (auto const * text = std::get_if<std::string>(&argument)) {
-        return *text;
+        return text->starts_with("term::") ? std::string(without_context(*text)) : *text;
     }
     char buffer[64];
     int length = 0;

@@ -11,8 +11,9 @@
 using sdkArgument = std::variant<std::string, std::int64_t, double>;
 
 // A message that is put into the user's language elsewhere: a key "context::text" whose text has printf
-// conversions
-// (%s, %d, %g and their kin), and the arguments for them. All texts are UTF-8.
+// conversions (%s, %d, %g and their kin), and the arguments for them. An argument "term::text" is a key
+// itself, without conversions: a word or phrase such as "solid" that the user reads in the same language. All
+// texts are UTF-8.
 class sdkText {
 public:
     sdkText() = default;

@@ -97,3 +97,20 @@ TEST(TranslatorAndFormatter, GoesFromKeyToText)
     EXPECT_EQ(both.vtsprintf("vmrgrlib", "d.report.tree::File %d :", ut_text_arguments(2)),
               utString("File 2 :"));
 }
+
+TEST(TranslatorAndFormatter, TranslatesArgumentsThatAreTerms)
+{
+    Surroundings const surroundings;
+    nlsDomainManager::language("de");
+    vmrnlsTranslatorWithDatabases const translator(TEST_LOCALE_FOLDER);
+    vmrnlsFormatterSimple const formatter(",");
+    vmrnlsTranslatorAndFormatter const both(&translator, &formatter);
+    auto const text = [&](char const * what) {
+        return both.tsprintf("sample", "cl::Entity %d of type %s was skipped\n", 7, what);
+    };
+    EXPECT_EQ(text("term::solid"), utString("Element 7 der Art Volumenkörper wurde ausgelassen\n"));
+    EXPECT_EQ(text("term::lump"), utString("Element 7 der Art lump wurde ausgelassen\n"));
+    // Names of parts and files are nobody's keys.
+    EXPECT_EQ(text("solid"), utString("Element 7 der Art solid wurde ausgelassen\n"));
+    EXPECT_EQ(text("menu::Open"), utString("Element 7 der Art menu::Open wurde ausgelassen\n"));
+}

@@ -39,3 +39,10 @@ TEST(Text, LeavesAConversionWithoutItsArgumentAsItIs)
     EXPECT_EQ(sdkText("c::%d", "text").formatted(), "%d");
     EXPECT_EQ(sdkText("c::%n%p", 1).formatted(), "%n%p");
 }
+
+TEST(Text, FormatsTermsInEnglish)
+{
+    EXPECT_EQ(sdkText("c::%s (%s)", "Rod", "term::solid").formatted(), "Rod (solid)");
+    EXPECT_TRUE(sdkText("c::%s (%s)", "Rod", "term::solid").fits());
+    EXPECT_EQ(sdkText("c::%s", "c::solid").formatted(), "c::solid");
+}

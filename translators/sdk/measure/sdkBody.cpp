@@ -23,3 +23,10 @@ char const * sdk_kind_name(sdkBodyKind kind)
     static constexpr std::array names{"solid", "shell", "face", "mesh", "curve", "point"};
     return names[static_cast<std::size_t>(kind)];
 }
+
+char const * sdk_kind_term(sdkBodyKind kind)
+{
+    static constexpr std::array terms{"term::solid", "term::shell", "term::face",
+                                      "term::mesh",  "term::curve", "term::point"};
+    return terms[static_cast<std::size_t>(kind)];
+}

@@ -34,5 +34,8 @@ struct sdkBody {
     std::string place() const;
 };
 
-// "solid", "shell", ...
+// "solid", "shell", ...: for programs.
 char const * sdk_kind_name(sdkBodyKind kind);
+
+// The same for people: an argument of an sdkText.
+char const * sdk_kind_term(sdkBodyKind kind);

@@ -147,9 +147,9 @@ void sdk_tell_missing(sdkBodies const & bodies, std::vector<sdkFinding> & findin
 {
     for (auto const * body : bodies) {
         std::string const kind = sdk_kind_name(body->kind);
-        findings.push_back(
-            {sdkWeight::loss, "missing-" + kind, body->title(), body->place(), 1, 0,
-             sdkText("measure::%s at %s (%s) is not in the output", body->title(), body->place(), kind)});
+        findings.push_back({sdkWeight::loss, "missing-" + kind, body->title(), body->place(), 1, 0,
+                            sdkText("measure::%s at %s (%s) is not in the output", body->title(),
+                                    body->place(), sdk_kind_term(body->kind))});
     }
 }
 
@@ -159,7 +159,7 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
         std::string const kind = sdk_kind_name(body->kind);
         findings.push_back({sdkWeight::difference, "extra-" + kind, body->title(), body->place(), 0, 1,
                             sdkText("measure::%s at %s (%s) is in the output and not in the source",
-                                    body->title(), body->place(), kind)});
+                                    body->title(), body->place(), sdk_kind_term(body->kind))});
     }
 }
 
@@ -168,7 +168,7 @@ void sdk_tell_turned(sdkBody const & body, std::vector<sdkFinding> & findings)
     findings.push_back({sdkWeight::difference, "turned-body", body.title(), body.place(), std::nullopt,
                         std::nullopt,
                         sdkText("measure::%s at %s (%s) looks to the other side in the output", body.title(),
-                                body.place(), sdk_kind_name(body.kind))});
+                                body.place(), sdk_kind_term(body.kind))});
 }
 
 void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & findings)
@@ -176,5 +176,5 @@ void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & finding
     findings.push_back({sdkWeight::note, "coincident", body.title(), body.place(), std::nullopt, std::nullopt,
                         sdkText("measure::%s at %s (%s) lies in the source on another one that is the same; "
                                 "the output has one of them",
-                                body.title(), body.place(), sdk_kind_name(body.kind))});
+                                body.title(), body.place(), sdk_kind_term(body.kind))});
 }

@@ -3,6 +3,7 @@
 #include <math.hxx>
 #include <math_Vector.hxx>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -37,4 +38,9 @@ Rule const & sdk_gauss_rule(int points)
         return made;
     }();
     return rules.at(static_cast<std::size_t>(points - 1));
+}
+
+int sdk_gauss_points(int degree)
+{
+    return std::clamp(2 * degree, 4, 24);
 }

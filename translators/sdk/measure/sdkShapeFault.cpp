@@ -24,54 +24,54 @@ std::string_view words_for(BRepCheck_Status status)
     case BRepCheck_InvalidPointOnCurve:
     case BRepCheck_InvalidPointOnCurveOnSurface:
     case BRepCheck_InvalidPointOnSurface:
-        return "a vertex lies off its curve or surface";
+        return "term::a vertex lies off its curve or surface";
     case BRepCheck_No3DCurve:
     case BRepCheck_Multiple3DCurve:
     case BRepCheck_Invalid3DCurve:
     case BRepCheck_InvalidRange:
     case BRepCheck_InvalidDegeneratedFlag:
-        return "an edge has no usable curve";
+        return "term::an edge has no usable curve";
     case BRepCheck_NoCurveOnSurface:
     case BRepCheck_InvalidCurveOnSurface:
     case BRepCheck_InvalidCurveOnClosedSurface:
     case BRepCheck_InvalidSameRangeFlag:
     case BRepCheck_InvalidSameParameterFlag:
-        return "an edge lies off its face";
+        return "term::an edge lies off its face";
     case BRepCheck_FreeEdge:
-        return "an edge bounds one face only";
+        return "term::an edge bounds one face only";
     case BRepCheck_InvalidMultiConnexity:
-        return "an edge bounds more than two faces";
+        return "term::an edge bounds more than two faces";
     case BRepCheck_EmptyWire:
     case BRepCheck_RedundantEdge:
     case BRepCheck_InvalidWire:
-        return "a face has a boundary that is empty or runs twice";
+        return "term::a face has a boundary that is empty or runs twice";
     case BRepCheck_SelfIntersectingWire:
-        return "the boundary of a face crosses itself";
+        return "term::the boundary of a face crosses itself";
     case BRepCheck_NoSurface:
-        return "a face has no surface";
+        return "term::a face has no surface";
     case BRepCheck_RedundantWire:
     case BRepCheck_IntersectingWires:
-        return "boundaries of a face cross or coincide";
+        return "term::boundaries of a face cross or coincide";
     case BRepCheck_InvalidImbricationOfWires:
-        return "the boundaries of a face do not lie within each other as they should";
+        return "term::the boundaries of a face do not lie within each other as they should";
     case BRepCheck_EmptyShell:
     case BRepCheck_RedundantFace:
-        return "a shell has no faces, or one twice";
+        return "term::a shell has no faces, or one twice";
     case BRepCheck_InvalidImbricationOfShells:
     case BRepCheck_EnclosedRegion:
-        return "the shells of a solid do not lie within each other as they should";
+        return "term::the shells of a solid do not lie within each other as they should";
     case BRepCheck_UnorientableShape:
     case BRepCheck_BadOrientation:
     case BRepCheck_BadOrientationOfSubshape:
-        return "a face or an edge is turned the wrong way";
+        return "term::a face or an edge is turned the wrong way";
     case BRepCheck_NotClosed:
-        return "a boundary is not closed";
+        return "term::a boundary is not closed";
     case BRepCheck_NotConnected:
-        return "the parts of a shell are not connected";
+        return "term::the parts of a shell are not connected";
     case BRepCheck_InvalidToleranceValue:
-        return "a tolerance has no usable value";
+        return "term::a tolerance has no usable value";
     default:
-        return "a part of the shape cannot be checked";
+        return "term::a part of the shape cannot be checked";
     }
 }
 

@@ -9,7 +9,7 @@ class TopoDS_Shape;
 
 // The first thing about a shape that is not as the rules of boundary representation have it.
 struct sdkShapeFault {
-    std::string what; // in words, such as "a face has two outer boundaries"
+    std::string what; // an argument of an sdkText, such as "term::a face has no surface"
     gp_Pnt point;     // on the faulty face, edge or vertex, in the frame of the shape
 
     std::string place() const; // as "(1, 2.5, 3)"

@@ -23,7 +23,7 @@ struct Tally {
 
 std::string named(std::string const & part)
 {
-    return part.empty() ? "a part without a name" : "\"" + part + "\"";
+    return part.empty() ? "term::a part without a name" : "\"" + part + "\"";
 }
 
 class Inspection {

@@ -186,6 +186,9 @@ TEST(Comparison, TellsWhatIsMissingAndWhatIsExtra)
     EXPECT_EQ(missing[0].weight, sdkWeight::loss);
     EXPECT_EQ(missing[0].part, "Rod");
     EXPECT_EQ(missing[0].place, "(900, 0, 25)");
+    // What the body is, the user reads in the language of the message.
+    EXPECT_EQ(missing[0].text.arguments().back(), sdkArgument("term::solid"));
+    EXPECT_EQ(missing[0].text.formatted(), "Rod at (900, 0, 25) (solid) is not in the output");
     auto const extra = sdk_compare(one, both, everything());
     ASSERT_EQ(kinds(extra), (Kinds{"extra-solid"}));
     EXPECT_EQ(extra[0].weight, sdkWeight::difference);

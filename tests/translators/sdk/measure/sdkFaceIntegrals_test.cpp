@@ -29,6 +29,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <numbers>
 
 namespace {
@@ -150,4 +151,28 @@ TEST(FaceIntegrals, OfSplinesAreExactWhereABoundaryCrossesFromPatchToPatch)
     EXPECT_NEAR(integrals.area_moment.X() / integrals.area, 0, 1e-9);
     EXPECT_NEAR(integrals.area_moment.Y() / integrals.area, 20 / pi, 1e-9);
     EXPECT_NEAR(integrals.area_moment.Z() / integrals.area, 10, 1e-9);
+}
+
+TEST(FaceIntegrals, OfSplinesAreNoNumberWhereAPartOfTheBoundaryIsNowhere)
+{
+    // Of many patches, so that the boundary that has a place says where on the surface the face lies.
+    Handle(Geom_Surface) const ball = GeomConvert::SurfaceToBSplineSurface(
+        new Geom_RectangularTrimmedSurface(new Geom_SphericalSurface(gp_Ax3(), 10), 0.0, 6.0, -1.5, 1.5));
+    auto const face = BRepBuilderAPI_MakeFace(ball, 1e-7).Face();
+    BRep_Builder builder;
+    for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
+        auto const & edge = TopoDS::Edge(one.Current());
+        double first = 0;
+        double last = 0;
+        auto const line = BRep_Tool::CurveOnSurface(edge, face, first, last);
+        Handle(Geom2d_Curve) const trimmed = new Geom2d_TrimmedCurve(line, first, last);
+        auto const way = Geom2dConvert::CurveToBSplineCurve(trimmed);
+        auto const pole = way->Pole(1);
+        way->SetPole(1, gp_Pnt2d(pole.X(), std::nan("")));
+        builder.UpdateEdge(edge, way, face, 1e-7);
+        // The edge along the least u adds nothing.
+        bool const counts = pole.X() > 1e-9 || way->Pole(2).X() > 1e-9;
+        EXPECT_EQ(std::isnan(sdk_face_integrals(face, gp::Origin()).area), counts);
+        builder.UpdateEdge(edge, trimmed, face, 1e-7);
+    }
 }

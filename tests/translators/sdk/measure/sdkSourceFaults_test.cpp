@@ -99,6 +99,7 @@ TEST(SourceFaults, ASolidThatIsNotClosedIsCountedOnceHoweverOftenItIsPlaced)
                   "boundary is not closed at ("),
               0u)
         << findings.front().text.formatted();
+    EXPECT_EQ(findings.front().text.arguments()[3], sdkArgument("term::a boundary is not closed"));
 }
 
 TEST(SourceFaults, OpenShellsAreCounted)
