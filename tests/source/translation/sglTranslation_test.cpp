@@ -253,12 +253,75 @@ TEST_F(Driver, RecordsTheUseOfFormatsThatAreNoViewers)
     EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
 }
 
-TEST_F(Driver, DoesTheWorkItselfWhenTheSystemHasNoThreadToGive)
+TEST_F(Driver, RecordsNoUseOfViewers)
 {
-    struct NoThreads : apPosixProcessThreadOperations {
-        std::thread start_thread(std::function<void()>) const override { return {}; }
-    } const no_threads;
-    app().application_information()->services()->add_service(
-        sduPROCESSTHREADOPERATIONS, sduServicePtr<apIProcessThreadOperations const>(&no_threads));
-    EXPECT_EQ(outcome_of({s2sThreadCompleted, 3, 0}), "ok");
+    kit_install_format(folder(), "installation", "GLASS", "glass", true);
+    start();
+    auto const place = folder() / "usage";
+    app().analytics_reporter()->initialise(app().application_information(), utString(place), "", "text");
+    ASSERT_TRUE(app().analytics_reporter()->usage_record().choose(true));
+    for (auto const & [from, to] : {std::pair("GLASS", "BETA"), {"ALPHA", "GLASS"}}) {
+        kitRequest request;
+        kitProgressRecorder dialog;
+        fill(request);
+        request.input_format(from, 0);
+        request.output_format(to, 0);
+        request.progress(&dialog);
+        ASSERT_EQ(request.execute().value(), sglTranslationResult::started);
+    }
+    auto const reporter = app().analytics_reporter();
+    EXPECT_EQ(reporter->num_read(apString(L"GLASS")), 0);
+    EXPECT_EQ(reporter->num_written(apString(L"GLASS")), 0);
+    EXPECT_EQ(reporter->num_read(apString(L"ALPHA")), 1);
+    EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
+}
+
+TEST_F(Driver, KeepsTheTranslatorOfAnEarlierLookUpWhereAFormatIsUnknown)
+{
+    kitRequest request;
+    fill(request);
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+    request.input_format("GAMMA", 0);
+    request.output_format("GAMMA", 0);
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+    request.input_file("b", 1);
+    EXPECT_EQ(request.find_input_dlls(), 1) << "the second has never had one";
+}
+
+TEST_F(Driver, FindsTheTranslatorsOfNoFilesAtAll)
+{
+    kitRequest request;
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+}
+
+TEST_F(Driver, EndsTheProgramOnAnExceptionInATick)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    struct Broken : kitProgressRecorder {
+        int progress(int) override { throw std::runtime_error("the bar is broken"); }
+    } dialog;
+    kitRequest request;
+    fill(request);
+    request.progress(&dialog);
+    EXPECT_DEATH(request.execute(), "unexpected error: the bar is broken");
+}
+
+TEST_F(Driver, NamesTheTranslatorsThatDoNotLoadInOneText)
+{
+    struct Request : kitRequest {
+        using kitRequest::display_dll_load_error;
+    } const request;
+    auto const told = [&](sdbTranslatorLoadStatus const & status) {
+        testing::internal::CaptureStderr();
+        request.display_dll_load_error(status);
+        return testing::internal::GetCapturedStderr();
+    };
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    EXPECT_EQ(told(status), "");
+    status.add_file_failure(apPathName::from_utf8("/lib/a.so"), "it is broken");
+    status.add_file_failure(apPathName::from_utf8("/lib/b.so"), "it is not there");
+    EXPECT_EQ(told(status), "Tester: Error : unable to load /lib/a.so\nError : unable to load /lib/b.so\n");
 }
