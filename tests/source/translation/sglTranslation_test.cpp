@@ -67,20 +67,78 @@ struct Driver : kitAppTest {
 
 } // namespace
 
-TEST_F(Driver, IsInvalidUntilEveryListHasAnEntryAndTakesANullDocumentForOne)
+TEST_F(Driver, IsInvalidWithoutAnyOneOfItsListsAndTakesANullDocument)
+{
+    vmrTableInstance table(nullptr);
+    std::vector<std::function<void(kitRequest &)>> const setters = {
+        [](kitRequest & request) { request.input_file("in", 0); },
+        [](kitRequest & request) { request.input_format("ALPHA", 0); },
+        [&](kitRequest & request) { request.input_resource_table(table, 0); },
+        [](kitRequest & request) { request.output_file("out", 0); },
+        [](kitRequest & request) { request.output_format("BETA", 0); },
+        [&](kitRequest & request) { request.output_resource_table(table, 0); },
+        [](kitRequest & request) { request.output_document(nullptr, 0); }};
+    for (std::size_t left_out = 0; left_out <= setters.size(); ++left_out) {
+        kitRequest request;
+        for (std::size_t i = 0; i < setters.size(); ++i)
+            if (i != left_out)
+                setters[i](request);
+        EXPECT_EQ(request.invalid() != 0, left_out < setters.size()) << left_out;
+    }
+}
+
+TEST_F(Driver, LooksForTheTranslatorsOfTheInputsFirst)
 {
     kitRequest request;
-    EXPECT_TRUE(request.invalid());
-    vmrTableInstance table(nullptr);
-    request.input_file("in", 0);
-    request.input_format("ALPHA", 0);
-    request.input_resource_table(table, 0);
-    request.output_file("out", 0);
-    request.output_format("BETA", 0);
-    request.output_resource_table(table, 0);
-    EXPECT_TRUE(request.invalid());
-    request.output_document(nullptr, 0);
-    EXPECT_FALSE(request.invalid());
+    kitProgressRecorder dialog;
+    fill(request);
+    request.input_format("GAMMA", 0);
+    request.output_format("GAMMA", 0);
+    request.progress(&dialog);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::no_input_translator);
+    EXPECT_TRUE(dialog.told.empty());
+}
+
+TEST_F(Driver, MakesItsStepsInOrder)
+{
+    struct Steps : kitProgressRecorder {
+        std::vector<std::string> * all = nullptr;
+        void fileLabel(utString const & file) override { all->push_back("file " + file.str()); }
+        int progress(int percent) override
+        {
+            all->push_back("progress " + std::to_string(percent) + ", translating " +
+                           std::to_string(getNlsHelp()->translating()));
+            return 1;
+        }
+        void operationLabel(utString const & label) override { all->push_back(label.str()); }
+        void translation_ended_ok() override
+        {
+            all->push_back("ok");
+            kitProgressRecorder::translation_ended_ok();
+        }
+    } dialog;
+    struct Request : kitRequest {
+        std::vector<std::string> * all = nullptr;
+        void thread_has_died() override
+        {
+            EXPECT_NE(communicator().threadHasDied(), 0);
+            all->push_back("the worker has ended");
+        }
+    } request;
+    std::vector<std::string> steps;
+    dialog.all = request.all = &steps;
+    fill(request);
+    request.progress(&dialog);
+    request.execute();
+    ASSERT_GE(steps.size(), 4u);
+    EXPECT_EQ(steps.front(), "file " + input) << "before the worker has said anything";
+    EXPECT_EQ(std::vector<std::string>(steps.end() - 3, steps.end()),
+              (std::vector<std::string>{"the worker has ended", "progress 100, translating 0", "ok"}));
+    for (std::size_t i = 1; i + 3 < steps.size(); i += 3) {
+        EXPECT_EQ(steps[i], "file " + input);
+        EXPECT_EQ(steps[i + 1], "progress 0, translating 1");
+        EXPECT_EQ(steps[i + 2], "Reading :");
+    }
 }
 
 TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
