@@ -17,7 +17,8 @@ public:
 
     /// The host's last word; none as long as it has not said it.
     std::optional<s2sHostEnd> const & end() const { return m_end; }
-    std::string const & file() const { return m_file; }   ///< at which the host is
+    std::string const & file() const { return m_file; } ///< at which the host is
+    bool both_read() const { return m_read; }
     std::string const & error() const { return m_error; } ///< the last message of an error
 
 private:

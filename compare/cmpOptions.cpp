@@ -52,6 +52,10 @@ void declare(CLI::App & app, cmpOptions & options, cmpTexts const & texts)
         ->capture_default_str();
     app.add_flag("--counts", options.counts_only,
                  texts("compare::Compare counts and names only, which is fast"));
+    app.add_option("--timeout", options.timeout,
+                   texts("compare::How many seconds it may take, 0 for as long as it takes; without it, ten "
+                         "minutes and one more for each megabyte of the files"))
+        ->check(CLI::Range(0.0, 1e9));
     add_choice(app, "names", options.names,
                texts("compare::Compare names; without it, where both files have them"),
                texts("compare::Do not compare names"));

@@ -21,7 +21,8 @@ struct cmpOptions {
     double absolute = 1.0e-4; ///< of places, in millimetres
     double deflection = 0.1;  ///< of triangles from surfaces, in millimetres
     bool counts_only = false;
-    std::optional<bool> names; ///< compared where both files have them when not given
+    std::optional<double> timeout; ///< seconds, 0 for none; by the size of the files when not given
+    std::optional<bool> names;     ///< compared where both files have them when not given
     std::optional<bool> colours;
     std::optional<bool> layers;
     std::optional<bool> structure; ///< assemblies and instances

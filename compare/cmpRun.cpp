@@ -1,14 +1,18 @@
 #include "compare/cmpRun.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstring>
+#include <optional>
+#include <string>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
 #include "compare/cmpHostTalk.h"
 #include "compare/cmpInstallation.h"
 #include "compare/cmpJob.h"
+#include "compare/cmpPatience.h"
 #include "compare/cmpTexts.h"
 #include "s2s/s2sHostLink.h"
 #include "s2s/s2sHostProcess.h"
@@ -16,9 +20,12 @@
 namespace {
 
 using std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
 
 constexpr milliseconds time_to_stop(300);
 constexpr milliseconds time_to_leave(1000);
+// The system does not count longer times.
+constexpr milliseconds longest_wait(std::chrono::hours(24));
 
 /// Signals to end the program, as a descriptor. They stay blocked to the end.
 class EndSignals {
@@ -51,23 +58,33 @@ private:
     int m_descriptor = -1;
 };
 
-/// True when the user has ended it.
-bool listen(EndSignals const & signals, s2sHostProcess & process, s2sHostLink & link, cmpHostTalk & talk)
+/// What brought a comparison to its end.
+enum class Ending { host, user, time };
+
+void stop(s2sHostProcess & process, s2sHostLink & link)
+{
+    s2sHostLink * const links[] = {&link};
+    link.send(R"({"command":"cancel"})");
+    s2s_wait_for(links, -1, time_to_stop);
+    process.kill();
+}
+
+Ending listen(EndSignals const & signals, Clock::time_point deadline, s2sHostLink & link, cmpHostTalk & talk)
 {
     s2sHostLink * const links[] = {&link};
     while (!talk.end() && (!link.closed() || link.has_line())) {
+        auto const left = deadline - Clock::now();
+        if (left <= Clock::duration::zero())
+            return Ending::time;
         if (!link.has_line())
-            s2s_wait_for(links, signals.descriptor(), std::nullopt);
-        if (signals.came()) {
-            link.send(R"({"command":"cancel"})");
-            s2s_wait_for(links, -1, time_to_stop);
-            process.kill();
-            return true;
-        }
+            s2s_wait_for(links, signals.descriptor(),
+                         std::min(std::chrono::ceil<milliseconds>(left), longest_wait));
+        if (signals.came())
+            return Ending::user;
         if (auto const line = link.next_line())
             talk.take(*line);
     }
-    return false;
+    return Ending::host;
 }
 
 void judge(cmpReport & report, cmpHostTalk const & talk, s2sHostExit const & exit, cmpTexts const & texts)
@@ -80,6 +97,19 @@ void judge(cmpReport & report, cmpHostTalk const & talk, s2sHostExit const & exi
         report.verdict = sdbVerdictNone;
 }
 
+std::string took_too_long(milliseconds patience, cmpHostTalk const & talk, cmpTexts const & texts)
+{
+    double const seconds = std::chrono::duration<double>(patience).count();
+    return talk.both_read()
+               ? texts("compare::It took longer than %g seconds and was ended while the files were compared; "
+                       "--timeout allows more",
+                       seconds)
+               : texts(
+                     "compare::It took longer than %g seconds and was ended at the file %s; --timeout allows "
+                     "more",
+                     seconds, talk.file());
+}
+
 } // namespace
 
 cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & installation,
@@ -90,6 +120,8 @@ cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & instal
     auto const job = cmp_make_job(options, installation, texts, report);
     if (!job)
         return report;
+    auto const patience = cmp_patience(options);
+    auto const deadline = patience ? Clock::now() + *patience : Clock::time_point::max();
     EndSignals const signals;
     s2sHostProcess process;
     if (int const error = process.start(installation.host_program())) {
@@ -100,9 +132,11 @@ cmpReport cmp_compare(cmpOptions const & options, cmpInstallation const & instal
     s2sHostLink link(process.descriptor());
     link.send(*job);
     cmpHostTalk talk(report, texts);
-    if (listen(signals, process, link, talk)) {
+    if (auto const ending = listen(signals, deadline, link, talk); ending != Ending::host) {
+        stop(process, link);
         report.verdict = sdbVerdictNone;
-        report.problem = texts("compare::The comparison was ended");
+        report.problem = ending == Ending::user ? texts("compare::The comparison was ended")
+                                                : took_too_long(*patience, talk, texts);
         return report;
     }
     judge(report, talk, process.wait(time_to_leave), texts);

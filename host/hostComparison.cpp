@@ -66,7 +66,10 @@ sdkResult hostComparison::run()
 {
     auto result = host_guard([this] { return compare(); }, [this] { return hostSubject{m_file, false}; });
     if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
-        return host_out_of_memory(m_file);
+        result = host_out_of_memory(m_file);
+    }
+    if (!result.text().empty()) {
+        m_reporter.message(sdkStream::error, result.text());
     }
     return result;
 }

@@ -19,8 +19,8 @@ public:
     // The job must ask for a comparison.
     hostComparison(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled);
 
-    // Whatever a reader throws is turned into a result. A comparison that came to its end is completed and
-    // has told its verdict, whatever that is.
+    // Whatever a reader throws is turned into a result, whose text has been told. A comparison that came to
+    // its end is completed and has told its verdict, whatever that is.
     sdkResult run();
 
     sdkReporter const & reporter() const { return m_reporter; }

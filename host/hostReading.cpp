@@ -1,5 +1,6 @@
 #include "host/hostReading.h"
 
+#include "host/hostGuard.h"
 #include "host/hostModule.h"
 
 #include <Message_ProgressScope.hxx>
@@ -21,11 +22,14 @@ sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const 
     tell(problems);
     sdkContext context(options, m_reporter, m_input.file);
     auto const failed = m_reporter.failed();
-    auto const reader = module->make_reader(context);
-    if (auto result = reader->parse(m_input.file, scope.Next()); !result) {
-        return result;
-    }
-    auto result = reader->transfer(document, scope.Next());
+    // What the reader has found out counts also when it gives up, or throws.
+    auto const result = host_guard(
+        [&] {
+            auto const reader = module->make_reader(context);
+            auto parsed = reader->parse(m_input.file, scope.Next());
+            return parsed ? reader->transfer(document, scope.Next()) : parsed;
+        },
+        [this] { return hostSubject{m_input.file}; });
     m_findings = context.account().findings();
     auto const losses = std::count_if(m_findings.begin(), m_findings.end(), [](sdkFinding const & finding) {
         return finding.weight == sdkWeight::loss && finding.kind != "annotation";

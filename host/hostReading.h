@@ -22,7 +22,7 @@ public:
     sdkResult read(sdkDocument & document, Message_ProgressRange const & range,
                    std::function<void(std::vector<sdkText> const &)> const & tell);
 
-    // What the reader has found out, once it has come as far as making shapes.
+    // What the reader has found out, as far as it has come.
     std::vector<sdkFinding> const & findings() const { return m_findings; }
     // How many things of the file should have given a shape and did not; annotation gives none.
     std::int64_t lost() const { return m_lost; }

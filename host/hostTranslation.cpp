@@ -37,13 +37,18 @@ sdkResult hostTranslation::run()
                              [this] {
                                  return hostSubject{m_file, m_writing};
                              });
-    bool const complete = result && m_reporter.failed() == 0;
-    if (!complete && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
+    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
         result = host_out_of_memory(m_file);
     }
     if (!result && m_output_begun) {
         std::error_code ignored;
         std::filesystem::remove(m_job.output.file, ignored);
+    }
+    if (!result.text().empty()) {
+        m_reporter.message(sdkStream::error, result.text());
+    }
+    if (!result || m_reporter.processed() == 0) {
+        m_verification.conclude_without_output(result.status(), m_findings, m_reporter);
     }
     return result;
 }
@@ -116,26 +121,41 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     tell(problems);
     sdkContext context(options, m_reporter, m_job.final_name);
     m_verification.begin(document, options, module->can_read());
-    auto writer = module->make_writer(context);
+    auto const result = host_guard([&] { return write_file(*module, context, document, scope); },
+                                   [this] {
+                                       return hostSubject{m_file, m_writing};
+                                   });
+    // What the writer holds is not needed while the output is read back, and its memory is.
+    ::malloc_trim(0);
+    m_findings.tell(context.account().findings());
+    // Libraries hide that they got no memory, and what is missing then is no fault of the file.
+    if (result && m_reporter.failed() > 0 && host_memory_ran_out(m_job.memory_limit)) {
+        return host_out_of_memory(m_file);
+    }
+    if (!result || m_reporter.processed() == 0) {
+        return result;
+    }
+    return m_verification.conclude(context, m_findings, scope.Next(verification_share));
+}
+
+sdkResult hostTranslation::write_file(hostModule const & module, sdkContext & context, sdkDocument & document,
+                                      Message_ProgressScope & scope)
+{
+    auto const writer = module.make_writer(context);
     if (auto result = writer->transfer(document, scope.Next(write_transfer_share)); !result) {
         return result;
     }
     // Nothing was converted: the writer has said why, and an empty file helps nobody.
     if (m_reporter.processed() == 0) {
-        m_findings.tell(context.account().findings());
         return sdkResult::completed();
     }
     m_output_begun = true;
     if (auto result = writer->write(m_job.output.file, scope.Next(write_share)); !result) {
         return result;
     }
-    if (auto result = sdk_check_written(m_job.output.file, m_job.final_name); !result) {
-        return result;
+    auto result = sdk_check_written(m_job.output.file, m_job.final_name);
+    if (result) {
+        m_verification.ask(context);
     }
-    m_verification.ask(context);
-    // What the writer holds is not needed while the output is read back, and its memory is.
-    writer.reset();
-    ::malloc_trim(0);
-    m_findings.tell(context.account().findings());
-    return m_verification.conclude(context, m_findings, scope.Next(verification_share));
+    return result;
 }

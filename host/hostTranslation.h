@@ -7,9 +7,13 @@
 
 #include "sdk/sdkModule.h"
 
+#include <Message_ProgressScope.hxx>
+
 #include <set>
 #include <string>
 #include <vector>
+
+class hostModule;
 
 class hostReporter : public sdkReporter {
 public:
@@ -25,7 +29,9 @@ class hostTranslation {
 public:
     hostTranslation(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled);
 
-    // Whatever a reader or writer throws is turned into a result. A failed translation leaves no output file.
+    // Whatever a reader or writer throws is turned into a result, whose text has been told. A failed
+    // translation leaves no output file. Every one that was not cancelled has told its verdict, if one is
+    // wanted.
     sdkResult run();
 
     sdkReporter const & reporter() const { return m_reporter; }
@@ -35,6 +41,8 @@ private:
     void tell(std::vector<sdkText> const & problems);
     sdkResult read(hostFile const & input, sdkDocument & document, Message_ProgressRange const & range);
     sdkResult write(sdkDocument & document, Message_ProgressRange const & range);
+    sdkResult write_file(hostModule const & module, sdkContext & context, sdkDocument & document,
+                         Message_ProgressScope & scope);
 
     hostJob const & m_job;
     hostEvents & m_events;

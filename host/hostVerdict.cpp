@@ -23,6 +23,13 @@ hostVerdict host_verdict(hostTestimony const & testimony, hostFindings const & f
     return findings.count(sdkWeight::difference) > 0 ? hostVerdict::differs : hostVerdict::verified;
 }
 
+hostVerdict host_verdict_without_output(sdkStatus status, hostFindings const & findings, std::int64_t failed)
+{
+    bool const known = failed > 0 && findings.count(sdkWeight::loss) > 0;
+    bool const of_the_source = status == sdkStatus::completed || status == sdkStatus::read_error;
+    return known && of_the_source ? hostVerdict::losses : hostVerdict::not_verified;
+}
+
 char const * host_verdict_name(hostVerdict verdict)
 {
     switch (verdict) {
@@ -56,4 +63,14 @@ sdkText host_verdict_text(hostVerdict verdict, hostFindings const & findings, st
         break;
     }
     return sdkText("host::Not verified: %s could not be held against its source", output);
+}
+
+sdkText host_verdict_text_without_output(hostVerdict verdict, hostFindings const & findings,
+                                         std::int64_t failed, std::string const & output)
+{
+    if (verdict == hostVerdict::losses) {
+        return sdkText("host::Losses: %s was not written; things of the source that gave no shape: %d",
+                       output, losses(findings, failed));
+    }
+    return sdkText("host::Not verified: %s was not written", output);
 }

@@ -95,6 +95,7 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     if (!testimony.read_back) {
         findings.tell(
             {{sdkWeight::note, "not-read-back", {}, {}, std::nullopt, std::nullopt, testimony.reason}});
+        m_reason_told = true;
         // A file that neither its reader nor its writer can vouch for helps nobody.
         if (m_readable && !writer.promise().checked) {
             return sdkResult::write_error(
@@ -108,4 +109,27 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
                                                           m_level == hostVerificationLevel::counts,
                                                           sdk_file_name(m_job.final_name)));
     return sdkResult::completed();
+}
+
+void hostVerification::conclude_without_output(sdkStatus status, hostFindings const & findings,
+                                               sdkReporter & reporter)
+{
+    if (!wanted() || status == sdkStatus::cancelled) {
+        return;
+    }
+    auto const output = sdk_file_name(m_job.final_name);
+    auto const verdict = host_verdict_without_output(status, findings, reporter.failed());
+    // For records only: the user has heard already that there is no output.
+    if (verdict == hostVerdict::not_verified && !m_reason_told) {
+        m_events.finding({sdkWeight::note,
+                          "no-output",
+                          {},
+                          {},
+                          std::nullopt,
+                          std::nullopt,
+                          sdkText("host::%s was not written", output)});
+    }
+    m_events.verdict(host_verdict_name(verdict));
+    reporter.message(sdkStream::output,
+                     host_verdict_text_without_output(verdict, findings, reporter.failed(), output));
 }

@@ -38,6 +38,10 @@ public:
     // write error when the output cannot be read back and its writer has not found it whole either.
     sdkResult conclude(sdkContext & writer, hostFindings & findings, Message_ProgressRange const & range);
 
+    // To be called when the translation has ended and there is no output: tells the verdict on that, unless
+    // nobody wants one or the user has cancelled.
+    void conclude_without_output(sdkStatus status, hostFindings const & findings, sdkReporter & reporter);
+
 private:
     std::chrono::milliseconds limit() const;
 
@@ -49,4 +53,5 @@ private:
     std::unique_ptr<hostWitness> m_witness;
     std::chrono::steady_clock::time_point m_begun{};
     std::chrono::milliseconds m_limit{};
+    bool m_reason_told = false; // why there is nothing to compare
 };

@@ -65,9 +65,6 @@ int main(int argc, char ** argv)
 
     auto const end = [&](auto && work) {
         auto const result = work.run();
-        if (!result.text().empty()) {
-            events.message(sdkStream::error, result.text());
-        }
         channel.finish(result.status(), work.reporter().processed(), work.reporter().failed());
     };
     if (job.comparison) {

@@ -18,4 +18,8 @@ struct s2sEngineParts {
     vmrabsOutput * error_stream;
 
     void say_error(s2sMessage const & message) const;
+    void say(s2sMessage const & message) const; ///< to the output stream
+
+    /// A text as the streams show it; empty without streams, since it is they that know the user's language.
+    utString text(utString const & domain, utString const & key, utTextArguments const & arguments) const;
 };

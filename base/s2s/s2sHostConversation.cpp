@@ -132,19 +132,13 @@ void s2sHostConversation::take_event(s2sHostFinding const & event)
         {event.weight, event.kind, event.part, event.place, event.source, event.output, text_of(event)});
 }
 
-/// Empty when the job has no stream, since it is the streams that know the user's language.
 utString s2sHostConversation::text_of(s2sHostFinding const & event) const
 {
-    auto const stream = m_parts.output_stream ? m_parts.output_stream : m_parts.error_stream;
-    if (!stream)
-        return {};
     // The texts of the host stand in the catalogues as its messages have them, with the end of their line.
     auto key = event.key;
     if (!key.view().ends_with('\n'))
         key += "\n";
-    auto text = stream->text(event.domain.c_str(), key.c_str(), event.arguments);
-    text.remove_trailing_chars("\n");
-    return text;
+    return m_parts.text(event.domain, key, event.arguments);
 }
 
 s2sHostEnd s2sHostConversation::ended_without_word(s2sHostExit const & exit)

@@ -163,6 +163,16 @@ s2sMessage host_not_understood(std::string const & line)
     return message("engine::The translator said something that was not understood: %s\n", line);
 }
 
+s2sMessage not_verified(std::string const & output)
+{
+    return message("engine::Not verified: %s was not written\n", output);
+}
+
+s2sMessage output_absent(std::string const & output)
+{
+    return message("engine::%s was not written\n", output);
+}
+
 s2sMessage engine_failed(std::string const & reason)
 {
     return message("engine::The translation was stopped by an error of the program (%s).\n", reason);

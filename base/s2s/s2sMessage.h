@@ -44,6 +44,8 @@ s2sMessage host_missing(std::filesystem::path const & program);
 s2sMessage host_not_started(std::filesystem::path const & program, std::string const & reason);
 s2sMessage host_died(std::string const & how, bool writing, std::filesystem::path const & file);
 s2sMessage host_not_understood(std::string const & line);
+s2sMessage not_verified(std::string const & output);
+s2sMessage output_absent(std::string const & output);
 s2sMessage engine_failed(std::string const & reason);
 s2sMessage option_ignored(std::string const & problem);
 s2sMessage batch_header(std::filesystem::path const & input, std::filesystem::path const & output);

@@ -35,7 +35,7 @@ void s2sTranslationDetails::finish(s2sThreadStatus status, int processed, int fa
     m_status = status;
     m_processed = processed;
     m_failed = failed;
-    // Most translations that fail have found nothing, and their outcome must not take memory.
+    // What nobody wants to have verified has mostly found nothing, and must not take memory.
     m_verification = verification.empty() ? no_verification()
                                           : std::make_shared<s2sVerification const>(std::move(verification));
 }

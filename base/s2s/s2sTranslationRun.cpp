@@ -12,6 +12,16 @@
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// A format that does not declare the option has it at its default.
+bool verification_wanted(s2sTranslatorElements const & output)
+{
+    return !output.table() || output.table()->effective_value("vmrOptVerify") != utString("none");
+}
+
+} // namespace
+
 s2sTranslationRun::s2sTranslationRun(s2sEngineParts const & parts, s2sTranslationElements const & elements,
                                      std::vector<fs::path> const & inputs, s2sSideWork & side_work)
     : m_parts(parts), m_elements(elements), m_inputs(inputs), m_side_work(side_work)
@@ -33,13 +43,43 @@ s2sThreadStatus s2sTranslationRun::run(std::unique_ptr<s2sHostAtWork> host)
     }
     if (end.status == s2sThreadCompleted)
         m_parts.comm.set_progress(100);
-    // A verdict is about an output that is in its place, and a user who cancels wants to hear no more.
     if (end.status != s2sThreadCompleted || end.processed == 0)
-        m_verification.verdict = sdbVerdictNone;
-    if (end.status == s2sThreadCancelled)
-        m_verification = {};
+        judge_without_output(end.status);
     m_parts.comm.finish_translation(end.status, end.processed, end.failed, std::move(m_verification));
     return end.status;
+}
+
+/// What the host has found of an output that is not in its place counts no more, except that something of the
+/// source is lost, or why nothing is known. A user who cancels wants to hear no more.
+void s2sTranslationRun::judge_without_output(s2sThreadStatus status)
+{
+    auto & verdict = m_verification.verdict;
+    if (status == s2sThreadCancelled)
+        m_verification = {};
+    else if (!verification_wanted(m_elements.output_elements()))
+        verdict = sdbVerdictNone;
+    else if (verdict != sdbVerdictLosses && verdict != sdbVerdictNotVerified)
+        tell_not_verified();
+}
+
+void s2sTranslationRun::tell_not_verified()
+{
+    m_verification.verdict = sdbVerdictNotVerified;
+    try {
+        std::string const output =
+            s2sOutputPlace(m_elements.output_elements().file()).named.filename().native();
+        auto const reason = s2sMessages::output_absent(output);
+        m_verification.findings.add({sdbWeightNote,
+                                     "no-output",
+                                     {},
+                                     {},
+                                     std::nullopt,
+                                     std::nullopt,
+                                     m_parts.text(s2s_message_domain(), reason.key, reason.arguments)});
+        m_parts.say(s2sMessages::not_verified(output));
+    } catch (std::exception const &) {
+        // As with the outcome.
+    }
 }
 
 s2sHostEnd s2sTranslationRun::attempt(std::unique_ptr<s2sHostAtWork> host)

@@ -24,6 +24,8 @@ public:
     s2sThreadStatus run(std::unique_ptr<s2sHostAtWork> host = nullptr);
 
 private:
+    void judge_without_output(s2sThreadStatus status);
+    void tell_not_verified();
     s2sHostEnd attempt(std::unique_ptr<s2sHostAtWork> host);
     s2sHostEnd refuse(s2sRefusal const & refusal) const;
     void tell_ignored_options() const;

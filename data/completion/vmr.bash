@@ -1,4 +1,5 @@
-# Completion of vmr for bash. The grammar of the command line is known to vmr-complete, which lies with the program.
+# Completion of vmr and vmr-compare for bash. The grammar of their command lines is known to vmr-complete, which lies with
+# the programs.
 
 _vmr()
 {
@@ -6,9 +7,11 @@ _vmr()
     _init_completion -n : || return
 
     local program helper kind text
+    local -a before=("${words[@]:1:cword-1}")
     program=$(type -P -- "${words[0]}") || return
     helper=$(dirname "$(dirname "$(readlink -f "$program")")")/libexec/vmr/vmr-complete
     [[ -x $helper ]] || return
+    [[ ${words[0]##*/} != vmr-compare ]] || before=(--compare "${before[@]}")
 
     while IFS=' ' read -r kind text; do
         case $kind in
@@ -22,6 +25,6 @@ _vmr()
             [[ $cur == -* ]] || _filedir $text
             ;;
         esac
-    done < <("$helper" "${words[@]:1:cword-1}")
+    done < <("$helper" "${before[@]}")
     __ltrim_colon_completions "$cur"
-} && complete -F _vmr vmr
+} && complete -F _vmr vmr vmr-compare

@@ -74,6 +74,25 @@ protected:
         ASSERT_TRUE(folder.exists(out)) << result.output;
     }
 
+    /// An environment in which the module of the odd formats is the user's own, with a file "a.odd" for them.
+    std::map<std::string, std::string> with_odd_formats() const
+    {
+        auto const place = folder / "config/Quorvane/Crosswalk/translators";
+        std::filesystem::create_directories(place);
+        std::filesystem::path const module = ODD_MODULE;
+        std::filesystem::copy(module, place);
+        auto manifest = json::parse(kit_read_file(module.parent_path() / "odd.json"));
+        for (auto & format : manifest["formats"])
+            format.update({{"filter", ""},
+                           {"category", "Odd"},
+                           {"extensions", json::array()},
+                           {"resource_file", "odd.rsc"}});
+        folder.write("config/Quorvane/Crosswalk/translators/odd.json", manifest.dump());
+        folder.write("a.odd", "odd");
+        folder.write("a.stl", cube_stl(0));
+        return {{"XDG_CONFIG_HOME", folder / "config"}};
+    }
+
     static bool is_last_line(std::string const & text, std::string const & line)
     {
         return text.ends_with("\n" + line + "\n");
@@ -228,6 +247,9 @@ TEST_F(CompareProgram, SaysWhyNothingCouldBeCompared)
              {{"a.stl", "a.stl", "--relative", "much"}, "--relative"},
              {{"a.stl", "a.stl", "--relative", "-1"}, "--relative"},
              {{"a.stl", "a.stl", "--deflection", "1e-9"}, "--deflection"},
+             {{"a.stl", "a.stl", "--timeout", "-1"}, "--timeout"},
+             {{"a.stl", "a.stl", "--timeout", "soon"}, "--timeout"},
+             {{"a.stl", "a.stl", "--timeout", "nan"}, "--timeout"},
              {{"a.stl", "a.stl", "--names", "--no-names"}, "--no-names"},
              {{"a.stl", "a.stl", "--nothing"}, "--nothing"}}) {
         auto const result = run(words);
@@ -242,21 +264,7 @@ TEST_F(CompareProgram, SaysWhyNothingCouldBeCompared)
 
 TEST_F(CompareProgram, OutlivesAReaderThatCrashes)
 {
-    auto const place = folder / "config/Quorvane/Crosswalk/translators";
-    std::filesystem::create_directories(place);
-    std::filesystem::path const module = ODD_MODULE;
-    std::filesystem::copy(module, place);
-    auto manifest = json::parse(kit_read_file(module.parent_path() / "odd.json"));
-    for (auto & format : manifest["formats"])
-        format.update({{"filter", ""},
-                       {"category", "Odd"},
-                       {"extensions", json::array()},
-                       {"resource_file", "odd.rsc"}});
-    folder.write("config/Quorvane/Crosswalk/translators/odd.json", manifest.dump());
-    folder.write("a.odd", "odd");
-    folder.write("a.stl", cube_stl(0));
-    std::map<std::string, std::string> const environment = {{"XDG_CONFIG_HOME", folder / "config"}};
-
+    auto const environment = with_odd_formats();
     auto const box = run({"a.odd", "a.odd", "--format-a", "Box", "--format-b", "Box"}, environment);
     EXPECT_EQ(box.exit_status, 0) << box.output << box.errors;
     auto const crash = run({"a.stl", "a.odd", "--format-b", "Crashes"}, environment);
@@ -277,13 +285,43 @@ TEST_F(CompareProgram, OutlivesAReaderThatCrashes)
     EXPECT_NE(ended.errors.find("was ended"), std::string::npos) << ended.errors;
 }
 
+TEST_F(CompareProgram, EndsAReaderThatHangsWhenItsTimeIsOver)
+{
+    auto const environment = with_odd_formats();
+    // One that listens to a request to stop, and one that does not.
+    for (std::string const format : {"Waits", "Stubborn"}) {
+        auto const begun = std::chrono::steady_clock::now();
+        auto const result = run({"a.stl", "a.odd", "--format-b", format, "--timeout", "0.5"}, environment);
+        EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(10)) << format;
+        EXPECT_EQ(result.exit_status, 2) << format;
+        EXPECT_EQ(result.output, "") << format;
+        EXPECT_EQ(result.errors,
+                  "Could not compare: It took longer than 0.5 seconds and was ended at the file " +
+                      folder / "a.odd" + "; --timeout allows more\n");
+    }
+    auto const told =
+        run({"a.odd", "a.stl", "--format-a", "Waits", "--timeout", "0.2", "--json"}, environment);
+    EXPECT_EQ(told.exit_status, 2);
+    EXPECT_NE(json::parse(told.output)["error"].get<std::string>().find("took longer than 0.2 seconds"),
+              std::string::npos)
+        << told.output;
+}
+
+TEST_F(CompareProgram, TakesTheTimeThatItIsAllowed)
+{
+    folder.write("a.stl", cube_stl(0));
+    EXPECT_EQ(run({"a.stl", "a.stl", "--timeout", "600", "--quiet"}).exit_status, 0);
+    EXPECT_EQ(run({"a.stl", "a.stl", "--timeout", "0", "--quiet"}).exit_status, 0);
+    EXPECT_EQ(run({"a.stl", "a.stl", "--timeout", "1e9", "--quiet"}).exit_status, 0);
+}
+
 TEST_F(CompareProgram, ShowsHelpAndVersion)
 {
     auto const help = run({"--help"});
     EXPECT_EQ(help.exit_status, 0);
-    for (auto const * option :
-         {"--json", "--relative", "--absolute", "--deflection", "--counts", "--names", "--no-names",
-          "--colours", "--layers", "--structure", "--format-a", "--option-b", "--quiet", "--all"})
+    for (auto const * option : {"--json", "--relative", "--absolute", "--deflection", "--counts", "--names",
+                                "--no-names", "--colours", "--layers", "--structure", "--timeout",
+                                "--format-a", "--option-b", "--quiet", "--all"})
         EXPECT_NE(help.output.find(option), std::string::npos) << option;
     auto const version = run({"--version"});
     EXPECT_EQ(version.exit_status, 0);

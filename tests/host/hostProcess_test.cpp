@@ -187,7 +187,9 @@ TEST_F(HostProcess, SaysThatAFileIsTooBigForTheMemoryAllowed)
     auto const events = host.rest();
     ASSERT_GE(events.size(), 2U);
     EXPECT_EQ(events.back()["status"], "too_big");
-    EXPECT_EQ(events[events.size() - 2]["args"][0], "/in/a.odd");
+    EXPECT_EQ(events[events.size() - 2]["key"], "host::Not verified: %s was not written\n");
+    EXPECT_EQ(events[events.size() - 3], json({{"event", "verdict"}, {"verdict", "not_verified"}}));
+    EXPECT_EQ(events[events.size() - 5]["args"][0], "/in/a.odd");
     EXPECT_TRUE(host.exits_with(0));
 }
 

@@ -88,3 +88,29 @@ TEST_F(HostVerdict, TellsHowManyLossesAndDifferencesThereAre)
     EXPECT_EQ(text(hostVerdict::not_verified, 0, false),
               "Not verified: a.step could not be held against its source");
 }
+
+TEST_F(HostVerdict, WithoutAnOutputIsLossesOnlyWhenFindingsNameWhatTheReaderGaveUp)
+{
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::completed, findings, 3), hostVerdict::not_verified);
+    found(sdkWeight::difference);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::completed, findings, 3), hostVerdict::not_verified);
+    found(sdkWeight::loss);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::completed, findings, 0), hostVerdict::not_verified);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::completed, findings, 3), hostVerdict::losses);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::read_error, findings, 3), hostVerdict::losses);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::write_error, findings, 3), hostVerdict::not_verified);
+    EXPECT_EQ(host_verdict_without_output(sdkStatus::too_big, findings, 3), hostVerdict::not_verified);
+}
+
+TEST_F(HostVerdict, SaysThatNothingWasWritten)
+{
+    found(sdkWeight::loss);
+    auto const text = [&](hostVerdict verdict) {
+        auto const told = host_verdict_text_without_output(verdict, findings, 2, "a.step");
+        EXPECT_TRUE(told.fits());
+        return told.formatted();
+    };
+    EXPECT_EQ(text(hostVerdict::not_verified), "Not verified: a.step was not written");
+    EXPECT_EQ(text(hostVerdict::losses),
+              "Losses: a.step was not written; things of the source that gave no shape: 2");
+}

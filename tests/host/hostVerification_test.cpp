@@ -186,7 +186,9 @@ TEST_F(HostVerification, KeepsNoFileThatNeitherReaderNorWriterVouchesFor)
 {
     run({{"lieTold", "garbage"}});
     EXPECT_EQ(status(), "write_error");
-    EXPECT_EQ(verdict(), "");
+    EXPECT_EQ(verdict(), "not_verified");
+    EXPECT_TRUE(has_message("Not verified: %s was not written"));
+    EXPECT_TRUE(findings("no-output").empty()) << "there is a reason already";
     ASSERT_EQ(findings("not-read-back").size(), 1U);
     EXPECT_EQ(findings("not-read-back")[0]["key"], "lies::%s makes no sense");
     EXPECT_FALSE(std::filesystem::exists(out));

@@ -1,10 +1,28 @@
-"""Asks the program of the first argument, which knows the grammar of command lines, what may come next."""
+"""Asks the program of the first argument, which knows the grammar of command lines, what may come next, and the scripts
+in the folder of the second, which ask it for the shells."""
+import os
+import pathlib
+import shutil
 import subprocess
 import sys
 import unittest
 
-PROGRAM = sys.argv[1]
-del sys.argv[1]
+PROGRAM, SCRIPTS = sys.argv[1:3]
+del sys.argv[1:3]
+
+# In place of what the package of completions for bash has; it needs a terminal.
+BASH = """
+_init_completion() { words=("${COMP_WORDS[@]}"); cword=$COMP_CWORD; cur=${words[cword]}; }
+_filedir() { COMPREPLY+=("files:$1"); }
+__ltrim_colon_completions() { :; }
+source "$1"
+shift
+COMP_WORDS=("$@")
+COMP_CWORD=$(($# - 1))
+COMPREPLY=()
+"$(complete -p "${1##*/}" | sed 's/.* -F \\([^ ]*\\) .*/\\1/')"
+printf '%s\\n' "${COMPREPLY[@]}"
+"""
 
 
 def after(line):
@@ -13,6 +31,13 @@ def after(line):
 
 def options_after(line):
     return {row.split()[1].split(":")[0] for row in after(line) if ":" in row}
+
+
+def bash_after(*words):
+    """What bash offers for the last of the words."""
+    prefix = pathlib.Path(PROGRAM).resolve().parents[2]
+    call = ["bash", "-c", BASH, "bash", os.path.join(SCRIPTS, "vmr.bash"), str(prefix / "bin" / words[0]), *words[1:]]
+    return subprocess.run(call, capture_output=True, text=True, check=True).stdout.splitlines()
 
 
 class Completion(unittest.TestCase):
@@ -40,11 +65,28 @@ class Completion(unittest.TestCase):
         self.assertNotIn("files", after("--compare a.stp --json b.stl"))
         self.assertIn("word --no-colours", after("--compare a.stp b.stl"))
         self.assertEqual(after("--compare a.stp --relative"), [])
+        self.assertEqual(after("--compare a.stp --timeout"), [])
+        self.assertIn("word --timeout", after("--compare a.stp"))
+        self.assertIn("files", after("--compare a.stp --timeout 60"))
         self.assertIn("word STL", after("--compare a.stp --format-a"))
         self.assertIn("word stlReadUnit:in", after("--compare a.stp b.stl --option-b"))
         self.assertNotIn("word stlReadUnit:in", after("--compare a.stp b.stl --option-a"))
         self.assertIn("word stlReadUnit:in", after("--compare --format-a stl a.txt --option-a"))
         self.assertFalse([name for name in options_after("--compare a.stp b.stl --option-b") if "Write" in name])
+
+    def test_bash_offers_what_may_come_next_for_both_programs(self):
+        self.assertEqual(bash_after("vmr", "-h"), ["-help"])
+        self.assertIn("files:", bash_after("vmr", ""))
+        self.assertEqual(bash_after("vmr", "a.stp", "-t", "IG"), ["IGES"])
+        self.assertEqual(bash_after("vmr", "a b.stp", "-t", "IGES", "-o", "a"), ["a\\ b.igs", "files:"])
+        self.assertEqual(bash_after("vmr-compare", "--q"), ["--quiet"])
+        self.assertIn("files:", bash_after("vmr-compare", "a.stp", ""))
+        self.assertEqual(bash_after("vmr-compare", "a.stp", "b.stl", "--format-a", "ST"), ["STEP", "STL"])
+
+    @unittest.skipUnless(shutil.which("zsh"), "there is no zsh")
+    def test_zsh_understands_its_script(self):
+        script = os.path.join(SCRIPTS, "vmr.zsh")
+        self.assertEqual(subprocess.run(["zsh", "-n", script], capture_output=True, check=False).stderr, b"")
 
 
 if __name__ == "__main__":

@@ -107,9 +107,10 @@ TEST_F(BatchAhead, GivesTheProgressOfEachFromItsBeginning)
 TEST_F(BatchAhead, LosesNoneOfManyMessages)
 {
     auto const pipe = fifo("pipe");
-    EXPECT_GT(run_batch({entry("a", "await " + pipe + "\n" + say("output", "done") + "end completed 0 0"),
-                         entry("b", "tell " + pipe + "\nflood 100000\nchief x\nend completed 100000 0")}),
-              0);
+    EXPECT_GT(
+        run_batch({entry("a", "await " + pipe + "\n" + say("output", "done") + "chief x\nend completed 1 0"),
+                   entry("b", "tell " + pipe + "\nflood 100000\nchief x\nend completed 100000 0")}),
+        0);
     EXPECT_EQ(comm.translation_details(1).num_processed(), 100000);
     int next = 0;
     for (auto const & message : output_stream.messages())

@@ -40,8 +40,9 @@ TEST_F(BatchWrapper, CountsTheTranslationsAndTheProgressOfEach)
 
 TEST_F(BatchWrapper, FramesTheSectionOfEachInBothStreams)
 {
-    run_batch({entry("a", say("output", "one") + say("error", "first") + "end completed 0 0"),
-               entry("b", "end completed 0 0"), entry("c", say("output", "three") + "end completed 0 0")});
+    run_batch({entry("a", say("output", "one") + say("error", "first") + "chief x\nend completed 1 0"),
+               entry("b", "chief x\nend completed 1 0"),
+               entry("c", say("output", "three") + "chief x\nend completed 1 0")});
     auto output = output_stream.text();
     auto errors = error_stream.text();
     auto const marker = s2s_batch_marker().str();

@@ -19,6 +19,16 @@ bool is_readable(int descriptor)
     return poll(&polled, 1, 0) == 1;
 }
 
+TEST(ThreadStatus, HasTheNumbersThatItsUsersRelyOn)
+{
+    EXPECT_EQ(static_cast<int>(s2sThreadFileTooBig), 1);
+    EXPECT_EQ(static_cast<int>(s2sThreadReadError), 2);
+    EXPECT_EQ(static_cast<int>(s2sThreadWriteError), 3);
+    EXPECT_EQ(static_cast<int>(s2sThreadCompleted), 4);
+    EXPECT_EQ(static_cast<int>(s2sThreadCancelled), 6);
+    EXPECT_EQ(static_cast<int>(s2sReadWriteReading), 0);
+}
+
 TEST(ThreadComm, IsEmptyAtFirst)
 {
     s2sThreadComm const comm(nullptr);

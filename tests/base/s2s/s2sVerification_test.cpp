@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "batchKit.h"
+#include "s2s/s2sHostProgram.h"
+#include "vmr/vmrTableInstance.h"
 
 namespace {
 
@@ -31,6 +33,13 @@ protected:
         for (auto const & one : translation.findings().kept())
             all.push_back(one.place.str());
         return all;
+    }
+
+    std::string last_kind() const
+    {
+        auto const translation = details();
+        auto const & kept = translation.findings().kept();
+        return kept.empty() ? "" : kept.back().kind.str();
     }
 };
 
@@ -97,21 +106,93 @@ TEST_F(Verification, IsNoneWhenTheHostGaveNoVerdict)
     EXPECT_TRUE(details().findings().empty());
 }
 
-TEST_F(Verification, KeepsNoVerdictOnAnOutputThatIsNotThere)
+TEST_F(Verification, KeepsNoPraiseOfAnOutputThatIsNotThere)
 {
-    for (auto const script : {"end write_error 1 0", "end completed 0 3", "signal 9"}) {
-        comm.reset();
-        run_script(finding("loss", "#12") + verdict("verified") + script);
-        EXPECT_EQ(details().verdict(), sdbVerdictNone) << script;
-        EXPECT_EQ(places(), std::vector<std::string>{"#12"}) << script;
-    }
+    for (std::string const word : {"verified", "differs"})
+        for (std::string const end : {"end write_error 1 0", "end completed 0 3", "signal 9"}) {
+            comm.reset();
+            run_script(finding("loss", "#12") + verdict(word) + end);
+            EXPECT_EQ(details().verdict(), sdbVerdictNotVerified) << word << end;
+            EXPECT_EQ(places(), (std::vector<std::string>{"#12", ""})) << word << end;
+            EXPECT_EQ(last_kind(), "no-output") << word << end;
+        }
 }
 
-TEST_F(Verification, KeepsNoVerdictWhenTheOutputCannotBePutInItsPlace)
+TEST_F(Verification, KeepsWhatTheHostSaysOfAnOutputThatIsNotThere)
+{
+    for (auto const & [word, kept] :
+         {std::pair("losses", sdbVerdictLosses), {"not_verified", sdbVerdictNotVerified}})
+        for (std::string const end : {"end read_error 0 1", "end completed 0 3"}) {
+            comm.reset();
+            run_script(finding("loss", "#12") + verdict(word) + end);
+            EXPECT_EQ(details().verdict(), kept) << word << end;
+            EXPECT_EQ(places(), std::vector<std::string>{"#12"}) << word << end;
+            EXPECT_EQ(output_stream.text(), "") << "the host has said it";
+        }
+}
+
+TEST_F(Verification, IsNotVerifiedWithTheReasonWhenTheHostDies)
+{
+    run_script(finding("loss", "#12") + "chief half\nsignal 11");
+    EXPECT_EQ(details().verdict(), sdbVerdictNotVerified);
+    auto const found = details();
+    ASSERT_EQ(found.findings().kept().size(), 2u);
+    auto const & reason = found.findings().kept()[1];
+    EXPECT_EQ(reason.weight, sdbWeightNote);
+    EXPECT_EQ(reason.kind, utString("no-output"));
+    EXPECT_EQ(reason.text, utString("vmrengine/part.cad was not written"));
+    EXPECT_EQ(output_stream.text(), "Not verified: part.cad was not written\n");
+}
+
+TEST_F(Verification, IsNotVerifiedWhenTheOutputCannotBePutInItsPlace)
 {
     run_script(verdict("verified") + "end completed 1 0");
     EXPECT_EQ(details().status(), s2sThreadWriteError);
-    EXPECT_EQ(details().verdict(), sdbVerdictNone);
+    EXPECT_EQ(details().verdict(), sdbVerdictNotVerified);
+    EXPECT_EQ(last_kind(), "no-output");
+    EXPECT_EQ(output_stream.text(), "Not verified: part.cad was not written\n");
+}
+
+TEST_F(Verification, IsNotVerifiedWhenTheHostCouldNotBegin)
+{
+    run(translation(folder / "gone.cad", folder / "out/part.cad", "end completed 1 0"));
+    EXPECT_EQ(details().verdict(), sdbVerdictNotVerified);
+    EXPECT_EQ(last_kind(), "no-output");
+
+    comm.reset();
+    info.set_info(s2sHOSTPROGRAM, "/nowhere/vmr-host");
+    run_script("end completed 1 0");
+    EXPECT_EQ(details().verdict(), sdbVerdictNotVerified);
+}
+
+TEST_F(Verification, OutlivesAStreamThatTakesNoTextAnyMore)
+{
+    struct Full : Recorder {
+        void write(char const *, char const *, utTextArguments const &) override
+        {
+            throw std::runtime_error("no space left");
+        }
+    } stream;
+    s2sWrapper(context, info, comm, &loader, &stream, &stream,
+               translation(make_input(), folder / "out/part.cad", "signal 9"))
+        .run();
+    EXPECT_EQ(details().verdict(), sdbVerdictNotVerified);
+    EXPECT_EQ(details().status(), s2sThreadReadError);
+}
+
+TEST_F(Verification, IsNoneWithoutAnOutputWhereNobodyWantsIt)
+{
+    vmrTableInstance table;
+    table.initialise(folder / "options.rsc");
+    table.add_resource("vmrOptVerify", "none");
+    for (std::string const end : {"end write_error 1 0", "end completed 0 3", "signal 9"}) {
+        comm.reset();
+        run({{input(make_input(), finding("loss", "#12") + end)},
+             {(folder / "out/part.cad"), &table, module.native(), nullptr, 0, "Fake"}});
+        EXPECT_EQ(details().verdict(), sdbVerdictNone) << end;
+        EXPECT_EQ(places(), std::vector<std::string>{"#12"}) << end;
+        EXPECT_EQ(output_stream.text(), "") << end;
+    }
 }
 
 TEST_F(Verification, IsForgottenWhenTheUserCancels)

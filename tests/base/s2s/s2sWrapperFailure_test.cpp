@@ -65,7 +65,7 @@ TEST_F(WrapperFailure, NamesTheExitStatusWhenTheHostLeavesWithoutALastWord)
 TEST_F(WrapperFailure, KeepsTheMessagesThatCameBeforeACrash)
 {
     run_script("flood 1000\nsignal 9");
-    EXPECT_EQ(output_stream.messages().size(), 900u);
+    EXPECT_EQ(output_stream.messages().size(), 901u) << "with the verdict";
     EXPECT_THAT(error_stream.text(), HasSubstr("SIGKILL"));
 }
 

@@ -55,7 +55,7 @@ TEST_F(Wrapper, PassesMessagesToTheTwoStreamsWithTheirArguments)
         R"(say {"event":"message","stream":"output","domain":"d","key":"k::%d %g %s","args":[7,0.5,"ä"]})"
         "\n"
         R"(say {"event":"message","stream":"error","domain":"e","key":"bad","args":[]})"
-        "\nend completed 0 0");
+        "\nchief x\nend completed 1 0");
     ASSERT_EQ(output_stream.messages().size(), 1u);
     auto const message = output_stream.messages()[0];
     EXPECT_EQ(message.domain, "d");
@@ -78,7 +78,7 @@ TEST_F(Wrapper, TellsWhichLinesOfAnOptionsFileHaveNoEffect)
 
 TEST_F(Wrapper, LosesNoneOfManyMessagesAndKeepsTheirOrder)
 {
-    run_script("flood 50000\nend completed 0 0");
+    run_script("flood 50000\nchief x\nend completed 1 0");
     auto const outputs = output_stream.messages();
     auto const errors = error_stream.messages();
     ASSERT_EQ(outputs.size(), 45000u);
@@ -105,7 +105,7 @@ TEST_F(Wrapper, FollowsTheFileTheDirectionAndTheProgress)
                R"(say {"event":"progress","percent":30})"
                "\n"
                R"(say {"event":"file","path":"/out/.vmr-1/part.cad","direction":"writing"})"
-               "\nready\nend completed 0 0");
+               "\nready\nchief x\nend completed 1 0");
     std::vector<std::string> const expected = {folder / "in.cad" + " r 0", "/in/detail.cad r 40",
                                                out + " w 40"};
     EXPECT_EQ(seen, expected);
@@ -141,7 +141,7 @@ TEST_F(Wrapper, TakesTextThatIsCutInTheMiddleOfACharacter)
         char const digits[] = "0123456789abcdef";
         hex += {digits[c / 16], digits[c % 16]};
     }
-    run_script("bytes " + hex + "\nend completed 0 0");
+    run_script("bytes " + hex + "\nchief x\nend completed 1 0");
     ASSERT_EQ(output_stream.messages().size(), 1u);
     EXPECT_EQ(output_stream.messages()[0].key, "a\xEF\xBF\xBD");
 }

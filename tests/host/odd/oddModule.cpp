@@ -46,6 +46,11 @@ public:
     sdkResult parse(std::string const &, Message_ProgressRange const & range) override
     {
         m_context.reporter().output("odd::The reader %s has begun", m_format);
+        found(sdkWeight::note, "unit-assumed");
+        if (m_format.starts_with("Loses")) {
+            found(sdkWeight::loss, "not-translated");
+            m_context.reporter().failed(1);
+        }
         if (m_format == "Waits") {
             wait_for_cancel(range);
             return sdkResult::cancelled();
@@ -86,6 +91,12 @@ public:
         for (int step = 0; step < 1000; ++step) {
             scope.Next();
         }
+        if (m_format == "LosesAll") {
+            return sdkResult::read_error(sdkText("odd::%s has no shapes", m_context.file()));
+        }
+        if (m_format == "Loses") {
+            return sdkResult::completed();
+        }
         TopoDS_Vertex vertex;
         double const size = m_format == "Box" ? m_context.options().real("oddSize") : 1.0;
         BRep_Builder().MakeVertex(vertex, gp_Pnt(size, 0, 0), 1e-7);
@@ -94,6 +105,17 @@ public:
     }
 
 private:
+    void found(sdkWeight weight, char const * kind)
+    {
+        m_context.account().add({weight,
+                                 kind,
+                                 {},
+                                 "#1",
+                                 std::nullopt,
+                                 std::nullopt,
+                                 sdkText("odd::%s: #1 is odd", m_context.file())});
+    }
+
     std::string m_format;
     sdkContext & m_context;
 };
@@ -119,6 +141,13 @@ public:
         if (m_format == "WritesNothing") {
             return sdkResult::completed();
         }
+        m_context.account().add({sdkWeight::note,
+                                 "source-open",
+                                 {},
+                                 {},
+                                 std::nullopt,
+                                 std::nullopt,
+                                 sdkText("odd::%s is written", m_context.file())});
         std::ofstream stream(path);
         if (m_format == "WritesEmpty") {
             return sdkResult::completed();

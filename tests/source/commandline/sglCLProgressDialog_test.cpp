@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <wx/stopwatch.h>
 
 namespace {
 
@@ -49,6 +50,20 @@ TEST_F(CommandLineProgress, WritesNothingWhileNothingRises)
     EXPECT_EQ(dialog->progress(3), 0);
     EXPECT_EQ(dialog->progress(2), 0);
     EXPECT_EQ(text.str(), "...");
+}
+
+TEST_F(CommandLineProgress, WritesADotASecondWhileNothingRises)
+{
+    dialog->progress(10);
+    std::string const row = text.str();
+    wxStopWatch watch;
+    while (text.str() == row && watch.Time() < 20'000)
+        EXPECT_EQ(dialog->progress(10), 0);
+    EXPECT_EQ(text.str(), row + ".");
+    EXPECT_GE(watch.Time(), 990);
+    EXPECT_LT(watch.Time(), 2500);
+    dialog->progress(10);
+    EXPECT_EQ(text.str(), row + ".") << "the next one comes a second later";
 }
 
 TEST_F(CommandLineProgress, WritesTheFirstLabelOnly)

@@ -3,12 +3,14 @@
 #include "kit/kitFormat.h"
 
 #include <cstring>
+#include <functional>
 #include <iostream>
 
 namespace {
 
 class Parser : public sglParseCommandLine {
 public:
+    using sglParseCommandLine::handle_translator_error;
     using sglParseCommandLine::input_resource_file;
     using sglParseCommandLine::output_resource_file;
     using sglParseCommandLine::pre_process_settings;
@@ -62,12 +64,24 @@ struct CommandLine : kitAppTest {
     {
         return parser->translation().output_resource_table(0).effective_value(name);
     }
-    void settle()
+    int captured(std::function<int()> const & action)
     {
         testing::internal::CaptureStdout();
-        parser->pre_process_settings();
+        int const result = action();
         std::cout.flush();
         said = testing::internal::GetCapturedStdout();
+        return result;
+    }
+    void settle()
+    {
+        captured([this] {
+            parser->pre_process_settings();
+            return 0;
+        });
+    }
+    int translate()
+    {
+        return captured([this] { return parser->translate(); });
     }
 
     std::unique_ptr<Parser> parser;
@@ -397,4 +411,53 @@ TEST_F(CommandLine, SaysNothingOfATranslatorWhoseFileFailedToLoadAndGoesOn)
     std::filesystem::remove(folder() / "installation/lib/vmr/translators/alpha.so");
     EXPECT_EQ(parse("IN -t BETA -o OUT"), 1);
     EXPECT_FALSE(says("unable to load"));
+}
+
+TEST_F(CommandLine, SaysWhatCameOfTheRequest)
+{
+    ASSERT_EQ(parse("IN -t BETA -o OUT"), 1) << said;
+    struct {
+        sglTranslationResult::Value result;
+        int failed;
+        char const * text;
+    } const rows[] = {
+        {sglTranslationResult::started, 0,
+         "\n\nFinished reading\n\n\n****************************************\n\n"},
+        {sglTranslationResult::failed, 1, "\nUnknown translation error\n"},
+        {sglTranslationResult::same_file, 1,
+         "\nThe specified input file has the same name as the output file.\n"},
+        {sglTranslationResult::no_input_translator, 1, "\nUnknown input file format detected\n"},
+        {sglTranslationResult::no_output_translator, 1, "\nUnknown output file format requested\n"}};
+    for (auto const & row : rows) {
+        EXPECT_EQ(captured([&] { return parser->handle_translator_error(row.result); }), row.failed);
+        EXPECT_EQ(said, row.text);
+    }
+    EXPECT_EQ(static_cast<int>(sglTranslationResult::started), 0);
+    EXPECT_EQ(static_cast<int>(sglTranslationResult::failed), 1);
+    EXPECT_EQ(static_cast<int>(sglTranslationResult::same_file), 2);
+    EXPECT_EQ(static_cast<int>(sglTranslationResult::no_input_translator), 3);
+    EXPECT_EQ(static_cast<int>(sglTranslationResult::no_output_translator), 4);
+}
+
+TEST_F(CommandLine, ReturnsOneForATranslationThatWasRunAndFailed)
+{
+    ASSERT_EQ(parse("IN -t BETA -o OUT"), 1) << said;
+    EXPECT_EQ(translate(), 1);
+    EXPECT_TRUE(says("\n\nFinished reading\n\n\n****************************************\n\n"
+                     "Translation(s) complete\n\n"))
+        << said;
+    EXPECT_FALSE(folder().exists("out.beta"));
+}
+
+TEST_F(CommandLine, ReturnsZeroForATranslationThatCouldNotBeRun)
+{
+    ASSERT_EQ(parse("IN -t BETA -o OUT"), 1) << said;
+    parser->translation().input_format("GAMMA", 0);
+    EXPECT_EQ(translate(), 0);
+    EXPECT_TRUE(says("\nUnknown input file format detected\nTranslation(s) complete\n\n")) << said;
+
+    ASSERT_EQ(parse("IN -t BETA -o OUT"), 1) << said;
+    parser->translation().output_format("GAMMA", 0);
+    EXPECT_EQ(translate(), 0);
+    EXPECT_TRUE(says("\nUnknown output file format requested\nTranslation(s) complete\n\n")) << said;
 }

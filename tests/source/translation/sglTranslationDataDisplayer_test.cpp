@@ -158,3 +158,28 @@ TEST_F(Report, GoesOnAtTheDepthWhereItEndedWhenShownAgain)
     displayer.display();
     EXPECT_EQ(stream.str(), "Batch Translation\n  Batch Translation\n");
 }
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+namespace {
+
+class SignedReport : public sglTDOstreamDisplayer {
+public:
+    using sglTDOstreamDisplayer::sglTDOstreamDisplayer;
+    void sign() { indent_and_display("signed"); }
+};
+
+} // namespace
+
+#pragma GCC diagnostic pop
+
+TEST_F(Report, CanHaveLinesOfAnApplicationsOwn)
+{
+    kitRecord const record(sdbTranslationBatch);
+    std::ostringstream stream;
+    SignedReport displayer(&record.data, &info(), &stream);
+    displayer.display();
+    displayer.sign();
+    EXPECT_EQ(stream.str(), "Batch Translation\n  signed\n");
+}

@@ -67,20 +67,78 @@ struct Driver : kitAppTest {
 
 } // namespace
 
-TEST_F(Driver, IsInvalidUntilEveryListHasAnEntryAndTakesANullDocumentForOne)
+TEST_F(Driver, IsInvalidWithoutAnyOneOfItsListsAndTakesANullDocument)
+{
+    vmrTableInstance table(nullptr);
+    std::vector<std::function<void(kitRequest &)>> const setters = {
+        [](kitRequest & request) { request.input_file("in", 0); },
+        [](kitRequest & request) { request.input_format("ALPHA", 0); },
+        [&](kitRequest & request) { request.input_resource_table(table, 0); },
+        [](kitRequest & request) { request.output_file("out", 0); },
+        [](kitRequest & request) { request.output_format("BETA", 0); },
+        [&](kitRequest & request) { request.output_resource_table(table, 0); },
+        [](kitRequest & request) { request.output_document(nullptr, 0); }};
+    for (std::size_t left_out = 0; left_out <= setters.size(); ++left_out) {
+        kitRequest request;
+        for (std::size_t i = 0; i < setters.size(); ++i)
+            if (i != left_out)
+                setters[i](request);
+        EXPECT_EQ(request.invalid() != 0, left_out < setters.size()) << left_out;
+    }
+}
+
+TEST_F(Driver, LooksForTheTranslatorsOfTheInputsFirst)
 {
     kitRequest request;
-    EXPECT_TRUE(request.invalid());
-    vmrTableInstance table(nullptr);
-    request.input_file("in", 0);
-    request.input_format("ALPHA", 0);
-    request.input_resource_table(table, 0);
-    request.output_file("out", 0);
-    request.output_format("BETA", 0);
-    request.output_resource_table(table, 0);
-    EXPECT_TRUE(request.invalid());
-    request.output_document(nullptr, 0);
-    EXPECT_FALSE(request.invalid());
+    kitProgressRecorder dialog;
+    fill(request);
+    request.input_format("GAMMA", 0);
+    request.output_format("GAMMA", 0);
+    request.progress(&dialog);
+    EXPECT_EQ(request.execute().value(), sglTranslationResult::no_input_translator);
+    EXPECT_TRUE(dialog.told.empty());
+}
+
+TEST_F(Driver, MakesItsStepsInOrder)
+{
+    struct Steps : kitProgressRecorder {
+        std::vector<std::string> * all = nullptr;
+        void fileLabel(utString const & file) override { all->push_back("file " + file.str()); }
+        int progress(int percent) override
+        {
+            all->push_back("progress " + std::to_string(percent) + ", translating " +
+                           std::to_string(getNlsHelp()->translating()));
+            return 1;
+        }
+        void operationLabel(utString const & label) override { all->push_back(label.str()); }
+        void translation_ended_ok() override
+        {
+            all->push_back("ok");
+            kitProgressRecorder::translation_ended_ok();
+        }
+    } dialog;
+    struct Request : kitRequest {
+        std::vector<std::string> * all = nullptr;
+        void thread_has_died() override
+        {
+            EXPECT_NE(communicator().threadHasDied(), 0);
+            all->push_back("the worker has ended");
+        }
+    } request;
+    std::vector<std::string> steps;
+    dialog.all = request.all = &steps;
+    fill(request);
+    request.progress(&dialog);
+    request.execute();
+    ASSERT_GE(steps.size(), 4u);
+    EXPECT_EQ(steps.front(), "file " + input) << "before the worker has said anything";
+    EXPECT_EQ(std::vector<std::string>(steps.end() - 3, steps.end()),
+              (std::vector<std::string>{"the worker has ended", "progress 100, translating 0", "ok"}));
+    for (std::size_t i = 1; i + 3 < steps.size(); i += 3) {
+        EXPECT_EQ(steps[i], "file " + input);
+        EXPECT_EQ(steps[i + 1], "progress 0, translating 1");
+        EXPECT_EQ(steps[i + 2], "Reading :");
+    }
 }
 
 TEST_F(Driver, GivesAnEmptyFileNameWhileThereIsNone)
@@ -253,12 +311,75 @@ TEST_F(Driver, RecordsTheUseOfFormatsThatAreNoViewers)
     EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
 }
 
-TEST_F(Driver, DoesTheWorkItselfWhenTheSystemHasNoThreadToGive)
+TEST_F(Driver, RecordsNoUseOfViewers)
 {
-    struct NoThreads : apPosixProcessThreadOperations {
-        std::thread start_thread(std::function<void()>) const override { return {}; }
-    } const no_threads;
-    app().application_information()->services()->add_service(
-        sduPROCESSTHREADOPERATIONS, sduServicePtr<apIProcessThreadOperations const>(&no_threads));
-    EXPECT_EQ(outcome_of({s2sThreadCompleted, 3, 0}), "ok");
+    kit_install_format(folder(), "installation", "GLASS", "glass", true);
+    start();
+    auto const place = folder() / "usage";
+    app().analytics_reporter()->initialise(app().application_information(), utString(place), "", "text");
+    ASSERT_TRUE(app().analytics_reporter()->usage_record().choose(true));
+    for (auto const & [from, to] : {std::pair("GLASS", "BETA"), {"ALPHA", "GLASS"}}) {
+        kitRequest request;
+        kitProgressRecorder dialog;
+        fill(request);
+        request.input_format(from, 0);
+        request.output_format(to, 0);
+        request.progress(&dialog);
+        ASSERT_EQ(request.execute().value(), sglTranslationResult::started);
+    }
+    auto const reporter = app().analytics_reporter();
+    EXPECT_EQ(reporter->num_read(apString(L"GLASS")), 0);
+    EXPECT_EQ(reporter->num_written(apString(L"GLASS")), 0);
+    EXPECT_EQ(reporter->num_read(apString(L"ALPHA")), 1);
+    EXPECT_EQ(reporter->num_written(apString(L"BETA")), 1);
+}
+
+TEST_F(Driver, KeepsTheTranslatorOfAnEarlierLookUpWhereAFormatIsUnknown)
+{
+    kitRequest request;
+    fill(request);
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+    request.input_format("GAMMA", 0);
+    request.output_format("GAMMA", 0);
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+    request.input_file("b", 1);
+    EXPECT_EQ(request.find_input_dlls(), 1) << "the second has never had one";
+}
+
+TEST_F(Driver, FindsTheTranslatorsOfNoFilesAtAll)
+{
+    kitRequest request;
+    EXPECT_EQ(request.find_input_dlls(), 0);
+    EXPECT_EQ(request.find_output_dlls(), 0);
+}
+
+TEST_F(Driver, EndsTheProgramOnAnExceptionInATick)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    struct Broken : kitProgressRecorder {
+        int progress(int) override { throw std::runtime_error("the bar is broken"); }
+    } dialog;
+    kitRequest request;
+    fill(request);
+    request.progress(&dialog);
+    EXPECT_DEATH(request.execute(), "unexpected error: the bar is broken");
+}
+
+TEST_F(Driver, NamesTheTranslatorsThatDoNotLoadInOneText)
+{
+    struct Request : kitRequest {
+        using kitRequest::display_dll_load_error;
+    } const request;
+    auto const told = [&](sdbTranslatorLoadStatus const & status) {
+        testing::internal::CaptureStderr();
+        request.display_dll_load_error(status);
+        return testing::internal::GetCapturedStderr();
+    };
+    sdbTranslatorLoadStatus status(sdbTranslatorLoadStart);
+    EXPECT_EQ(told(status), "");
+    status.add_file_failure(apPathName::from_utf8("/lib/a.so"), "it is broken");
+    status.add_file_failure(apPathName::from_utf8("/lib/b.so"), "it is not there");
+    EXPECT_EQ(told(status), "Tester: Error : unable to load /lib/a.so\nError : unable to load /lib/b.so\n");
 }

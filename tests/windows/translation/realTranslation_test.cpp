@@ -1,5 +1,7 @@
 #include "windows/translation/kitProgress.h"
 
+#include "sglTDOstreamDisplayer.h"
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -93,6 +95,11 @@ TEST_F(RealTranslation, FailsOnADamagedFileAndSaysWhichOne)
     EXPECT_EQ(dialog.GetReturnCode(), 9);
     EXPECT_FALSE(last_record().error_messages(0).empty());
     EXPECT_FALSE(std::filesystem::exists(folder() / "bad.igs"));
+    EXPECT_EQ(last_record().verdict(0), sdbVerdictNotVerified);
+    std::ostringstream report;
+    sglTDOstreamDisplayer(&last_record(), info(), &report).display();
+    EXPECT_THAT(report.str(),
+                testing::EndsWith("\n  Verification : Not Verified\n    Note : bad.igs was not written\n"));
 }
 
 TEST_F(RealTranslation, SavesNoDetailsWhenNoFileIsChosen)
