@@ -157,14 +157,7 @@ Handle(StepVisual_StyledItem) stepInstanceStyles::new_style(TDF_Label const & co
         return {};
     }
     auto const context = place->RepresentationRelation()->Rep1()->ContextOfItems();
-    int const before = m_model->NbEntities();
-    if (context.IsNull() || !m_styles.CreateNAUOSRD(context, place, {})) {
-        return {};
-    }
-    Handle(StepShape_ShapeRepresentation) representation;
-    for (int number = before + 1; number <= m_model->NbEntities() && representation.IsNull(); ++number) {
-        representation = Handle(StepShape_ShapeRepresentation)::DownCast(m_model->Value(number));
-    }
+    auto const representation = context.IsNull() ? Representation() : representation_of(place, context);
     if (representation.IsNull()) {
         return {};
     }
@@ -182,4 +175,35 @@ Handle(StepVisual_StyledItem) stepInstanceStyles::new_style(TDF_Label const & co
         m_model->AddWithRefs(style);
     }
     return style;
+}
+
+stepInstanceStyles::Representation
+stepInstanceStyles::representation_of(Handle(StepShape_ContextDependentShapeRepresentation) const & place,
+                                      Handle(StepRepr_RepresentationContext) const & context)
+{
+    if (!m_looked) {
+        look_at_definitions(1);
+        m_looked = true;
+    }
+    auto const shape = place->RepresentedProductRelation();
+    auto found = m_representations.find(shape.get());
+    if (found == m_representations.end()) {
+        int const before = m_model->NbEntities();
+        m_styles.CreateNAUOSRD(context, place, {});
+        look_at_definitions(before + 1);
+        found = m_representations.find(shape.get());
+    }
+    return found == m_representations.end() ? Representation() : found->second;
+}
+
+void stepInstanceStyles::look_at_definitions(int first)
+{
+    for (int number = first; number <= m_model->NbEntities(); ++number) {
+        auto const definition =
+            Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(m_model->Value(number));
+        if (!definition.IsNull()) {
+            m_representations.emplace(definition->Definition().PropertyDefinition().get(),
+                                      Representation::DownCast(definition->UsedRepresentation()));
+        }
+    }
 }

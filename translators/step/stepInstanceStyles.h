@@ -3,17 +3,22 @@
 #include <NCollection_DataMap.hxx>
 #include <STEPConstruct_Styles.hxx>
 #include <StepRepr_RepresentationItem.hxx>
+#include <StepShape_ShapeRepresentation.hxx>
 #include <StepVisual_HArray1OfPresentationStyleSelect.hxx>
 #include <StepVisual_StyledItem.hxx>
 #include <TDF_Label.hxx>
 #include <TDF_LabelMapHasher.hxx>
 #include <TopoDS_Shape.hxx>
 
+#include <map>
 #include <vector>
 
 class Interface_Graph;
 class Interface_InterfaceModel;
 class StepRepr_NextAssemblyUsageOccurrence;
+class StepRepr_PropertyDefinition;
+class StepRepr_RepresentationContext;
+class StepShape_ContextDependentShapeRepresentation;
 class Transfer_FinderProcess;
 class XSControl_WorkSession;
 
@@ -42,10 +47,18 @@ public:
     Handle(StepVisual_StyledItem) style_of(TDF_Label const & component);
 
 private:
+    using Representation = Handle(StepShape_ShapeRepresentation);
+
     Handle(StepVisual_StyledItem) new_style(TDF_Label const & component);
+    // That of the instance, which the model has already where the instance has a colour.
+    Representation representation_of(Handle(StepShape_ContextDependentShapeRepresentation) const & place,
+                                     Handle(StepRepr_RepresentationContext) const & context);
+    void look_at_definitions(int first);
 
     Handle(XSControl_WorkSession) m_session;
     STEPConstruct_Styles m_styles;
     Handle(Interface_InterfaceModel) m_model;
+    bool m_looked = false;
+    std::map<StepRepr_PropertyDefinition const *, Representation> m_representations;
     NCollection_DataMap<TDF_Label, Handle(StepVisual_StyledItem), TDF_LabelMapHasher> m_done;
 };
