@@ -10,6 +10,7 @@
 #include "sdk/exchange/sdkLooseWires.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/exchange/sdkTurnedEllipses.h"
+#include "sdk/exchange/sdkTurnedFaces.h"
 #include "sdk/geometry/sdkLosses.h"
 #include "sdk/sdkFiles.h"
 #include "sdk/sdkFlatten.h"
@@ -74,6 +75,9 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
     sdk_divide_inexact_seams(document);
+    if (m_context.promise().holds.solids) {
+        sdk_turn_faces_in_shells(document);
+    }
     auto const entities = document.count_entities().entities();
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), scope.Next(9));

@@ -52,6 +52,26 @@ public:
         }
     }
 
+    // True when the label, or something that it places or is made of, is both seen and hidden.
+    bool differ_within(TDF_Label const & label)
+    {
+        bool differ = seen(label) && hidden(label);
+        if (differ || m_alike.Contains(label)) {
+            return differ;
+        }
+        TDF_LabelSequence inner;
+        XCAFDoc_ShapeTool::GetComponents(label, inner);
+        if (TDF_Label referred; XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            inner.Append(referred);
+        }
+        differ = std::any_of(inner.begin(), inner.end(),
+                             [this](TDF_Label const & one) { return differ_within(one); });
+        if (!differ) {
+            m_alike.Add(label);
+        }
+        return differ;
+    }
+
     bool seen(TDF_Label const & label) const { return m_seen.Contains(label); }
     bool hidden(TDF_Label const & label) const { return m_hidden.Contains(label); }
 
@@ -60,6 +80,7 @@ private:
     std::vector<std::pair<TDF_Label, bool>> m_waiting;
     TDF_LabelMap m_seen;
     TDF_LabelMap m_hidden;
+    TDF_LabelMap m_alike; // without anything within that is both
 };
 
 } // namespace
@@ -87,6 +108,29 @@ TDF_LabelSequence sdk_hidden_labels(sdkDocument const & document)
     for (TDF_ChildIterator child(document.shapes()->Label(), Standard_True); child.More(); child.Next()) {
         if (XCAFDoc_ShapeTool::IsShape(child.Value()) && is_marked(document, child.Value())) {
             hidden.Append(child.Value());
+        }
+    }
+    return hidden;
+}
+
+TDF_LabelSequence sdk_hidden_instances(sdkDocument const & document)
+{
+    TDF_LabelSequence hidden;
+    Places places(document);
+    for (auto const & shape : document.free_shapes()) {
+        places.follow(shape);
+    }
+    for (TDF_ChildIterator child(document.shapes()->Label(), Standard_True); child.More(); child.Next()) {
+        auto const & label = child.Value();
+        TDF_Label referred;
+        if (!XCAFDoc_ShapeTool::GetReferredShape(label, referred)) {
+            continue;
+        }
+        bool const marked = is_marked(document, label) ||
+                            (XCAFDoc_ShapeTool::IsComponent(label) && is_marked(document, label.Father())) ||
+                            (XCAFDoc_ShapeTool::IsAssembly(referred) && is_marked(document, referred));
+        if (marked && places.differ_within(referred)) {
+            hidden.Append(label);
         }
     }
     return hidden;

@@ -12,6 +12,10 @@ bool sdk_hidden(sdkDocument const & document, TDF_Label const & label);
 // All labels of parts, instances and sub-shapes that are marked themselves, each once.
 TDF_LabelSequence sdk_hidden_labels(sdkDocument const & document);
 
+// The instances that must be hidden themselves, as what they place is seen elsewhere: components of
+// assemblies that are marked, or whose assembly is, and free shapes that only place another one.
+TDF_LabelSequence sdk_hidden_instances(sdkDocument const & document);
+
 // Hides parts in place of instances and assemblies, for formats in which only bodies can be hidden: a part is
 // hidden when none of its places is seen. Returns how many parts have both hidden places and such that are
 // seen; all their places will be seen.

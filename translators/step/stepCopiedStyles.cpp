@@ -51,10 +51,12 @@ public:
         double transparency = 0;
         bool of_component = false;
         Handle(StepVisual_StyledItem) const handle(&style);
-        if (!m_styles.GetColors(handle, surface, boundary, curve, rendering, transparency, of_component)) {
+        auto const item = step_item_of(handle, m_session->Graph());
+        if (item.IsNull() ||
+            !m_styles.GetColors(handle, surface, boundary, curve, rendering, transparency, of_component)) {
             return;
         }
-        for (auto const & label : labels_of(style.Item())) {
+        for (auto const & label : labels_of(item)) {
             Quantity_Color colour;
             auto const & face = rendering.IsNull() ? surface : rendering;
             if (!face.IsNull() && STEPConstruct_Styles::DecodeColor(face, colour)) {
@@ -76,7 +78,7 @@ public:
         }
         TCollection_ExtendedString const name(layer.Name()->ToCString(), Standard_True);
         for (auto const & item : *layer.AssignedItems()) {
-            for (auto const & label : labels_of(step_item_of(item.Value()))) {
+            for (auto const & label : labels_of(step_item_of(item.Value(), m_session->Graph()))) {
                 m_document.layers()->SetLayer(label, name);
             }
         }
@@ -84,7 +86,7 @@ public:
 
     void take_visibility()
     {
-        for (auto const & item : step_hidden_items(m_session->Model())) {
+        for (auto const & item : step_hidden_items(m_session->Model(), m_session->Graph())) {
             for (auto const & label : labels_of(item)) {
                 sdk_hide(m_document, label);
             }

@@ -1,9 +1,10 @@
 #include "step/stepPropertyTargets.h"
 
+#include "step/stepInstances.h"
+
 #include <Interface_EntityIterator.hxx>
 #include <Interface_Graph.hxx>
 #include <STEPCAFControl_Reader.hxx>
-#include <STEPConstruct_Tool.hxx>
 #include <StepAP242_ItemIdentifiedRepresentationUsage.hxx>
 #include <StepBasic_GeneralProperty.hxx>
 #include <StepBasic_Product.hxx>
@@ -128,8 +129,7 @@ stepPropertyTarget stepPropertyTargets::instance(Handle(StepRepr_NextAssemblyUsa
         target.product = related;
         target.part = product_name(related);
     }
-    STEPConstruct_Tool const tool(m_reader.Reader().WS());
-    target.label = STEPCAFControl_Reader::FindInstance(usage, m_shapes, tool, m_reader.GetShapeLabelMap());
+    target.label = stepInstances(m_reader, m_shapes).label_of(usage);
     return target;
 }
 

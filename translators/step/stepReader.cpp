@@ -8,6 +8,7 @@
 #include "step/stepCopiedStyles.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
+#include "step/stepInstances.h"
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepMappings.h"
@@ -164,12 +165,17 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         take_inventory();
     }
     step_style_copies(m_reader->Reader().WS(), m_copies, document, options);
+    auto const shapes = document.shapes();
+    stepInstances const instances(*m_reader, shapes);
+    if (options.boolean("stepReadLayers")) {
+        step_read_layers_of_instances(m_reader->Reader().Model(), instances, document);
+    }
     auto const added = document.free_shapes_since(before);
     if (!transferred || !has_geometry(added)) {
         return without_shapes();
     }
     step_report_units(m_reader->Reader().Model(), m_context);
-    findings.take(m_reader->Reader().WS());
+    findings.take(m_reader->Reader().WS(), instances);
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
@@ -275,7 +281,9 @@ void stepReader::prepare_layers() const
     if (!m_context.options().boolean("stepReadLayers")) {
         return;
     }
-    if (auto const nameless = step_prepare_layers(m_reader->Reader().Model()); nameless > 1) {
+    if (auto const nameless =
+            step_prepare_layers(m_reader->Reader().Model(), m_reader->Reader().WS()->Graph());
+        nameless > 1) {
         m_context.reporter().output("step::%d layers without a name become one", nameless);
     }
 }

@@ -15,11 +15,11 @@ stepSourceFindings::stepSourceFindings(sdkDocument & document, sdkContext & cont
 {
 }
 
-void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session)
+void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances)
 {
     take_information(session);
     take_materials(session);
-    take_visibility(session);
+    take_visibility(session, instances);
 }
 
 void stepSourceFindings::take_information(Handle(XSControl_WorkSession) const & session)
@@ -58,11 +58,12 @@ void stepSourceFindings::take_materials(Handle(XSControl_WorkSession) const & se
     }
 }
 
-void stepSourceFindings::take_visibility(Handle(XSControl_WorkSession) const & session)
+void stepSourceFindings::take_visibility(Handle(XSControl_WorkSession) const & session,
+                                         stepInstances const & instances)
 {
     auto const & options = m_context.options();
     if (!options.boolean("stepReadColours") || !options.boolean("stepReadLayers")) {
-        step_read_visibility(session, m_document);
+        step_read_visibility(session, m_document, instances);
     }
     int const hidden = sdk_hidden_labels(m_document).Length() - m_hidden_before;
     if (hidden > 0) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 class XSControl_WorkSession;
+class stepInstances;
 
 // Adds to the account what a file has besides shapes and what became of it: product and manufacturing
 // information, materials, hidden bodies. Make it before the transfer, for the document may have such things
@@ -17,12 +18,12 @@ public:
     stepSourceFindings(sdkDocument & document, sdkContext & context);
 
     // After the transfer. Reads the visibility that the toolkit has not read.
-    void take(Handle(XSControl_WorkSession) const & session);
+    void take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances);
 
 private:
     void take_information(Handle(XSControl_WorkSession) const & session);
     void take_materials(Handle(XSControl_WorkSession) const & session);
-    void take_visibility(Handle(XSControl_WorkSession) const & session);
+    void take_visibility(Handle(XSControl_WorkSession) const & session, stepInstances const & instances);
 
     sdkDocument & m_document;
     sdkContext & m_context;

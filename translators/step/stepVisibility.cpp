@@ -1,26 +1,24 @@
 #include "step/stepVisibility.h"
 
 #include "sdk/sdkVisibility.h"
+#include "step/stepInstanceStyles.h"
+#include "step/stepInstances.h"
 
+#include <Interface_Graph.hxx>
 #include <Interface_InterfaceModel.hxx>
-#include <STEPConstruct.hxx>
 #include <STEPConstruct_Styles.hxx>
 #include <StepRepr_RepresentationContext.hxx>
 #include <StepRepr_RepresentationItem.hxx>
 #include <StepVisual_HArray1OfInvisibleItem.hxx>
 #include <StepVisual_HArray1OfLayeredItem.hxx>
 #include <StepVisual_HArray1OfPresentationStyleAssignment.hxx>
-#include <StepVisual_HArray1OfPresentationStyleSelect.hxx>
 #include <StepVisual_Invisibility.hxx>
 #include <StepVisual_InvisibleItem.hxx>
 #include <StepVisual_MechanicalDesignGeometricPresentationRepresentation.hxx>
-#include <StepVisual_NullStyleMember.hxx>
 #include <StepVisual_PresentationLayerAssignment.hxx>
 #include <StepVisual_PresentationStyleAssignment.hxx>
 #include <StepVisual_StyledItem.hxx>
 #include <TCollection_HAsciiString.hxx>
-#include <TopLoc_Location.hxx>
-#include <TopoDS_Iterator.hxx>
 #include <TransferBRep.hxx>
 #include <Transfer_FinderProcess.hxx>
 #include <Transfer_TransientProcess.hxx>
@@ -37,31 +35,28 @@ namespace {
 using Item = Handle(StepRepr_RepresentationItem);
 
 // The items that the invisible one stands for: that of a style, or all of a layer.
-std::vector<Item> items_of(StepVisual_InvisibleItem const & invisible)
+std::vector<Item> items_of(StepVisual_InvisibleItem const & invisible, Interface_Graph const & graph)
 {
     std::vector<Item> items;
     if (auto const style = invisible.StyledItem(); !style.IsNull()) {
-        items.push_back(step_item_of(style));
+        items.push_back(step_item_of(style, graph));
     } else if (auto const layer = invisible.PresentationLayerAssignment();
                !layer.IsNull() && !layer->AssignedItems().IsNull()) {
         for (auto const & item : *layer->AssignedItems()) {
-            items.push_back(step_item_of(item.Value()));
+            items.push_back(step_item_of(item.Value(), graph));
         }
     }
     return items;
 }
 
-// The items that the shape has become: itself, or what it is made of.
-void append_items(Handle(Transfer_FinderProcess) const & process, TopoDS_Shape const & shape,
-                  std::vector<Item> & items)
+template <class Take>
+void for_each_invisible(Handle(Interface_InterfaceModel) const & model, Take const & take)
 {
-    TopLoc_Location place;
-    if (auto const item = STEPConstruct::FindEntity(process, shape, place); !item.IsNull()) {
-        items.push_back(item);
-        return;
-    }
-    for (TopoDS_Iterator part(shape); part.More(); part.Next()) {
-        append_items(process, part.Value(), items);
+    for (int number = 1; number <= model->NbEntities(); ++number) {
+        auto const hidden = Handle(StepVisual_Invisibility)::DownCast(model->Value(number));
+        for (int index = 1; !hidden.IsNull() && index <= hidden->NbInvisibleItems(); ++index) {
+            take(hidden->InvisibleItemsValue(index));
+        }
     }
 }
 
@@ -70,22 +65,23 @@ public:
     explicit Hiding(Handle(XSControl_WorkSession) const & session)
         : m_session(session), m_styles(session), m_model(session->Model())
     {
-        for (auto const & item : step_hidden_items(m_model)) {
+        Interface_Graph const graph(m_model);
+        for (auto const & item : step_hidden_items(m_model, graph)) {
             m_done.insert(item.get());
         }
         for (int number = 1; number <= m_model->NbEntities(); ++number) {
             if (auto const style = Handle(StepVisual_StyledItem)::DownCast(m_model->Value(number));
-                !style.IsNull() && !style->Item().IsNull()) {
+                !style.IsNull() && !step_item_of(style, graph).IsNull()) {
                 m_existing.emplace(style->Item().get(), style);
             }
         }
     }
 
+    void hide(Handle(StepVisual_StyledItem) const & style) { m_hidden.push_back(style); }
+
     void hide(TopoDS_Shape const & shape)
     {
-        std::vector<Item> items;
-        append_items(m_session->TransferWriter()->FinderProcess(), shape, items);
-        for (auto const & item : items) {
+        for (auto const & item : step_items_of(m_session->TransferWriter()->FinderProcess(), shape)) {
             if (m_done.insert(item.get()).second) {
                 m_hidden.push_back(style_of(item, shape));
             }
@@ -111,14 +107,9 @@ private:
     // One that says nothing but that it is there, for a thing without a style cannot be hidden.
     static Handle(StepVisual_PresentationStyleAssignment) no_style()
     {
-        Handle(StepVisual_NullStyleMember) const nothing = new StepVisual_NullStyleMember();
-        nothing->SetValue(StepVisual_Null);
-        Handle(StepVisual_HArray1OfPresentationStyleSelect) const styles =
-            new StepVisual_HArray1OfPresentationStyleSelect(1, 1);
-        styles->ChangeValue(1).SetValue(nothing);
         Handle(StepVisual_PresentationStyleAssignment) const assignment =
             new StepVisual_PresentationStyleAssignment();
-        assignment->Init(styles);
+        assignment->Init(step_no_styles());
         return assignment;
     }
 
@@ -154,26 +145,27 @@ private:
 
 } // namespace
 
-Handle(StepRepr_RepresentationItem) step_item_of(Handle(Standard_Transient) const & item)
+Handle(StepRepr_RepresentationItem)
+    step_item_of(Handle(Standard_Transient) const & item, Interface_Graph const & graph)
 {
     auto const style = Handle(StepVisual_StyledItem)::DownCast(item);
-    return style.IsNull() ? Item::DownCast(item) : style->Item();
+    if (style.IsNull()) {
+        return Item::DownCast(item);
+    }
+    return step_usage_of(*style, graph).IsNull() ? style->Item() : Item();
 }
 
-std::vector<Handle(StepRepr_RepresentationItem)> step_hidden_items(Handle(Interface_InterfaceModel)
-                                                                       const & model)
+std::vector<Handle(StepRepr_RepresentationItem)>
+step_hidden_items(Handle(Interface_InterfaceModel) const & model, Interface_Graph const & graph)
 {
     std::vector<Item> result;
-    for (int number = 1; number <= model->NbEntities(); ++number) {
-        auto const hidden = Handle(StepVisual_Invisibility)::DownCast(model->Value(number));
-        for (int index = 1; !hidden.IsNull() && index <= hidden->NbInvisibleItems(); ++index) {
-            for (auto const & item : items_of(hidden->InvisibleItemsValue(index))) {
-                if (!item.IsNull()) {
-                    result.push_back(item);
-                }
+    for_each_invisible(model, [&](StepVisual_InvisibleItem const & invisible) {
+        for (auto const & item : items_of(invisible, graph)) {
+            if (!item.IsNull()) {
+                result.push_back(item);
             }
         }
-    }
+    });
     return result;
 }
 
@@ -192,23 +184,42 @@ TDF_Label step_label_of(sdkDocument & document, TopoDS_Shape const & shape)
     return label;
 }
 
-void step_read_visibility(Handle(XSControl_WorkSession) const & session, sdkDocument & document)
+void step_read_visibility(Handle(XSControl_WorkSession) const & session, sdkDocument & document,
+                          stepInstances const & instances)
 {
     auto const process = session->TransferReader()->TransientProcess();
-    for (auto const & item : step_hidden_items(session->Model())) {
+    auto const & graph = session->Graph();
+    for (auto const & item : step_hidden_items(session->Model(), graph)) {
         sdk_hide(document, step_label_of(document, TransferBRep::ShapeResult(process->Find(item))));
     }
+    for_each_invisible(session->Model(), [&](StepVisual_InvisibleItem const & invisible) {
+        if (auto const style = invisible.StyledItem(); !style.IsNull()) {
+            sdk_hide(document, instances.label_of(*style));
+        }
+    });
 }
 
-void step_write_visibility(Handle(XSControl_WorkSession) const & session, sdkDocument const & document)
+std::int64_t step_write_visibility(Handle(XSControl_WorkSession) const & session,
+                                   sdkDocument const & document, TDF_LabelSequence const & instances,
+                                   stepInstanceStyles & styles)
 {
     auto const labels = sdk_hidden_labels(document);
-    if (labels.IsEmpty()) {
-        return;
+    if (labels.IsEmpty() && instances.IsEmpty()) {
+        return 0;
     }
+    std::int64_t visible = 0;
     Hiding hiding(session);
     for (auto const & label : labels) {
         hiding.hide(XCAFDoc_ShapeTool::GetShape(label));
     }
+    for (auto const & label : instances) {
+        auto const style = styles.style_of(label);
+        if (style.IsNull()) {
+            ++visible;
+        } else {
+            hiding.hide(style);
+        }
+    }
     hiding.finish();
+    return visible;
 }

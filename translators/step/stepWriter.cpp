@@ -12,6 +12,8 @@
 #include "sdk/sdkVisibility.h"
 #include "step/stepFile.h"
 #include "step/stepHeader.h"
+#include "step/stepInstanceStyles.h"
+#include "step/stepLayers.h"
 #include "step/stepText.h"
 #include "step/stepTextEncoding.h"
 #include "step/stepValidationOutput.h"
@@ -80,7 +82,9 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             reporter.output("step::%s: %d assemblies were taken apart", m_context.file(), assemblies);
         }
     }
-    settle_visibility(document);
+    auto const hidden_instances = sdk_hidden_instances(document);
+    // The toolkit crashes on an instance that is hidden.
+    sdk_hide_parts_for_instances(document);
     Message_ProgressScope scope(range, nullptr, 10);
     sdkBrepOutput output("STEP", "step", m_context);
     if (auto result = output.prepare(document, scope.Next()); !result || output.count().entities() == 0) {
@@ -100,7 +104,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
             sdkText("step::The shapes for %s could not be converted to STEP", m_context.file()));
     }
     reporter.processed(entities - failed);
-    step_write_visibility(m_writer->ChangeWriter().WS(), document);
+    write_visibility(document, hidden_instances);
     add_validation(document);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
@@ -135,10 +139,14 @@ void stepWriter::add_validation(sdkDocument const & document)
     }
 }
 
-void stepWriter::settle_visibility(sdkDocument & document)
+void stepWriter::write_visibility(sdkDocument const & document, TDF_LabelSequence const & hidden_instances)
 {
-    // The toolkit crashes on an instance that is hidden.
-    if (auto const seen = sdk_hide_parts_for_instances(document); seen > 0) {
+    auto const session = m_writer->ChangeWriter().WS();
+    stepInstanceStyles styles(session);
+    if (m_context.options().boolean("stepWriteLayers")) {
+        step_write_layers_of_instances(session->Model(), document, styles);
+    }
+    if (auto const seen = step_write_visibility(session, document, hidden_instances, styles); seen > 0) {
         m_context.account().add(
             {.weight = sdkWeight::difference,
              .kind = "hidden",
@@ -146,10 +154,7 @@ void stepWriter::settle_visibility(sdkDocument & document)
              .place = {},
              .source = static_cast<double>(seen),
              .output = 0.0,
-             .text =
-                 sdkText("step::Of %d parts some instances are hidden and others are not; in %s all of them "
-                         "are seen",
-                         seen, m_context.file())});
+             .text = sdkText("step::%d hidden instances are seen in %s", seen, m_context.file())});
     }
 }
 

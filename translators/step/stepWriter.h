@@ -16,7 +16,7 @@ public:
     sdkResult write(std::string const & path, Message_ProgressRange const & range) override;
 
 private:
-    void settle_visibility(sdkDocument & document);
+    void write_visibility(sdkDocument const & document, TDF_LabelSequence const & hidden_instances);
     void add_validation(sdkDocument const & document);
 
     sdkContext & m_context;

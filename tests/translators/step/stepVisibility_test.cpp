@@ -90,24 +90,6 @@ TEST_F(StepVisibility, OfALayerStays)
     EXPECT_EQ(hidden_after_trip(document, {{"stepReadLayers", "false"}}), std::vector<int>{8000});
 }
 
-TEST_F(StepVisibility, OfAllInstancesOfAPartStaysAndOfSomeIsTold)
-{
-    sdkDocument document;
-    kit_add_assembly(document);
-    TDF_LabelSequence components;
-    XCAFDoc_ShapeTool::GetComponents(document.free_shapes().First(), components);
-    sdk_hide(document, components.Value(1));
-    sdk_hide(document, components.Value(2));
-    ASSERT_TRUE(write(document, path("assembly.stp")));
-    auto const & findings = account().findings();
-    ASSERT_EQ(std::count_if(findings.begin(), findings.end(),
-                            [](auto const & finding) { return finding.kind == "hidden"; }),
-              1);
-    sdkDocument back;
-    ASSERT_TRUE(read(path("assembly.stp"), back));
-    EXPECT_EQ(hidden_volumes(back), std::vector<int>{1000});
-}
-
 TEST_F(StepVisibility, IsNoFindingWhereAllIsSeen)
 {
     sdkDocument document;
