@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -50,6 +51,57 @@ bool near_colour(std::string const & a, std::string const & b)
     return true;
 }
 
+// How much of a body has one colour.
+struct ColourShare {
+    std::string colour;
+    double source = 0;
+    double output = 0;
+};
+
+double share_of(std::string const & colour, std::map<std::string, double> const & colours)
+{
+    double share = 0;
+    for (auto const & [other, part] : colours) {
+        share += near_colour(colour, other) ? part : 0;
+    }
+    return share;
+}
+
+// The first of the colours, none apart, of which one body has more than the other.
+std::optional<ColourShare> differing_share(std::map<std::string, double> const & wanted,
+                                           std::map<std::string, double> const & source,
+                                           std::map<std::string, double> const & output)
+{
+    for (auto const & [colour, share] : wanted) {
+        double const in = share_of(colour, source);
+        double const out = share_of(colour, output);
+        if (!colour.empty() && !(std::abs(in - out) <= 1.0e-3 * std::max(in, out))) {
+            return ColourShare{colour, in, out};
+        }
+    }
+    return std::nullopt;
+}
+
+sdkText colour_text(sdkBody const & body, ColourShare const & share, std::string const & in,
+                    std::string const & out)
+{
+    auto const what = body.title();
+    auto const place = body.place();
+    if (in == out || (in.empty() && share.source > 0)) {
+        return sdkText("measure::%s at %s has the colour %s on %.6g mm2 in the source and on %.6g mm2 in the "
+                       "output",
+                       what, place, sdk_colour_text(share.colour), share.source, share.output);
+    }
+    if (in.empty()) {
+        return sdkText("measure::%s at %s has no colour in the source and %s in the output", what, place,
+                       sdk_colour_text(share.colour));
+    }
+    return out.empty() ? sdkText("measure::%s at %s has the colour %s in the source and none in the output",
+                                 what, place, sdk_colour_text(in))
+                       : sdkText("measure::%s at %s has the colour %s in the source and %s in the output",
+                                 what, place, sdk_colour_text(in), sdk_colour_text(out));
+}
+
 } // namespace
 
 bool sdk_same_name(std::string const & a, std::string const & b)
@@ -83,17 +135,29 @@ std::string sdk_main_colour(std::map<std::string, double> const & colours)
 bool sdk_same_colours(std::map<std::string, double> const & source,
                       std::map<std::string, double> const & output)
 {
-    for (auto const & [colour, share] : source) {
-        double found = 0;
-        for (auto const & [other, part] : output) {
-            found += near_colour(colour, other) ? part : 0;
-        }
-        if (!colour.empty() && !(std::abs(found - share) <= 1.0e-3 * std::max(found, share))) {
-            return false;
+    return !differing_share(source, source, output);
+}
+
+namespace {
+
+template <class Add>
+void compare_layers(sdkBody const & source, sdkBody const & output, Add const & add)
+{
+    for (auto const & layer : source.layers) {
+        if (output.layers.count(layer) == 0) {
+            add("layer",
+                sdkText("measure::%s at %s is in the layer \"%s\" in the source and not in the output",
+                        source.title(), source.place(), layer));
+            return;
         }
     }
-    return true;
+    if (source.layers.empty() && !output.layers.empty()) {
+        add("layer", sdkText("measure::%s at %s is in no layer in the source and in \"%s\" in the output",
+                             source.title(), source.place(), *output.layers.begin()));
+    }
 }
+
+} // namespace
 
 void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkPromise const & promise,
                             std::vector<sdkFinding> & findings)
@@ -109,24 +173,20 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
             sdkText("measure::The name \"%s\" at %s is not in the output, where the part is called \"%s\"",
                     source.part, source.place(), output.part));
     }
-    auto const solid = [&](std::map<std::string, double> const & colours) {
-        return holds.transparency ? colours : opaque(colours);
-    };
-    if (holds.colours && !sdk_same_colours(solid(source.colours), solid(output.colours))) {
-        auto const found = sdk_main_colour(output.colours);
-        add("colour",
-            found.empty()
-                ? sdkText("measure::%s at %s has the colour %s in the source and none in the output",
-                          source.title(), source.place(), sdk_colour_text(sdk_main_colour(source.colours)))
-                : sdkText("measure::%s at %s has the colour %s in the source and %s in the output",
-                          source.title(), source.place(), sdk_colour_text(sdk_main_colour(source.colours)),
-                          sdk_colour_text(found)));
+    if (holds.colours) {
+        auto const in = holds.transparency ? source.colours : opaque(source.colours);
+        auto const out = holds.transparency ? output.colours : opaque(output.colours);
+        auto share = differing_share(in, in, out);
+        // What is to be hidden may need a style in which to say so, and that a colour, which nobody sees.
+        if (!share && !(source.hidden && output.hidden)) {
+            share = differing_share(out, in, out);
+        }
+        if (share) {
+            add("colour", colour_text(source, *share, sdk_main_colour(in), sdk_main_colour(out)));
+        }
     }
-    if (holds.layers && !source.layers.empty() &&
-        !std::includes(output.layers.begin(), output.layers.end(), source.layers.begin(),
-                       source.layers.end())) {
-        add("layer", sdkText("measure::%s at %s is in the layer \"%s\" in the source and not in the output",
-                             source.title(), source.place(), *source.layers.begin()));
+    if (holds.layers) {
+        compare_layers(source, output, add);
     }
     if (holds.visibility && source.hidden != output.hidden) {
         add("visibility", source.hidden

@@ -25,11 +25,12 @@ bool sdk_same_colour(std::string const & a, std::string const & b, bool transpar
 std::string sdk_colour_text(std::string const & colour);
 
 // True when each colour of the source has about the same share in the output. What has no colour in the
-// source may get the one that a format gives everything.
+// source may have any.
 bool sdk_same_colours(std::map<std::string, double> const & source,
                       std::map<std::string, double> const & output);
 
-// Names, colours, layers and visibility of one body and its counterpart, as far as the output holds them.
+// Names, colours, layers and visibility of one body and its counterpart, as far as the output holds them. A
+// colour or layer of what had none is a difference: no format invents one.
 void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkPromise const & promise,
                             std::vector<sdkFinding> & findings);
 

@@ -26,6 +26,8 @@ struct sdkBody {
     std::vector<std::string> face_colours;
     bool hidden = false;
     sdkBodyMeasure measure;
+    // What was measured, at its place; its faces in the order of the measure.
+    TopoDS_Shape shape;
 
     double size() const; // diagonal of its extent
     // The part's name, or, where it has none, what the body is.

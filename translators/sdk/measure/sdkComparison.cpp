@@ -4,6 +4,7 @@
 #include "sdk/measure/sdkCurveComparison.h"
 #include "sdk/measure/sdkFaceColours.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkShapeComparison.h"
 #include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
 
@@ -30,7 +31,7 @@ sdkBodies bodies_of(sdkInventory const & inventory, sdkBodyKind kind)
 class Comparison {
 public:
     Comparison(sdkInventory const & source, sdkInventory const & output, sdkComparisonOptions const & options)
-        : m_source(source), m_output(output), m_options(options)
+        : m_source(source), m_output(output), m_options(options), m_shapes(options.tolerances)
     {
     }
 
@@ -67,6 +68,9 @@ private:
             auto const pairs =
                 sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
             for (auto const & [from, to] : pairs.same) {
+                if (kind != sdkBodyKind::mesh) {
+                    m_shapes.compare(*from, *to, m_findings);
+                }
                 compare_topology(*from, *to);
                 compare_attributes(*from, *to);
             }
@@ -272,6 +276,7 @@ private:
     sdkInventory const & m_source;
     sdkInventory const & m_output;
     sdkComparisonOptions const & m_options;
+    sdkShapeComparison m_shapes;
     Findings m_findings;
 };
 

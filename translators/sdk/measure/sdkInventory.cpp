@@ -202,6 +202,7 @@ private:
             body.layers = layers;
             auto const & local = m_measures[static_cast<std::size_t>(one.measured - 1)];
             auto const where = location * one.shape.Location();
+            body.shape = one.shape.Located(where, Standard_False);
             body.measure = one.shape.Orientation() == TopAbs_REVERSED ? local.reversed() : local;
             part.attributes.apply(one.shape, painted, colour, body);
             if (!where.IsIdentity()) {

@@ -84,11 +84,33 @@ TEST_F(AttributeComparison, TellsALostColourAndALostTransparency)
     EXPECT_EQ(found(), (Kinds{"colour"}));
 }
 
-TEST_F(AttributeComparison, LetsAFormatColourWhatHadNone)
+TEST_F(AttributeComparison, TellsAColourThatNobodyGave)
 {
     source.colours = {{"", 100}};
+    EXPECT_TRUE((output.colours = source.colours, found().empty()));
     output.colours = {{"#808080ff", 100}};
+    EXPECT_EQ(found(), (Kinds{"colour"}));
+    promise.holds.colours = false;
     EXPECT_TRUE(found().empty());
+}
+
+TEST_F(AttributeComparison, LetsWhatIsHiddenHaveTheColourOfTheStyleThatHidesIt)
+{
+    source.colours = {{"", 100}};
+    output.colours = {{"#ffffffff", 100}};
+    source.hidden = output.hidden = true;
+    EXPECT_TRUE(found().empty());
+    source.colours = {{"#ff0000ff", 100}};
+    EXPECT_EQ(found(), (Kinds{"colour"}));
+}
+
+TEST_F(AttributeComparison, TellsAColourThatSpreads)
+{
+    source.colours = {{"", 60}, {"#ff0000ff", 40}};
+    output.colours = {{"#ff0000ff", 100}};
+    EXPECT_EQ(found(), (Kinds{"colour"}));
+    output.colours = {{"", 59}, {"#00ff00ff", 1}, {"#ff0000ff", 40}};
+    EXPECT_EQ(found(), (Kinds{"colour"}));
 }
 
 TEST_F(AttributeComparison, WantsAllLayersButMindsNoMore)
@@ -97,6 +119,23 @@ TEST_F(AttributeComparison, WantsAllLayersButMindsNoMore)
     EXPECT_TRUE(found().empty());
     output.layers = {"2"};
     EXPECT_EQ(found(), (Kinds{"layer"}));
+}
+
+TEST_F(AttributeComparison, TellsALayerOfWhatWasInNone)
+{
+    source.layers.clear();
+    EXPECT_EQ(found(), (Kinds{"layer"}));
+    output.layers.clear();
+    EXPECT_TRUE(found().empty());
+}
+
+TEST_F(AttributeComparison, NamesTheLayerThatIsGone)
+{
+    output.layers = {"1"};
+    std::vector<sdkFinding> findings;
+    sdk_compare_attributes(source, output, promise, findings);
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_NE(findings[0].text.formatted().find("\"2\""), std::string::npos);
 }
 
 TEST_F(AttributeComparison, TellsVisibilityInBothDirections)
