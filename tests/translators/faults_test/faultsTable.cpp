@@ -5,7 +5,7 @@ namespace {
 std::array<std::string, 4> const verified{"verified", "verified", "verified", "verified"};
 std::array<std::string, 4> const losses{"losses", "losses", "losses", "losses"};
 // Curves that STL has no place for, and nothing else to write.
-std::array<std::string, 4> const no_mesh{"verified", "verified", "verified", ""};
+std::array<std::string, 4> const no_mesh{"verified", "verified", "verified", "not_verified"};
 
 } // namespace
 
@@ -26,7 +26,7 @@ std::vector<FaultsRow> const & faults_table()
          .hidden = 785.3981634},
         {"blank.igs",
          {6000},
-         {"verified", "verified", "verified", ""},
+         {"verified", "verified", "verified", "not_verified"},
          {},
          {{"BREP", {"1 hidden shapes are visible"}},
           {"STL", {"1 hidden shapes are left out", "all that it could hold is hidden"}}}},

@@ -12,7 +12,8 @@ inline constexpr std::array<char const *, 4> faults_formats{"STEP", "IGES", "BRE
 struct FaultsRow {
     std::string file;
     std::vector<double> solids; // volumes, smallest first
-    // For each format; empty where there is no output to have one.
+    // For each format; not verified are those that have no place for anything in the file, so that there is
+    // no output.
     std::array<std::string, 4> verdicts{"verified", "verified", "verified", "verified"};
     // Parts of texts that the user is told for any output, and besides for one.
     std::vector<std::string> told = {};

@@ -140,8 +140,9 @@ TEST_P(Faults, AreTranslatedRightOrNamed)
     for (auto const & text : told) {
         EXPECT_TRUE(done.tells(text)) << text << "\n-- is not in --\n" << done.texts;
     }
-    ASSERT_EQ(std::filesystem::exists(output), !row.verdicts[column].empty());
-    if (!row.verdicts[column].empty()) {
+    bool const written = row.verdicts[column] != "not_verified";
+    ASSERT_EQ(std::filesystem::exists(output), written);
+    if (written) {
         format == "STL" ? expect_triangles() : expect_shapes();
     }
 }
@@ -161,7 +162,7 @@ TEST(UnboundedPlane, IsRefusedWithTheReasonAndLeavesNoEmptyFile)
     for (std::string const format : {"STEP", "IGES", "STL"}) {
         auto const output = folder / format;
         Translation const done(FAULTS "/f_infinite_plane.brep", output, format);
-        EXPECT_EQ(done.verdict, "");
+        EXPECT_EQ(done.verdict, "losses");
         EXPECT_TRUE(done.tells("face without end")) << done.texts;
         EXPECT_FALSE(std::filesystem::exists(output));
     }

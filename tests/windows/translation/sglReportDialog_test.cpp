@@ -252,6 +252,23 @@ TEST_F(ReportDialog, SavesAllReportsInOneFile)
     EXPECT_TRUE(kit_read_file(file) == all_reports());
 }
 
+TEST_F(ReportDialog, TellsOfSavedDetailsEvenWhereTheFileCannotBeOpened)
+{
+    std::string const file = folder() / "nowhere.hrklog";
+    std::filesystem::create_symlink("gone/nowhere", file);
+    make_records();
+    OpenReportDialog dialog(show_frame());
+    kitModal boxes;
+    boxes.expect_file(file);
+    boxes.expect_message(wxID_OK);
+    show_modal(dialog, [&] {
+        command(dialog, "ID_REPORT_POPUP_SAVE");
+        press(dialog, "IDC_REPORT_OK");
+    });
+    EXPECT_THAT(boxes.said(), ElementsAre("Details successfully saved to " + file + "."));
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
 TEST_F(ReportDialog, CopiesOneReportOrAllOfThem)
 {
     make_records();
