@@ -1,5 +1,10 @@
 #include "translators/kit/kitFormatTest.h"
 
+#include "sdk/geometry/sdkMeasures.h"
+#include "translators/kit/kitFault.h"
+
+#include <TopExp_Explorer.hxx>
+
 #include <algorithm>
 
 kitFormatTest::kitFormatTest(std::string manifest, std::string format)
@@ -53,6 +58,33 @@ std::string kitFormatTest::refusal(std::string const & name, std::string const &
     EXPECT_NE(result.text().formatted().find(file), std::string::npos);
     EXPECT_TRUE(document.empty());
     return result.text().formatted();
+}
+
+void kitFormatTest::expect_moved_members_kept(std::string const & file, Values const & values,
+                                              double precision)
+{
+    struct Case {
+        char const * file;
+        int solids;
+        double volume;
+    };
+    for (auto const & one :
+         {Case{"mirror_loc.brep", 3, 15750}, Case{"scale_loc.brep", 2, 47250},
+          Case{"cyl_mirrored.brep", 1, 6283.185307}, Case{"cone_mirrored.brep", 1, 3665.191429},
+          Case{"two_boxes_loc.brep", 2, 12000}, Case{"loc_box.brep", 1, 6000}}) {
+        SCOPED_TRACE(one.file);
+        ASSERT_TRUE(write(kit_fault(one.file), path(file), values));
+        EXPECT_EQ(said().failed(), 0);
+        sdkDocument document;
+        ASSERT_TRUE(read(path(file), document));
+        auto const after = sdk_measure(document);
+        // A mesh has no solids.
+        EXPECT_EQ(after.solids, after.triangles > 0 ? 0 : one.solids);
+        EXPECT_NEAR(after.volume, one.volume, precision * one.volume);
+        for (TopExp_Explorer solid(sdk_whole_shape(document), TopAbs_SOLID); solid.More(); solid.Next()) {
+            EXPECT_GT(sdk_measure(solid.Current()).volume, 0);
+        }
+    }
 }
 
 void kitFormatTest::keep(kitSide & side)

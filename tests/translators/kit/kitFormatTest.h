@@ -37,6 +37,11 @@ protected:
     // Reads the text as a file of that name; expects a read error and returns what the user is told.
     std::string refusal(std::string const & name, std::string const & text);
 
+    // Writes the files of parts whose members are mirrored or scaled where they are placed, each under this
+    // name, and expects that all of them come back, their matter inside.
+    void expect_moved_members_kept(std::string const & file, Values const & values = {},
+                                   double precision = 1e-6);
+
     // What was said, and counted, in the last write or read.
     kitReporter const & said() const { return m_said; }
     // What the reader found in its file, or the writer lost, in the last write or read.

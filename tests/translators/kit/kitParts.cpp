@@ -4,8 +4,11 @@
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepBuilderAPI_MakeSolid.hxx>
 #include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepGProp.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRep_Builder.hxx>
+#include <BRep_Tool.hxx>
+#include <GProp_GProps.hxx>
 #include <Poly_Triangulation.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
@@ -102,6 +105,29 @@ TopoDS_Face kit_inverted_face()
     for (TopoDS_Iterator wire(good); wire.More(); wire.Next()) {
         builder.Add(face, wire.Value().Reversed());
     }
+    return face;
+}
+
+double kit_length(TopoDS_Shape const & shape)
+{
+    GProp_GProps properties;
+    BRepGProp::LinearProperties(shape, properties);
+    return properties.Mass();
+}
+
+TopoDS_Shape kit_facet_cube_turned(int count)
+{
+    TopLoc_Location location;
+    auto const mesh = BRep_Tool::Triangulation(TopoDS::Face(kit_facet_cube()), location)->Copy();
+    for (int number = 1; number <= count; ++number) {
+        int a = 0;
+        int b = 0;
+        int c = 0;
+        mesh->Triangle(number).Get(a, b, c);
+        mesh->SetTriangle(number, {a, c, b});
+    }
+    TopoDS_Face face;
+    BRep_Builder().MakeFace(face, mesh);
     return face;
 }
 

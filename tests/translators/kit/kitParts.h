@@ -23,6 +23,10 @@ TopoDS_Shape kit_facet_cube();
 std::vector<TopoDS_Shape> kit_loose_faces(TopoDS_Shape const & shape);
 // A square face whose boundary runs round the wrong way, so that it covers all of its plane but the square.
 TopoDS_Face kit_inverted_face();
+// Of all edges together.
+double kit_length(TopoDS_Shape const & shape);
+// The cube of 10 of twelve triangles, of which the first so many look inward.
+TopoDS_Shape kit_facet_cube_turned(int count);
 TopoDS_Shape kit_compound(std::vector<TopoDS_Shape> const & shapes);
 
 inline constexpr char const * kit_red_name = "Gehäuse";

@@ -47,3 +47,8 @@ sdkResult kit_write(sdkWriter & writer, sdkDocument & document, kitReporter cons
     auto result = writer.transfer(document, {});
     return result && reporter.processed() > 0 ? writer.write(path, {}) : result;
 }
+
+bool kit_contains(std::string const & text, std::string const & part)
+{
+    return text.find(part) != std::string::npos;
+}

@@ -42,6 +42,9 @@ private:
     std::optional<sdkContext> m_context;
 };
 
+// True when the text has the part in it.
+bool kit_contains(std::string const & text, std::string const & part);
+
 // Both steps, the second only after a good first one; a reader that gives no shapes, or a writer that
 // processed nothing, is left alone after the first.
 sdkResult kit_read(sdkReader & reader, std::string const & path, sdkDocument & document);

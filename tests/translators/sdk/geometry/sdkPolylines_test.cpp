@@ -7,11 +7,9 @@
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepBuilderAPI_MakeVertex.hxx>
 #include <BRepExtrema_DistShapeShape.hxx>
-#include <BRepGProp.hxx>
 #include <BRepTools_WireExplorer.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
-#include <GProp_GProps.hxx>
 #include <GeomAPI_PointsToBSpline.hxx>
 #include <Geom_BSplineCurve.hxx>
 #include <TColgp_Array1OfPnt.hxx>
@@ -37,13 +35,6 @@ TopoDS_Edge helix()
         points(at) = gp_Pnt(10 * std::cos(angle), 10 * std::sin(angle), 2 * angle);
     }
     return BRepBuilderAPI_MakeEdge(GeomAPI_PointsToBSpline(points).Curve()).Edge();
-}
-
-double length(TopoDS_Shape const & shape)
-{
-    GProp_GProps properties;
-    BRepGProp::LinearProperties(shape, properties);
-    return properties.Mass();
 }
 
 // The largest distance of points of the curve from the polyline.
@@ -122,7 +113,7 @@ TEST(Polylines, KeepStraightEdgesAndTheOrderOfAWire)
         ++in_order;
     }
     EXPECT_EQ(in_order, counts.segments + 1);
-    EXPECT_NEAR(length(wire), 10 + 2.5 * std::numbers::pi, 0.02);
+    EXPECT_NEAR(kit_length(wire), 10 + 2.5 * std::numbers::pi, 0.02);
 }
 
 TEST(Polylines, LeaveTheEdgesOfFacesAlone)

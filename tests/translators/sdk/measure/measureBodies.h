@@ -8,6 +8,8 @@
 #include <TopoDS_Shape.hxx>
 #include <gp_Trsf.hxx>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -65,4 +67,13 @@ inline bool all_fit(std::vector<sdkFinding> const & findings)
 {
     return std::all_of(findings.begin(), findings.end(),
                        [](auto const & finding) { return finding.text.fits(); });
+}
+
+// Of a comparison; expects that their texts are good.
+inline std::vector<sdkFinding> findings_of(sdkInventory const & source, sdkInventory const & output,
+                                           sdkComparisonOptions const & options = everything())
+{
+    auto const findings = sdk_compare(source, output, options);
+    EXPECT_TRUE(all_fit(findings));
+    return findings;
 }

@@ -28,30 +28,22 @@ sdkInventory cube(std::size_t red, std::size_t blue, Quantity_Color const * othe
     return sdk_take_inventory(document, {});
 }
 
-std::vector<sdkFinding> compare(sdkInventory const & source, sdkInventory const & output,
-                                sdkComparisonOptions const & options = everything())
-{
-    auto const findings = sdk_compare(source, output, options);
-    EXPECT_TRUE(all_fit(findings));
-    return findings;
-}
-
 } // namespace
 
 TEST(FaceColours, AreTheSameInWhateverOrderTheFacesStand)
 {
-    EXPECT_TRUE(compare(cube(0, 3), cube(0, 3)).empty());
+    EXPECT_TRUE(findings_of(cube(0, 3), cube(0, 3)).empty());
     auto source = cube(0, 3);
     auto output = source;
     auto & body = output.bodies[0];
     std::reverse(body.measure.faces.begin(), body.measure.faces.end());
     std::reverse(body.face_colours.begin(), body.face_colours.end());
-    EXPECT_TRUE(compare(source, output).empty());
+    EXPECT_TRUE(findings_of(source, output).empty());
 }
 
 TEST(FaceColours, AreHeldForEachFace)
 {
-    auto const findings = compare(cube(0, 3), cube(3, 0));
+    auto const findings = findings_of(cube(0, 3), cube(3, 0));
     ASSERT_EQ(kinds(findings), (Kinds{"colour"}));
     EXPECT_EQ(findings[0].weight, sdkWeight::difference);
     EXPECT_EQ(findings[0].place, "(0, 5, 5)");
@@ -60,7 +52,7 @@ TEST(FaceColours, AreHeldForEachFace)
               "source and #0000ff in the output");
     auto options = everything();
     options.promise.holds.colours = false;
-    EXPECT_TRUE(compare(cube(0, 3), cube(3, 0), options).empty());
+    EXPECT_TRUE(findings_of(cube(0, 3), cube(3, 0), options).empty());
 }
 
 TEST(FaceColours, OfDividedFacesAreNotKnown)
@@ -70,13 +62,13 @@ TEST(FaceColours, OfDividedFacesAreNotKnown)
     for (auto & face : output.bodies[0].measure.faces) {
         face.area /= 2;
     }
-    EXPECT_TRUE(compare(source, output).empty());
+    EXPECT_TRUE(findings_of(source, output).empty());
 }
 
 TEST(FaceColours, MayNotAppearOnABodyThatHasSomeOfItsOwn)
 {
     Quantity_Color const green(Quantity_NOC_GREEN1);
-    EXPECT_EQ(kinds(compare(cube(0, 3), cube(0, 3, &green))), (Kinds{"colour"}));
+    EXPECT_EQ(kinds(findings_of(cube(0, 3), cube(0, 3, &green))), (Kinds{"colour"}));
 }
 
 TEST(FaceColours, AreNotSoughtOnBodiesOfOneColour)

@@ -50,6 +50,15 @@ TopoDS_Shape elliptic_prism(double start)
     return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, 10)).Shape();
 }
 
+// The way of an edge through the parameters of its face, as a spline.
+Handle(Geom2d_BSplineCurve) spline_way(TopoDS_Edge const & edge, TopoDS_Face const & face)
+{
+    double first = 0;
+    double last = 0;
+    auto const way = BRep_Tool::CurveOnSurface(edge, face, first, last);
+    return Geom2dConvert::CurveToBSplineCurve(new Geom2d_TrimmedCurve(way, first, last));
+}
+
 } // namespace
 
 TEST(FaceIntegrals, OfPrimitivesFollowTheirFormulas)
@@ -140,11 +149,7 @@ TEST(FaceIntegrals, OfSplinesAreExactWhereABoundaryCrossesFromPatchToPatch)
     BRep_Builder builder;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
         auto const & edge = TopoDS::Edge(one.Current());
-        double first = 0;
-        double last = 0;
-        auto const line = BRep_Tool::CurveOnSurface(edge, face, first, last);
-        builder.UpdateEdge(
-            edge, Geom2dConvert::CurveToBSplineCurve(new Geom2d_TrimmedCurve(line, first, last)), face, 1e-7);
+        builder.UpdateEdge(edge, spline_way(edge, face), face, 1e-7);
     }
     auto const integrals = sdk_face_integrals(face, gp::Origin());
     EXPECT_NEAR(integrals.area, 200 * pi, 1e-9);
@@ -162,17 +167,14 @@ TEST(FaceIntegrals, OfSplinesAreNoNumberWhereAPartOfTheBoundaryIsNowhere)
     BRep_Builder builder;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
         auto const & edge = TopoDS::Edge(one.Current());
-        double first = 0;
-        double last = 0;
-        auto const line = BRep_Tool::CurveOnSurface(edge, face, first, last);
-        Handle(Geom2d_Curve) const trimmed = new Geom2d_TrimmedCurve(line, first, last);
-        auto const way = Geom2dConvert::CurveToBSplineCurve(trimmed);
+        auto const good = spline_way(edge, face);
+        auto const way = Handle(Geom2d_BSplineCurve)::DownCast(good->Copy());
         auto const pole = way->Pole(1);
         way->SetPole(1, gp_Pnt2d(pole.X(), std::nan("")));
         builder.UpdateEdge(edge, way, face, 1e-7);
         // The edge along the least u adds nothing.
         bool const counts = pole.X() > 1e-9 || way->Pole(2).X() > 1e-9;
         EXPECT_EQ(std::isnan(sdk_face_integrals(face, gp::Origin()).area), counts);
-        builder.UpdateEdge(edge, trimmed, face, 1e-7);
+        builder.UpdateEdge(edge, good, face, 1e-7);
     }
 }

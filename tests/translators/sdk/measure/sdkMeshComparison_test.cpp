@@ -7,7 +7,6 @@
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
-#include <Poly_Triangulation.hxx>
 #include <TopoDS.hxx>
 
 #include <gtest/gtest.h>
@@ -124,35 +123,19 @@ std::vector<sdkFinding> compare_meshes(TopoDS_Shape const & source, TopoDS_Shape
     return findings;
 }
 
-// A cube of triangles of which the first look inward.
-TopoDS_Shape with_turned(int count)
-{
-    auto const cube = kit_facet_cube();
-    TopLoc_Location location;
-    auto const mesh = BRep_Tool::Triangulation(TopoDS::Face(cube), location)->Copy();
-    for (int number = 1; number <= count; ++number) {
-        int a = 0;
-        int b = 0;
-        int c = 0;
-        mesh->Triangle(number).Get(a, b, c);
-        mesh->SetTriangle(number, {a, c, b});
-    }
-    TopoDS_Face face;
-    BRep_Builder().MakeFace(face, mesh);
-    return face;
-}
-
 } // namespace
 
 TEST_F(MeshComparison, TellsATriangleThatCameBackInsideOut)
 {
-    auto const findings = compare_meshes(kit_facet_cube(), with_turned(1));
+    auto const findings = compare_meshes(kit_facet_cube(), kit_facet_cube_turned(1));
     ASSERT_EQ(kinds(findings), (Kinds{"unmatched-edges"}));
     EXPECT_EQ(findings[0].source, 0);
     EXPECT_EQ(findings[0].output, 6);
-    EXPECT_TRUE(compare_meshes(with_turned(1), with_turned(1)).empty()) << "the source was so";
-    EXPECT_TRUE(compare_meshes(with_turned(1), kit_facet_cube()).empty()) << "nothing is worse";
-    EXPECT_EQ(kinds(compare_meshes(with_turned(1), with_turned(3))), (Kinds{"unmatched-edges"}));
+    EXPECT_TRUE(compare_meshes(kit_facet_cube_turned(1), kit_facet_cube_turned(1)).empty())
+        << "the source was so";
+    EXPECT_TRUE(compare_meshes(kit_facet_cube_turned(1), kit_facet_cube()).empty()) << "nothing is worse";
+    EXPECT_EQ(kinds(compare_meshes(kit_facet_cube_turned(1), kit_facet_cube_turned(3))),
+              (Kinds{"unmatched-edges"}));
 }
 
 TEST_F(MeshComparison, LetsTrianglesOfTrianglesReachNoFarther)

@@ -4,11 +4,6 @@
 
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
-#include <BRep_Builder.hxx>
-#include <BRep_Tool.hxx>
-#include <Poly_Triangulation.hxx>
-#include <TopoDS.hxx>
-#include <TopoDS_Face.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 
@@ -62,24 +57,6 @@ std::vector<std::string> kinds(sdkModelComparison const & comparison)
 }
 
 using Kinds = std::vector<std::string>;
-
-// A cube of triangles of which the first look inward.
-TopoDS_Shape facet_cube_with_turned(int count)
-{
-    auto const cube = kit_facet_cube();
-    TopLoc_Location location;
-    auto const mesh = BRep_Tool::Triangulation(TopoDS::Face(cube), location)->Copy();
-    for (int number = 1; number <= count; ++number) {
-        int a = 0;
-        int b = 0;
-        int c = 0;
-        mesh->Triangle(number).Get(a, b, c);
-        mesh->SetTriangle(number, {a, c, b});
-    }
-    TopoDS_Face face;
-    BRep_Builder().MakeFace(face, mesh);
-    return face;
-}
 
 } // namespace
 
@@ -230,9 +207,9 @@ TEST(ModelComparison, KnowsTrianglesFromSurfaces)
 
 TEST(ModelComparison, TellsTrianglesThatLookToTheOtherSide)
 {
-    Model const cube({{facet_cube_with_turned(0), "cube"}});
-    Model const one({{facet_cube_with_turned(1), "cube"}});
-    Model const all({{facet_cube_with_turned(12), "cube"}});
+    Model const cube({{kit_facet_cube_turned(0), "cube"}});
+    Model const one({{kit_facet_cube_turned(1), "cube"}});
+    Model const all({{kit_facet_cube_turned(12), "cube"}});
     ASSERT_EQ(kinds(compare(cube, one)), Kinds{"unmatched-edges"});
     EXPECT_EQ(compare(cube, one).findings[0].source, 0);
     EXPECT_EQ(compare(cube, one).findings[0].output, 6);

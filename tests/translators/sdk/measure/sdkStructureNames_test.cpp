@@ -23,24 +23,16 @@ sdkInventory assembly(std::string const & name, std::string const & first, std::
     return sdk_take_inventory(document, {});
 }
 
-std::vector<sdkFinding> compare(sdkInventory const & source, sdkInventory const & output,
-                                sdkComparisonOptions const & options = everything())
-{
-    auto const findings = sdk_compare(source, output, options);
-    EXPECT_TRUE(all_fit(findings));
-    return findings;
-}
-
 } // namespace
 
 TEST(StructureNames, AreTheSameInWhateverOrder)
 {
-    EXPECT_TRUE(compare(assembly("Frame", "left", "right"), assembly("Frame", "right", "left")).empty());
+    EXPECT_TRUE(findings_of(assembly("Frame", "left", "right"), assembly("Frame", "right", "left")).empty());
 }
 
 TEST(StructureNames, AreMissedWhereAnAssemblyIsCalledOtherwise)
 {
-    auto const findings = compare(assembly("Frame", "left", "right"), assembly("Other", "left", "right"));
+    auto const findings = findings_of(assembly("Frame", "left", "right"), assembly("Other", "left", "right"));
     ASSERT_EQ(kinds(findings), (Kinds{"name"}));
     EXPECT_EQ(findings[0].weight, sdkWeight::difference);
     EXPECT_EQ(findings[0].part, "Frame");
@@ -51,11 +43,11 @@ TEST(StructureNames, AreMissedWhereAnAssemblyIsCalledOtherwise)
 TEST(StructureNames, AreMissedWherePlacesAreCalledOtherwise)
 {
     auto const source = assembly("Frame", "left", "right");
-    auto const findings = compare(source, assembly("Frame", "left", "left"));
+    auto const findings = findings_of(source, assembly("Frame", "left", "left"));
     ASSERT_EQ(kinds(findings), (Kinds{"name"}));
     EXPECT_EQ(findings[0].part, "right");
-    EXPECT_EQ(kinds(compare(source, assembly("Frame", "", ""))), (Kinds{"name", "name"}));
-    EXPECT_EQ(kinds(compare(assembly("Frame", "left", "left"), source)), (Kinds{"name"}));
+    EXPECT_EQ(kinds(findings_of(source, assembly("Frame", "", ""))), (Kinds{"name", "name"}));
+    EXPECT_EQ(kinds(findings_of(assembly("Frame", "left", "left"), source)), (Kinds{"name"}));
 }
 
 TEST(StructureNames, AreNotThoseOfPlacesOutsideOfAssemblies)
@@ -68,7 +60,7 @@ TEST(StructureNames, AreNotThoseOfPlacesOutsideOfAssemblies)
 
 TEST(StructureNames, MayBeInventedWhereTheSourceHasNone)
 {
-    EXPECT_TRUE(compare(assembly("", "", "Cube"), assembly("Frame", "NAUO1", "NAUO2")).empty());
+    EXPECT_TRUE(findings_of(assembly("", "", "Cube"), assembly("Frame", "NAUO1", "NAUO2")).empty());
 }
 
 TEST(StructureNames, AreComparedBetweenTwoModelsOfOneFormat)
@@ -89,9 +81,9 @@ TEST(StructureNames, AreLookedForAsTheFormatWritesThem)
     options.promise.ascii_names = true;
     auto const source = assembly("Gehäuse", "früh", "spät");
     auto const output = assembly("Geh_use", "fr_h", "sp_t");
-    EXPECT_TRUE(compare(source, output, options).empty());
+    EXPECT_TRUE(findings_of(source, output, options).empty());
     options.promise.ascii_names = false;
-    EXPECT_EQ(kinds(compare(source, output, options)), (Kinds{"name", "name", "name"}));
+    EXPECT_EQ(kinds(findings_of(source, output, options)), (Kinds{"name", "name", "name"}));
     options.promise.holds.structure = false;
-    EXPECT_TRUE(compare(source, output, options).empty());
+    EXPECT_TRUE(findings_of(source, output, options).empty());
 }
