@@ -75,7 +75,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     flatten(document);
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
-    sdk_divide_inexact_seams(document);
+    sdk_mend_inexact_seams(document);
     if (m_context.promise().holds.solids) {
         sdk_turn_faces_in_shells(document);
     }
