@@ -3,6 +3,7 @@
 #include "iges/igesColours.h"
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
+#include "iges/igesPoints.h"
 #include "iges/igesVisibility.h"
 #include "sdk/exchange/sdkBrepOutput.h"
 #include "sdk/exchange/sdkChecks.h"
@@ -74,7 +75,7 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     flatten(document);
     sdk_split_loose_wires(document);
     sdk_divide_turned_ellipses(document);
-    sdk_divide_inexact_seams(document);
+    sdk_mend_inexact_seams(document);
     if (m_context.promise().holds.solids) {
         sdk_turn_faces_in_shells(document);
     }
@@ -84,6 +85,11 @@ sdkResult igesWriter::transfer(sdkDocument & document, Message_ProgressRange con
     if (scope.UserBreak()) {
         return sdkResult::cancelled();
     }
+    auto const & options = m_context.options();
+    iges_describe_points(document, m_writer->TransferProcess(), m_writer->Model(),
+                         {.names = options.boolean("igesWriteNames"),
+                          .colours = options.boolean("igesWriteColours"),
+                          .levels = options.boolean("igesWriteLayers")});
     blank_hidden(document);
     auto const failed = std::min(sdk_report_transfer(m_writer->TransferProcess(), m_context), entities);
     reporter.failed(failed);
