@@ -4,6 +4,7 @@
 #include "sdk/measure/sdkCurveComparison.h"
 #include "sdk/measure/sdkFaceColours.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkMeshCorners.h"
 #include "sdk/measure/sdkShapeComparison.h"
 #include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
@@ -45,6 +46,10 @@ public:
         } else if (source_mesh != output_mesh || (output_mesh && !exact)) {
             // Triangles in place of surfaces, or surfaces in place of triangles: no body has its like.
             sdk_compare_totals(m_source, m_output, m_options.promise, m_findings);
+            // A module that promises nothing may have its own way to triangles.
+            if (m_options.promise.made && m_options.promise.deflection > 0) {
+                sdk_compare_mesh_corners(m_source, m_output, m_findings);
+            }
         } else {
             compare_bodies();
         }
