@@ -2,6 +2,7 @@
 
 #include "sdk/measure/sdkAttributeComparison.h"
 #include "sdk/measure/sdkCurveComparison.h"
+#include "sdk/measure/sdkDoubledTriangles.h"
 #include "sdk/measure/sdkFaceColours.h"
 #include "sdk/measure/sdkFaceComparison.h"
 #include "sdk/measure/sdkMeshCorners.h"
@@ -45,7 +46,7 @@ public:
             compare_counts();
         } else if (source_mesh != output_mesh || (output_mesh && !exact)) {
             // Triangles in place of surfaces, or surfaces in place of triangles: no body has its like.
-            sdk_compare_totals(m_source, m_output, m_options.promise, m_findings);
+            compare_totals();
             // A module that promises nothing may have its own way to triangles.
             if (m_options.promise.made && m_options.promise.deflection > 0) {
                 sdk_compare_mesh_corners(m_source, m_output, m_findings);
@@ -64,6 +65,31 @@ public:
     }
 
 private:
+    void compare_totals()
+    {
+        Findings found;
+        sdk_compare_totals(m_source, m_output, m_options.promise, found);
+        // A writer of surfaces takes triangles once that its source has more often.
+        if (!found.empty() && m_source.count(sdkBodyKind::mesh) > 0 &&
+            m_output.count(sdkBodyKind::mesh) == 0) {
+            auto const doubled = sdk_take_triangles_once(m_source);
+            if (doubled.triangles > 0) {
+                found.clear();
+                sdk_compare_totals(doubled.once, m_output, m_options.promise, found);
+                m_findings.push_back({sdkWeight::note,
+                                      "source-doubled",
+                                      {},
+                                      {},
+                                      static_cast<double>(doubled.triangles),
+                                      std::nullopt,
+                                      sdkText("measure::%d triangles of the source are there more than once; "
+                                              "each was compared once",
+                                              doubled.triangles)});
+            }
+        }
+        m_findings.insert(m_findings.end(), found.begin(), found.end());
+    }
+
     void compare_bodies()
     {
         sdkBodies missing;
