@@ -191,14 +191,22 @@ private:
             add(sdkWeight::difference, kind, from, static_cast<double>(in), static_cast<double>(out),
                 std::move(text));
         };
-        // A face may be divided on the way, where a format has no closed ones; none may go.
-        if (b.faces.size() < a.faces.size() && b.area < a.area &&
-            !m_options.tolerances.same_amount(a.area, b.area)) {
-            add(sdkWeight::loss, "missing-face", from, static_cast<double>(a.faces.size()),
-                static_cast<double>(b.faces.size()),
-                sdkText("measure::%s at %s has %d faces in the source and %d in the output, which lacks some "
-                        "of its area",
-                        from.title(), from.place(), a.faces.size(), b.faces.size()));
+        // A face may be divided on the way, where a format has no closed ones, or joined to its neighbour;
+        // none may go.
+        bool const same_area = m_options.tolerances.same_amount(a.area, b.area);
+        if (b.faces.size() < a.faces.size() && !same_area) {
+            auto const in = a.faces.size();
+            auto const out = b.faces.size();
+            add(sdkWeight::loss, "missing-face", from, static_cast<double>(in), static_cast<double>(out),
+                b.area < a.area
+                    ? sdkText(
+                          "measure::%s at %s has %d faces in the source and %d in the output, which lacks "
+                          "some of its area",
+                          from.title(), from.place(), in, out)
+                    : sdkText(
+                          "measure::%s at %s has %d faces in the source and %d in the output, which cover "
+                          "another area",
+                          from.title(), from.place(), in, out));
         } else if (b.faces.size() < a.faces.size()) {
             count("faces", static_cast<std::int64_t>(a.faces.size()),
                   static_cast<std::int64_t>(b.faces.size()),
