@@ -1,3 +1,4 @@
+#include "lies/liesFacets.h"
 #include "lies/liesTold.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/sdkModule.h"
@@ -118,13 +119,19 @@ private:
 
 class Module : public sdkModule {
 public:
-    std::unique_ptr<sdkReader> make_reader(std::string const &, sdkContext & context) const override
+    std::unique_ptr<sdkReader> make_reader(std::string const & format, sdkContext & context) const override
     {
+        if (format == "FACETS") {
+            return lies_facets_reader(context);
+        }
         return std::make_unique<Reader>(context);
     }
 
-    std::unique_ptr<sdkWriter> make_writer(std::string const &, sdkContext & context) const override
+    std::unique_ptr<sdkWriter> make_writer(std::string const & format, sdkContext & context) const override
     {
+        if (format == "FACETS") {
+            return lies_facets_writer(context);
+        }
         return std::make_unique<Writer>(context);
     }
 };

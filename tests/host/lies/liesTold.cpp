@@ -1,5 +1,7 @@
 #include "lies/liesTold.h"
 
+#include "lies/liesFiner.h"
+
 #include <BRepBuilderAPI_Transform.hxx>
 #include <BRep_Builder.hxx>
 #include <Quantity_Color.hxx>
@@ -126,8 +128,10 @@ void lies_tell(std::string const & lie, sdkDocument & document)
          [](sdkDocument & one) { one.parts().First().ForgetAttribute(TDataStd_Name::GetID()); }},
         {"swap-colours", swap_colours},
         {"double-instance", double_instance}};
-    if (auto const found = lies.find(lie); found != lies.end()) {
-        found->second(document);
-        document.shapes()->UpdateAssemblies();
+    for (auto const * all : {&lies, &lies_finer()}) {
+        if (auto const found = all->find(lie); found != all->end()) {
+            found->second(document);
+            document.shapes()->UpdateAssemblies();
+        }
     }
 }

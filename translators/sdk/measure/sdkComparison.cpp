@@ -2,8 +2,10 @@
 
 #include "sdk/measure/sdkAttributeComparison.h"
 #include "sdk/measure/sdkCurveComparison.h"
+#include "sdk/measure/sdkDoubledTriangles.h"
 #include "sdk/measure/sdkFaceColours.h"
 #include "sdk/measure/sdkFaceComparison.h"
+#include "sdk/measure/sdkMeshCorners.h"
 #include "sdk/measure/sdkShapeComparison.h"
 #include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
@@ -44,7 +46,11 @@ public:
             compare_counts();
         } else if (source_mesh != output_mesh || (output_mesh && !exact)) {
             // Triangles in place of surfaces, or surfaces in place of triangles: no body has its like.
-            sdk_compare_totals(m_source, m_output, m_options.promise, m_findings);
+            compare_totals();
+            // A module that promises nothing may have its own way to triangles.
+            if (m_options.promise.made && m_options.promise.deflection > 0) {
+                sdk_compare_mesh_corners(m_source, m_output, m_findings);
+            }
         } else {
             compare_bodies();
         }
@@ -59,6 +65,31 @@ public:
     }
 
 private:
+    void compare_totals()
+    {
+        Findings found;
+        sdk_compare_totals(m_source, m_output, m_options.promise, found);
+        // A writer of surfaces takes triangles once that its source has more often.
+        if (!found.empty() && m_source.count(sdkBodyKind::mesh) > 0 &&
+            m_output.count(sdkBodyKind::mesh) == 0) {
+            auto const doubled = sdk_take_triangles_once(m_source);
+            if (doubled.triangles > 0) {
+                found.clear();
+                sdk_compare_totals(doubled.once, m_output, m_options.promise, found);
+                m_findings.push_back({sdkWeight::note,
+                                      "source-doubled",
+                                      {},
+                                      {},
+                                      static_cast<double>(doubled.triangles),
+                                      std::nullopt,
+                                      sdkText("measure::%d triangles of the source are there more than once; "
+                                              "each was compared once",
+                                              doubled.triangles)});
+            }
+        }
+        m_findings.insert(m_findings.end(), found.begin(), found.end());
+    }
+
     void compare_bodies()
     {
         sdkBodies missing;
@@ -160,14 +191,22 @@ private:
             add(sdkWeight::difference, kind, from, static_cast<double>(in), static_cast<double>(out),
                 std::move(text));
         };
-        // A face may be divided on the way, where a format has no closed ones; none may go.
-        if (b.faces.size() < a.faces.size() && b.area < a.area &&
-            !m_options.tolerances.same_amount(a.area, b.area)) {
-            add(sdkWeight::loss, "missing-face", from, static_cast<double>(a.faces.size()),
-                static_cast<double>(b.faces.size()),
-                sdkText("measure::%s at %s has %d faces in the source and %d in the output, which lacks some "
-                        "of its area",
-                        from.title(), from.place(), a.faces.size(), b.faces.size()));
+        // A face may be divided on the way, where a format has no closed ones, or joined to its neighbour;
+        // none may go.
+        bool const same_area = m_options.tolerances.same_amount(a.area, b.area);
+        if (b.faces.size() < a.faces.size() && !same_area) {
+            auto const in = a.faces.size();
+            auto const out = b.faces.size();
+            add(sdkWeight::loss, "missing-face", from, static_cast<double>(in), static_cast<double>(out),
+                b.area < a.area
+                    ? sdkText(
+                          "measure::%s at %s has %d faces in the source and %d in the output, which lacks "
+                          "some of its area",
+                          from.title(), from.place(), in, out)
+                    : sdkText(
+                          "measure::%s at %s has %d faces in the source and %d in the output, which cover "
+                          "another area",
+                          from.title(), from.place(), in, out));
         } else if (b.faces.size() < a.faces.size()) {
             count("faces", static_cast<std::int64_t>(a.faces.size()),
                   static_cast<std::int64_t>(b.faces.size()),

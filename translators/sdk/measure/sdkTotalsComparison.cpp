@@ -1,6 +1,7 @@
 #include "sdk/measure/sdkTotalsComparison.h"
 
 #include "sdk/measure/sdkBodyPairs.h"
+#include "sdk/measure/sdkFacetAllowance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -80,15 +81,25 @@ double largest(gp_Mat const & matrix)
     return largest;
 }
 
+// What triangles may leave out where surfaces bend. Modules that promise nothing may have their own way to
+// triangles, of which no bound follows; a tenth is more than any tolerance that makes sense gives.
+double bend_of(sdkInventory const & source, double area, double deflection, sdkPromise const & promise)
+{
+    if (deflection <= 0) {
+        return 0;
+    }
+    return promise.made ? sdk_facet_allowance(source, deflection) : 0.1 * area;
+}
+
 // Where the area lies, once it is known to be as large.
-void compare_places(Area const & source, Area const & output, double deflection,
+void compare_places(Area const & source, Area const & output, double deflection, double area_allowed,
                     std::vector<sdkFinding> & findings)
 {
     double const area = source.amount();
     double const size = std::max(source.size(), output.size());
     // What chords leave out on one side only draws the centroid to the other. Joining near points moves them
     // by the usual tolerance.
-    double const share = deflection > 0 && area > 0 ? 0.02 + std::abs(area - output.amount()) / area : 0;
+    double const share = deflection > 0 && area > 0 ? std::min(0.1, 2 * area_allowed / area) : 0;
     double const shift = 2 * deflection + (rounding + share) * size + sdkTolerances().absolute;
     double const moved = source.centre().Distance(output.centre());
     if (!(moved <= shift)) {
@@ -166,9 +177,7 @@ void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output
     double const area = surfaces.amount();
     double const area_there = surfaces_there.amount();
     double const deflection = triangles_only(source) ? 0 : promise.deflection;
-    // Chords are shorter than their arcs: a facet of a surface that bends leaves out a little of it. No bound
-    // follows from the deflection alone; a tenth is more than any tolerance that makes sense gives.
-    double const area_allowed = deflection > 0 ? 0.1 * area : rounding * area;
+    double const area_allowed = rounding * area + bend_of(source, area, deflection, promise);
     if (!(std::abs(area - area_there) <= area_allowed)) {
         findings.push_back(
             {area_there < area ? sdkWeight::loss : sdkWeight::difference,
@@ -180,7 +189,7 @@ void sdk_compare_totals(sdkInventory const & source, sdkInventory const & output
              sdkText("measure::The source has an area of %.10g mm2 and the output of %.10g mm2", area,
                      area_there)});
     } else {
-        compare_places(surfaces, surfaces_there, deflection, findings);
+        compare_places(surfaces, surfaces_there, deflection, area_allowed, findings);
     }
     if (!all_enclosed(source) || !all_enclosed(output)) {
         return;

@@ -269,7 +269,7 @@ TEST(Comparison, HoldsTrianglesAgainstSurfacesByTotals)
     EXPECT_TRUE(sdk_compare(source, inventory_of({{"Cube", kit_facet_cube()}}), options).empty());
     EXPECT_EQ(kinds(sdk_compare(inventory_of({{"Cube", kit_cube(12)}}),
                                 inventory_of({{"Cube", kit_facet_cube()}}), options)),
-              (Kinds{"area", "volume"}));
+              (Kinds{"area", "corner", "volume"}));
 }
 
 TEST(Comparison, KnowsASolidThatIsOpen)
