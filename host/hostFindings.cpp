@@ -18,11 +18,10 @@ void hostFindings::tell(std::vector<sdkFinding> const & findings)
 {
     std::map<std::pair<std::string, sdkWeight>, std::int64_t> told;
     for (auto const & finding : findings) {
-        ++m_counts[finding.weight];
         if (++told[{finding.kind, finding.weight}] <= shown) {
             m_reporter.message(stream_of(finding.weight), finding.text);
         }
-        m_events.finding(finding);
+        record(finding);
     }
     for (auto const & [one, count] : told) {
         auto const & [kind, weight] = one;
@@ -31,6 +30,12 @@ void hostFindings::tell(std::vector<sdkFinding> const & findings)
                                sdkText("host::%d more of the kind \"%s\"", count - shown, kind));
         }
     }
+}
+
+void hostFindings::record(sdkFinding const & finding)
+{
+    ++m_counts[finding.weight];
+    m_events.finding(finding);
 }
 
 std::int64_t hostFindings::count(sdkWeight weight) const

@@ -18,6 +18,9 @@ public:
     // Tells of all of them. Losses and differences are errors, notes are not.
     void tell(std::vector<sdkFinding> const & findings);
 
+    // For records only: the user is told of it otherwise, or need not be while the translation runs.
+    void record(sdkFinding const & finding);
+
     std::int64_t count(sdkWeight weight) const;
 
 private:

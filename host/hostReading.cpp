@@ -2,10 +2,30 @@
 
 #include "host/hostGuard.h"
 #include "host/hostModule.h"
+#include "sdk/sdkFiles.h"
 
 #include <Message_ProgressScope.hxx>
 
 #include <algorithm>
+
+namespace {
+
+sdkFinding contents_of(sdkAccount const & account, std::string const & file)
+{
+    using enum sdkSourceKind;
+    return {.weight = sdkWeight::note,
+            .kind = "contents",
+            .part = {},
+            .place = {},
+            .source = static_cast<double>(account.held(root)),
+            .text =
+                sdkText("host::Contents of %s, roots: %d, solids: %d, shells: %d, faces: %d, free curves: "
+                        "%d, free points: %d",
+                        sdk_file_name(file), account.held(root), account.held(solid), account.held(shell),
+                        account.held(face), account.held(curve), account.held(point))};
+}
+
+} // namespace
 
 sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const & range,
                             std::function<void(std::vector<sdkText> const &)> const & tell)
@@ -31,6 +51,9 @@ sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const 
         },
         [this] { return hostSubject{m_input.file}; });
     m_findings = context.account().findings();
+    if (context.account().kept()) {
+        m_contents = contents_of(context.account(), m_input.file);
+    }
     auto const losses = std::count_if(m_findings.begin(), m_findings.end(), [](sdkFinding const & finding) {
         return finding.weight == sdkWeight::loss && finding.kind != "annotation";
     });

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 // Reads one file into a document with the module of its format.
@@ -24,6 +25,8 @@ public:
 
     // What the reader has found out, as far as it has come.
     std::vector<sdkFinding> const & findings() const { return m_findings; }
+    // How much the file holds, as its reader has counted it; none where the reader keeps no account.
+    std::optional<sdkFinding> const & contents() const { return m_contents; }
     // How many things of the file should have given a shape and did not; annotation gives none.
     std::int64_t lost() const { return m_lost; }
 
@@ -31,5 +34,6 @@ private:
     hostFile const & m_input;
     sdkReporter & m_reporter;
     std::vector<sdkFinding> m_findings;
+    std::optional<sdkFinding> m_contents;
     std::int64_t m_lost = 0;
 };

@@ -98,6 +98,9 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
     m_events.file(input.file, "reading");
     hostReading reading(input, m_reporter);
     auto result = reading.read(document, range, [this](auto const & problems) { tell(problems); });
+    if (reading.contents()) {
+        m_findings.record(*reading.contents());
+    }
     m_findings.tell(reading.findings());
     return result;
 }

@@ -121,13 +121,11 @@ void hostVerification::conclude_without_output(sdkStatus status, hostFindings co
     auto const verdict = host_verdict_without_output(status, findings, reporter.failed());
     // For records only: the user has heard already that there is no output.
     if (verdict == hostVerdict::not_verified && !m_reason_told) {
-        m_events.finding({sdkWeight::note,
-                          "no-output",
-                          {},
-                          {},
-                          std::nullopt,
-                          std::nullopt,
-                          sdkText("host::%s was not written", output)});
+        findings.record({.weight = sdkWeight::note,
+                         .kind = "no-output",
+                         .part = {},
+                         .place = {},
+                         .text = sdkText("host::%s was not written", output)});
     }
     m_events.verdict(host_verdict_name(verdict));
     reporter.message(sdkStream::output,

@@ -73,6 +73,19 @@ TEST_F(HostTranslation, TellsFilesProgressAndTheEnd)
     EXPECT_EQ(kit_read_file(out), "Point");
 }
 
+TEST_F(HostTranslation, RecordsWhatTheInputHolds)
+{
+    auto const findings = of_kind(run(job("Counts", "Box")), "finding");
+    ASSERT_FALSE(findings.empty());
+    EXPECT_EQ(findings[0]["kind"], "contents");
+    EXPECT_EQ(findings[0]["weight"], "note");
+    EXPECT_EQ(findings[0]["source"], 1);
+    EXPECT_EQ(findings[0]["args"], json({"a.odd", 1, 2, 0, 12, 0, 3}));
+    // Of a reader that does not count nothing is known.
+    EXPECT_NE(of_kind(run(job("Box", "Box")), "finding").value(0, json::object()).value("kind", ""),
+              "contents");
+}
+
 TEST_F(HostTranslation, UsesTheFinalNameInWhatItSays)
 {
     auto final_name = job("Box", "Box");

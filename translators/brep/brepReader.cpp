@@ -16,6 +16,7 @@
 #include <Standard_OutOfMemory.hxx>
 #include <TDF_LabelMap.hxx>
 #include <TopExp.hxx>
+#include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <boost/iostreams/device/array.hpp>
 #include <boost/iostreams/stream.hpp>
@@ -41,6 +42,15 @@ void read_binary(std::string_view content, TopoDS_Shape & shape, Message_Progres
     boost::iostreams::stream<boost::iostreams::array_source> stream(content.data(), content.size());
     stream.exceptions(strict);
     BinTools::Read(shape, stream, range);
+}
+
+std::int64_t count_empty_solids(TopoDS_Shape const & shape)
+{
+    std::int64_t empty = 0;
+    for (TopExp_Explorer solid(shape, TopAbs_SOLID); solid.More(); solid.Next()) {
+        empty += TopExp_Explorer(solid.Current(), TopAbs_FACE).More() ? 0 : 1;
+    }
+    return empty;
 }
 
 } // namespace
@@ -151,6 +161,16 @@ void brepReader::keep_account()
     account.holds(sdkSourceKind::face, count.faces);
     account.holds(sdkSourceKind::curve, count.curves);
     account.holds(sdkSourceKind::point, count.points);
+    if (auto const empty = count_empty_solids(m_shape); empty > 0) {
+        account.add(
+            {.weight = sdkWeight::note,
+             .kind = "empty-solid",
+             .part = {},
+             .place = {},
+             .source = static_cast<double>(empty),
+             .text = sdkText("brep::%d solids of %s have no faces: there is nothing of them to translate",
+                             empty, sdk_file_name(m_context.file()))});
+    }
 }
 
 sdkResult brepReader::heal(sdkDocument & document, TDF_LabelSequence const & parts,

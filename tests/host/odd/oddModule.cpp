@@ -47,6 +47,13 @@ public:
     {
         m_context.reporter().output("odd::The reader %s has begun", m_format);
         found(sdkWeight::note, "unit-assumed");
+        if (m_format == "Counts") {
+            auto & account = m_context.account();
+            account.holds(sdkSourceKind::root);
+            account.holds(sdkSourceKind::solid, 2);
+            account.holds(sdkSourceKind::face, 12);
+            account.holds(sdkSourceKind::point, 3);
+        }
         if (m_format.starts_with("Loses")) {
             found(sdkWeight::loss, "not-translated");
             m_context.reporter().failed(1);

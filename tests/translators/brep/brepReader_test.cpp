@@ -56,6 +56,19 @@ TEST_F(BrepReader, NamesThePartAfterTheFile)
     EXPECT_TRUE(said().says("6 faces, 0 curves and 0 points read, taking lengths to be in mm"));
 }
 
+TEST_F(BrepReader, NamesSolidsWithoutFaces)
+{
+    TopoDS_Solid empty;
+    BRep_Builder().MakeSolid(empty);
+    sdkDocument document;
+    ASSERT_TRUE(read(file_of(kit_compound({kit_cube(10), empty})), document));
+    EXPECT_EQ(account().held(sdkSourceKind::solid), 2);
+    ASSERT_EQ(account().findings().size(), 1U);
+    EXPECT_EQ(account().findings()[0].kind, "empty-solid");
+    EXPECT_EQ(account().findings()[0].source, 1);
+    EXPECT_EQ(sdk_measure(document).solids, 1);
+}
+
 TEST_F(BrepReader, TakesTheUnitThatItIsTold)
 {
     auto const file = file_of(kit_cube(1));
