@@ -3,10 +3,27 @@
 #include <Interface_InterfaceModel.hxx>
 #include <StepBasic_Product.hxx>
 #include <StepBasic_ProductDefinitionFormation.hxx>
+#include <StepGeom_Placement.hxx>
+#include <StepRepr_HArray1OfRepresentationItem.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepRepr_ProductDefinitionShape.hxx>
 #include <StepShape_ShapeDefinitionRepresentation.hxx>
 #include <TCollection_HAsciiString.hxx>
+
+#include <algorithm>
+
+namespace {
+
+// Assemblies have places only.
+bool has_geometry(StepRepr_Representation const & shape)
+{
+    return !shape.Items().IsNull() &&
+           std::any_of(shape.Items()->begin(), shape.Items()->end(), [](auto const & item) {
+               return !item.IsNull() && !item->IsKind(STANDARD_TYPE(StepGeom_Placement));
+           });
+}
+
+} // namespace
 
 stepProducts::stepProducts(Handle(Interface_InterfaceModel) const & model)
 {
@@ -34,6 +51,9 @@ stepProducts::stepProducts(Handle(Interface_InterfaceModel) const & model)
             m_with_unknown_shape.insert(product.get());
         } else {
             m_products.emplace(link->UsedRepresentation().get(), product);
+            if (has_geometry(*link->UsedRepresentation())) {
+                m_names[link->UsedRepresentation().get()].insert(name(product));
+            }
         }
     }
 }
@@ -54,6 +74,17 @@ bool stepProducts::uses(Handle(StepBasic_ProductDefinition) const & assembly,
                         Handle(StepBasic_ProductDefinition) const & component) const
 {
     return m_usages.count({assembly.get(), component.get()}) > 0;
+}
+
+std::vector<std::set<std::string>> stepProducts::names_of_one_shape() const
+{
+    std::vector<std::set<std::string>> result;
+    for (auto const & [shape, names] : m_names) {
+        if (names.size() > 1) {
+            result.push_back(names);
+        }
+    }
+    return result;
 }
 
 std::string stepProducts::name(Handle(StepBasic_ProductDefinition) const & definition)

@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 class Interface_InterfaceModel;
 
@@ -25,12 +26,16 @@ public:
     // True when the file gives it a shape of a kind that is not known, so that nothing can be said of it.
     bool has_unknown_shape(Handle(StepBasic_ProductDefinition) const & definition) const;
 
+    // The names of products that have one representation with geometry in common; only where they differ.
+    std::vector<std::set<std::string>> names_of_one_shape() const;
+
     // What the file calls it; empty when it has no name.
     static std::string name(Handle(StepBasic_ProductDefinition) const & definition);
 
 private:
     using Product = StepBasic_ProductDefinition const *;
     std::map<StepRepr_Representation const *, Handle(StepBasic_ProductDefinition)> m_products;
+    std::map<StepRepr_Representation const *, std::set<std::string>> m_names; // where there is geometry
     std::set<Product> m_with_unknown_shape;
     std::set<std::pair<Product, Product>> m_usages;
 };

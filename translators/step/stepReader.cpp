@@ -5,6 +5,7 @@
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/sdkFlatten.h"
 #include "step/stepActor.h"
+#include "step/stepContextStyles.h"
 #include "step/stepCopiedStyles.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
@@ -92,8 +93,10 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     }
     m_links = stepTextualLinks(reader.StepModel(), file.text());
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
+    auto const settled = step_settle_context_styles(reader.WS());
     sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
-        return m_links.explain(entity) || completed.count(entity.get()) > 0;
+        return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
+               settled.count(entity.get()) > 0;
     });
     if (!completed.empty()) {
         m_context.account().add(

@@ -4,10 +4,16 @@
 #include "sdk/sdkVisibility.h"
 #include "step/stepLosses.h"
 #include "step/stepMaterials.h"
+#include "step/stepProducts.h"
 #include "step/stepVisibility.h"
 
 #include <Interface_InterfaceModel.hxx>
 #include <XSControl_WorkSession.hxx>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <string>
 
 stepSourceFindings::stepSourceFindings(sdkDocument & document, sdkContext & context)
     : m_document(document), m_context(context), m_materials_before(sdk_count_materials(document)),
@@ -18,6 +24,9 @@ stepSourceFindings::stepSourceFindings(sdkDocument & document, sdkContext & cont
 void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances)
 {
     take_information(session);
+    if (m_context.options().boolean("stepReadNames")) {
+        take_names(session);
+    }
     take_materials(session);
     take_visibility(session, instances);
 }
@@ -37,6 +46,38 @@ void stepSourceFindings::take_information(Handle(XSControl_WorkSession) const & 
                  "step::Product and manufacturing information is not translated: %d dimensions, %d "
                  "geometric tolerances, %d datums, %d annotations and %d views are lost",
                  losses.dimensions, losses.tolerances, losses.datums, losses.annotations, losses.views)});
+    }
+}
+
+// The toolkit makes one part of a shape, whatever the products that have it are called.
+void stepSourceFindings::take_names(Handle(XSControl_WorkSession) const & session)
+{
+    auto const shared = stepProducts(session->Model()).names_of_one_shape();
+    if (shared.empty()) {
+        return;
+    }
+    std::set<std::string> arrived;
+    TDF_LabelSequence shapes;
+    m_document.shapes()->GetShapes(shapes);
+    for (auto const & shape : shapes) {
+        arrived.insert(sdkDocument::name(shape));
+    }
+    std::set<std::string> lost;
+    for (auto const & names : shared) {
+        std::set_difference(names.begin(), names.end(), arrived.begin(), arrived.end(),
+                            std::inserter(lost, lost.end()));
+    }
+    if (!lost.empty()) {
+        m_context.account().add(
+            {.weight = sdkWeight::difference,
+             .kind = "name",
+             .part = *lost.begin(),
+             .place = {},
+             .source = static_cast<double>(lost.size()),
+             .output = 0.0,
+             .text = sdkText("step::%s: %d products have the shape of another product and are read as that "
+                             "one; their names are lost, the first is \"%s\"",
+                             m_context.file(), lost.size(), *lost.begin())});
     }
 }
 

@@ -11,8 +11,8 @@ class XSControl_WorkSession;
 class stepInstances;
 
 // Adds to the account what a file has besides shapes and what became of it: product and manufacturing
-// information, materials, hidden bodies. Make it before the transfer, for the document may have such things
-// already.
+// information, names, materials, hidden bodies. Make it before the transfer, for the document may have such
+// things already.
 class stepSourceFindings {
 public:
     stepSourceFindings(sdkDocument & document, sdkContext & context);
@@ -22,6 +22,7 @@ public:
 
 private:
     void take_information(Handle(XSControl_WorkSession) const & session);
+    void take_names(Handle(XSControl_WorkSession) const & session);
     void take_materials(Handle(XSControl_WorkSession) const & session);
     void take_visibility(Handle(XSControl_WorkSession) const & session, stepInstances const & instances);
 

@@ -3,6 +3,8 @@
 #include <BRep_Tool.hxx>
 #include <TopLoc_Location.hxx>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 stlPlacedMesh::stlPlacedMesh(TopoDS_Face const & face, double millimetres_per_unit, bool single)
@@ -23,9 +25,12 @@ stlCorners stlPlacedMesh::corners(int number) const
     }
     stlCorners corners;
     for (std::size_t corner = 0; corner < 3; ++corner) {
-        auto point = m_mesh->Node(nodes[corner]).XYZ();
-        m_place.Transforms(point);
-        point *= m_factor;
+        auto point = node(nodes[corner]);
+        for (int axis = 1; axis <= 3; ++axis) {
+            if (std::abs(point.Coord(axis)) < m_zero) {
+                point.SetCoord(axis, 0);
+            }
+        }
         if (m_single) {
             point.SetCoord(static_cast<float>(point.X()), static_cast<float>(point.Y()),
                            static_cast<float>(point.Z()));
@@ -33,4 +38,21 @@ stlCorners stlPlacedMesh::corners(int number) const
         corners[corner] = point;
     }
     return corners;
+}
+
+gp_XYZ stlPlacedMesh::node(int number) const
+{
+    auto point = m_mesh->Node(number).XYZ();
+    m_place.Transforms(point);
+    return point * m_factor;
+}
+
+double stlPlacedMesh::reach() const
+{
+    double reach = 0;
+    for (int number = 1; number <= m_mesh->NbNodes(); ++number) {
+        auto const point = node(number);
+        reach = std::max({reach, std::abs(point.X()), std::abs(point.Y()), std::abs(point.Z())});
+    }
+    return reach;
 }

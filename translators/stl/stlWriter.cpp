@@ -110,6 +110,7 @@ sdkResult stlWriter::transfer(sdkDocument & document, Message_ProgressRange cons
     for (auto const & label : document.free_shapes()) {
         collect(document, label, TopLoc_Location());
     }
+    settle_zero();
     note_hidden();
     if (!each && m_solids.size() > 1) {
         reporter.output("stl::%d parts are written as one solid", m_solids.size());
@@ -187,6 +188,24 @@ void stlWriter::collect(sdkDocument const & document, TDF_Label const & label,
     }
     if (!solid.meshes.empty()) {
         m_solids.push_back(std::move(solid));
+    }
+}
+
+// Faces that meet may put a common corner a little beside zero, each by its own rounding. Elsewhere such
+// corners get the same digits in a file, but digits near zero are much finer, and the mesh would be torn.
+void stlWriter::settle_zero()
+{
+    constexpr double noise = 1e-11;
+    double reach = 0;
+    for (auto const & solid : m_solids) {
+        for (auto const & mesh : solid.meshes) {
+            reach = std::max(reach, mesh.reach());
+        }
+    }
+    for (auto & solid : m_solids) {
+        for (auto & mesh : solid.meshes) {
+            mesh.set_zero(noise * reach);
+        }
     }
 }
 

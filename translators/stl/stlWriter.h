@@ -21,6 +21,7 @@ private:
     };
 
     void collect(sdkDocument const & document, TDF_Label const & label, TopLoc_Location const & location);
+    void settle_zero();
     void note_hidden();
     std::int64_t count_triangles() const;
     bool may_flatten() const;

@@ -84,9 +84,66 @@ protected:
         ASSERT_TRUE(reader.Transfer(handle));
     }
 
+    // The nested assembly as a file in which these places, by their names, have a style of their own in the
+    // form that the toolkit does not know: red, hidden and on a layer.
+    std::string file_with_context(std::vector<std::string> const & places)
+    {
+        sdkDocument document;
+        add_nested(document);
+        EXPECT_TRUE(write(document, path("plain.stp")));
+        auto text = kit_read_file(path("plain.stp"));
+        std::string context;
+        for (auto const & place : places) {
+            auto const shape = entity_with(text, ",'" + place + "',", "NEXT_ASSEMBLY_USAGE_OCCURRENCE");
+            auto const definition = entity_with(text, "," + shape + ")", "PRODUCT_DEFINITION_SHAPE");
+            context += (context.empty() ? "" : ",") +
+                       entity_with(text, "," + definition + ")", "CONTEXT_DEPENDENT_SHAPE_REPRESENTATION");
+        }
+        auto const solid = entity_with(text, "(", "MANIFOLD_SOLID_BREP");
+        auto const whole = text.find("ADVANCED_BREP_SHAPE_REPRESENTATION(");
+        auto const units = text.rfind('#', text.find(';', whole));
+        auto const space = text.substr(units, text.find(')', units) - units);
+        text.insert(
+            text.rfind("ENDSEC;"),
+            "#9000=STYLED_ITEM('',(#9010)," + solid + ");\n" +
+                "#9001=CONTEXT_DEPENDENT_OVER_RIDING_STYLED_ITEM('',(#9020)," + solid + ",#9000,(" + context +
+                "));\n#9002=INVISIBILITY((#9001));\n#9003=PRESENTATION_LAYER_ASSIGNMENT('own','',(#9001));"
+                "\n" +
+                "#9004=MECHANICAL_DESIGN_GEOMETRIC_PRESENTATION_REPRESENTATION('',(#9000,#9001)," + space +
+                ");\n" + colour(9010, "0.,0.,1.") + colour(9020, "1.,0.,0."));
+        return folder().write("context.stp", text);
+    }
+
     TDF_Label m_part;
 
 private:
+    // The number of the entity of that kind that has the text among its parameters.
+    static std::string entity_with(std::string text, std::string const & part, std::string const & kind)
+    {
+        for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at)) {
+            text.erase(at, text.find_first_not_of("\n ", at) - at);
+        }
+        for (auto at = text.find(" = " + kind + "("); at != std::string::npos;
+             at = text.find(" = " + kind + "(", at + 1)) {
+            if (text.substr(at, text.find(';', at) - at).find(part) != std::string::npos) {
+                auto const number = text.rfind('#', at);
+                return text.substr(number, at - number);
+            }
+        }
+        ADD_FAILURE() << kind << " with " << part << " is not there";
+        return {};
+    }
+
+    static std::string colour(int first, std::string const & rgb)
+    {
+        auto const at = [first](int step) { return "#" + std::to_string(first + step); };
+        return at(0) + "=PRESENTATION_STYLE_ASSIGNMENT((" + at(1) + "));\n" + at(1) +
+               "=SURFACE_STYLE_USAGE(.BOTH.," + at(2) + ");\n" + at(2) + "=SURFACE_SIDE_STYLE('',(" + at(3) +
+               "));\n" + at(3) + "=SURFACE_STYLE_FILL_AREA(" + at(4) + ");\n" + at(4) +
+               "=FILL_AREA_STYLE('',(" + at(5) + "));\n" + at(5) + "=FILL_AREA_STYLE_COLOUR('',#" +
+               std::to_string(first + 6) + ");\n" + at(6) + "=COLOUR_RGB(''," + rgb + ");\n";
+    }
+
     static void place(sdkDocument & document, TDF_Label const & assembly, TDF_Label const & part, double x,
                       std::string const & name)
     {
@@ -251,4 +308,36 @@ TEST_F(StepInstances, ThatCannotBeHiddenAreTold)
     ASSERT_EQ(account().findings().size(), 1U);
     EXPECT_EQ(account().findings().front().weight, sdkWeight::difference);
     EXPECT_EQ(account().findings().front().source, 1);
+}
+
+TEST_F(StepInstances, HaveTheStylesThatOverrideThoseOfTheirParts)
+{
+    sdkDocument document;
+    ASSERT_TRUE(read(file_with_context({"o20"}), document));
+    EXPECT_TRUE(kit_colour(document, find(document, "o20")).IsEqual(Quantity_Color(Quantity_NOC_RED)));
+    EXPECT_TRUE(kit_colour(document, find(document, "part")).IsEqual(Quantity_Color(Quantity_NOC_BLUE1)));
+    EXPECT_EQ(hidden(document), Names{"o20"});
+    EXPECT_EQ(layers(document, "o20"), Names{"own"});
+    EXPECT_EQ(layers(document, "part"), Names{});
+    EXPECT_FALSE(said().says("not as the standard has them"));
+}
+
+// A style of a place in one place of an assembly is neither that of the part nor of the place in all of them.
+TEST_F(StepInstances, AreNotStyledForOneOfTheirPlaces)
+{
+    sdkDocument document;
+    ASSERT_TRUE(read(file_with_context({"a60", "i20"}), document));
+    EXPECT_TRUE(kit_colour(document, find(document, "part")).IsEqual(Quantity_Color(Quantity_NOC_BLUE1)));
+    EXPECT_EQ(hidden(document), Names{});
+    for (auto const * const name : {"a60", "i20", "part"}) {
+        EXPECT_EQ(layers(document, name), Names{});
+    }
+}
+
+TEST_F(StepInstances, WithSuchStylesMakeOtherReadersHideThePart)
+{
+    sdkDocument document;
+    read_bare(file_with_context({"o20"}), document);
+    EXPECT_EQ(hidden(document), Names{"part"})
+        << "the toolkit knows the form now: stepContextStyles is needed no more";
 }

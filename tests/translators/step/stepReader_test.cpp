@@ -158,3 +158,37 @@ TEST_F(StepReader, OpensAFileWhoseNameIsInAnotherScript)
     sdkDocument document;
     EXPECT_TRUE(read(path("деталь 箱 é.stp"), document));
 }
+
+// Two products of one shape.
+TEST_F(StepReader, TellsTheNamesThatAreLostWhereProductsShareAShape)
+{
+    for (std::string const name : {"Other", "Part"}) {
+        auto text = cube_text();
+        auto const number_before = [&](std::string const & kind, std::size_t from) {
+            auto const at = text.rfind('#', text.find(" = " + kind + "(", from));
+            return text.substr(at, text.find(' ', at) - at);
+        };
+        auto const link = text.find("SHAPE_DEFINITION_REPRESENTATION(#");
+        auto const shape =
+            text.substr(text.find(",#", link) + 1, text.find(')', link) - text.find(",#", link) - 1);
+        auto const entities =
+            "#9000=PRODUCT('" + name + "','" + name + "','',(" + number_before("PRODUCT_CONTEXT", 0) +
+            "));\n" + "#9001=PRODUCT_DEFINITION_FORMATION('','',#9000);\n" +
+            "#9002=PRODUCT_DEFINITION('design','',#9001," + number_before("PRODUCT_DEFINITION_CONTEXT", 0) +
+            ");\n" + "#9003=PRODUCT_DEFINITION_SHAPE('','',#9002);\n" +
+            "#9004=SHAPE_DEFINITION_REPRESENTATION(#9003," + shape + ");\n";
+        text.insert(text.rfind("ENDSEC;"), entities);
+        sdkDocument document;
+        ASSERT_TRUE(read(folder().write("shared.stp", text), document));
+        auto const & findings = account().findings();
+        if (name == "Part") {
+            EXPECT_TRUE(findings.empty()) << "nothing is lost";
+        } else {
+            ASSERT_EQ(findings.size(), 1U);
+            EXPECT_EQ(findings.front().kind, "name");
+            EXPECT_EQ(findings.front().weight, sdkWeight::difference);
+            EXPECT_EQ(findings.front().source, 1);
+            EXPECT_TRUE(findings.front().text.fits());
+        }
+    }
+}
