@@ -9,6 +9,7 @@
 #include "sdk/measure/sdkShapeComparison.h"
 #include "sdk/measure/sdkStructureNames.h"
 #include "sdk/measure/sdkTotalsComparison.h"
+#include "sdk/measure/sdkTriangleByTriangle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,6 +51,9 @@ public:
             // A module that promises nothing may have its own way to triangles.
             if (m_options.promise.made && m_options.promise.deflection > 0) {
                 sdk_compare_mesh_corners(m_source, m_output, m_findings);
+                if (source_mesh && output_mesh) {
+                    sdk_compare_triangle_by_triangle(m_source, m_output, m_findings);
+                }
             }
         } else {
             compare_bodies();

@@ -1,64 +1,32 @@
 #include "sdk/measure/sdkDoubledTriangles.h"
 
-#include "sdk/geometry/sdkVertexMerger.h"
 #include "sdk/measure/sdkBodyPairs.h"
+#include "sdk/measure/sdkMeshTriangles.h"
 
 #include <BRep_Builder.hxx>
-#include <BRep_Tool.hxx>
 #include <Poly_Triangulation.hxx>
-#include <TopExp_Explorer.hxx>
-#include <TopoDS.hxx>
+#include <TopoDS_Face.hxx>
 
 #include <algorithm>
-#include <array>
-#include <utility>
 #include <vector>
 
 namespace {
 
-using Corners = std::array<int, 3>;
-
 struct Mesh {
     std::vector<gp_XYZ> points;
-    std::vector<Corners> triangles;
+    std::vector<sdkMeshTriangles::Triangle> triangles;
     std::int64_t doubled = 0;
 };
 
 Mesh without_doubled(TopoDS_Shape const & shape)
 {
-    Mesh mesh;
-    sdkVertexMerger merger(sdkTolerances().absolute, 0);
-    for (TopExp_Explorer one(shape, TopAbs_FACE); one.More(); one.Next()) {
-        TopLoc_Location location;
-        auto const & face = TopoDS::Face(one.Current());
-        auto const & triangles = BRep_Tool::Triangulation(face, location);
-        if (triangles.IsNull()) {
-            continue;
-        }
-        auto const place = location.Transformation();
-        bool const turned = (face.Orientation() == TopAbs_REVERSED) != place.IsNegative();
-        for (int number = 1; number <= triangles->NbTriangles(); ++number) {
-            Corners nodes{};
-            triangles->Triangle(number).Get(nodes[0], nodes[1], nodes[2]);
-            if (turned) {
-                std::swap(nodes[1], nodes[2]);
-            }
-            Corners corners{};
-            std::transform(nodes.begin(), nodes.end(), corners.begin(), [&](int node) {
-                return merger.add(triangles->Node(node).Transformed(place).XYZ());
-            });
-            // Wherever it begins.
-            std::rotate(corners.begin(), std::min_element(corners.begin(), corners.end()), corners.end());
-            mesh.triangles.push_back(corners);
-        }
-    }
-    auto & all = mesh.triangles;
+    sdkMeshTriangles mesh(sdkTolerances().absolute);
+    auto all = mesh.add(shape);
     std::sort(all.begin(), all.end());
     auto const last = std::unique(all.begin(), all.end());
-    mesh.doubled = all.end() - last;
+    auto const doubled = all.end() - last;
     all.erase(last, all.end());
-    mesh.points = merger.points();
-    return mesh;
+    return {mesh.points(), all, doubled};
 }
 
 TopoDS_Face face_of(Mesh const & mesh)

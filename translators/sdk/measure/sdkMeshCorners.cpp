@@ -147,7 +147,8 @@ private:
             m_endless.push_back(number);
             return;
         }
-        box.Enlarge(m_grounds.back()->allowed());
+        // Swept surfaces may reach a little beyond what the library takes for their box.
+        box.Enlarge(m_grounds.back()->allowed() + 0.1 * std::sqrt(box.SquareExtent()));
         auto const low = box.CornerMin();
         auto const high = box.CornerMax();
         m_boxes.Add(number, BVH_Box<double, 3>(Vector(low.X(), low.Y(), low.Z()),

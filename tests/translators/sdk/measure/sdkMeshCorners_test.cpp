@@ -4,18 +4,24 @@
 #include "sdk/measure/sdkMeshCorners.h"
 #include "translators/kit/kitParts.h"
 
+#include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_NurbsConvert.hxx>
 #include <BRepPrimAPI_MakeCone.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepPrimAPI_MakeTorus.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <GeomAPI_PointsToBSplineSurface.hxx>
+#include <Geom_BSplineSurface.hxx>
 #include <Poly_Triangulation.hxx>
+#include <TColgp_Array2OfPnt.hxx>
 #include <TopoDS.hxx>
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 
 namespace {
@@ -44,6 +50,9 @@ TopoDS_Shape triangles_of(TopoDS_Shape const & shape, Change const & change)
             int b = 0;
             int c = 0;
             mesh->Triangle(number).Get(a, b, c);
+            if (one.Current().Orientation() == TopAbs_REVERSED) {
+                std::swap(b, c);
+            }
             triangles.emplace_back(base + a, base + b, base + c);
         }
     }
@@ -81,6 +90,22 @@ Change shifted_where(std::function<bool(gp_Pnt const &)> const & where, gp_Vec c
     return [=](gp_Pnt const & point) { return where(point) ? point.Translated(shift) : point; };
 }
 
+// A sheet in waves and the body under it, whose sides are swept along its edges.
+TopoDS_Shape swept()
+{
+    constexpr int points = 10;
+    TColgp_Array2OfPnt grid(1, points, 1, points);
+    for (int i = 0; i < points; ++i) {
+        for (int j = 0; j < points; ++j) {
+            grid(i + 1, j + 1) = gp_Pnt(5 * i, 5 * j, 3 * std::sin(i) * std::cos(j));
+        }
+    }
+    GeomAPI_PointsToBSplineSurface sheet;
+    sheet.Interpolate(grid);
+    auto const face = BRepBuilderAPI_MakeFace(sheet.Surface(), 1.0e-7).Face();
+    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 0, 20)).Shape();
+}
+
 std::vector<TopoDS_Shape> bodies()
 {
     auto const cylinder = BRepPrimAPI_MakeCylinder(10, 20).Shape();
@@ -90,6 +115,7 @@ std::vector<TopoDS_Shape> bodies()
             BRepPrimAPI_MakeCone(10, 0, 20).Shape(),
             BRepPrimAPI_MakeSphere(10).Shape(),
             BRepPrimAPI_MakeTorus(20, 5).Shape(),
+            swept(),
             BRepBuilderAPI_NurbsConvert(cylinder, Standard_True).Shape(),
             BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeTorus(20, 5).Shape(), Standard_True).Shape()};
 }
