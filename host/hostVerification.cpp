@@ -111,7 +111,7 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     return sdkResult::completed();
 }
 
-void hostVerification::conclude_without_output(sdkStatus status, hostFindings const & findings,
+void hostVerification::conclude_without_output(sdkStatus status, hostFindings & findings,
                                                sdkReporter & reporter)
 {
     if (!wanted() || status == sdkStatus::cancelled) {

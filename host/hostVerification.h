@@ -40,7 +40,7 @@ public:
 
     // To be called when the translation has ended and there is no output: tells the verdict on that, unless
     // nobody wants one or the user has cancelled.
-    void conclude_without_output(sdkStatus status, hostFindings const & findings, sdkReporter & reporter);
+    void conclude_without_output(sdkStatus status, hostFindings & findings, sdkReporter & reporter);
 
 private:
     std::chrono::milliseconds limit() const;

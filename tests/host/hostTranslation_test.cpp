@@ -82,8 +82,9 @@ TEST_F(HostTranslation, RecordsWhatTheInputHolds)
     EXPECT_EQ(findings[0]["source"], 1);
     EXPECT_EQ(findings[0]["args"], json({"a.odd", 1, 2, 0, 12, 0, 3}));
     // Of a reader that does not count nothing is known.
-    EXPECT_NE(of_kind(run(job("Box", "Box")), "finding").value(0, json::object()).value("kind", ""),
-              "contents");
+    for (auto const & finding : of_kind(run(job("Box", "Box")), "finding")) {
+        EXPECT_NE(finding["kind"], "contents");
+    }
 }
 
 TEST_F(HostTranslation, UsesTheFinalNameInWhatItSays)

@@ -75,11 +75,13 @@ protected:
         return found;
     }
 
+    // Of that kind, or all but what the input holds.
     json findings(std::string const & kind = {}) const
     {
         json found = json::array();
         for (auto const & event : events) {
-            if (event["event"] == "finding" && (kind.empty() || event["kind"] == kind)) {
+            if (event["event"] == "finding" &&
+                (kind.empty() ? event["kind"] != "contents" : event["kind"] == kind)) {
                 found.push_back(event);
             }
         }
