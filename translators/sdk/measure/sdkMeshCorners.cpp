@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -47,7 +48,8 @@ public:
     bool exact() const { return m_distance.exact(); }
     double allowed() const { return m_allowed; }
 
-    double distance(gp_Pnt const & point)
+    // Of a free-form surface, when it is not thorough, too large for a few points.
+    double distance(gp_Pnt const & point, bool thorough)
     {
         if (exact()) {
             return m_distance.of(point);
@@ -55,7 +57,7 @@ public:
         if (!m_search) {
             m_search.emplace(m_face, m_allowed);
         }
-        return m_search->of(point);
+        return thorough ? m_search->thorough(point) : m_search->quick(point);
     }
 
 private:
@@ -200,7 +202,7 @@ private:
             // question.
             std::erase_if(*found, [&](int number) {
                 auto & ground = m_grounds.at(number);
-                return ground.exact() && !(ground.distance(point(node)) <= ground.allowed());
+                return ground.exact() && !(ground.distance(point(node), false) <= ground.allowed());
             });
         }
         return *found;
@@ -208,15 +210,18 @@ private:
 
     gp_Pnt const & point(int node) const { return m_points[static_cast<std::size_t>(node - 1)]; }
 
-    bool lies_on(int node, int number)
+    bool lies_on(int node, int number, bool thorough)
     {
         auto & ground = m_grounds.at(number);
         if (ground.exact()) {
             return true; // else it would not be around
         }
-        auto const [found, added] = m_searched.try_emplace({node, number}, false);
+        if (thorough && lies_on(node, number, false)) {
+            return true;
+        }
+        auto const [found, added] = m_searched.try_emplace({node, number, thorough}, false);
         if (added) {
-            found->second = ground.distance(point(node)) <= ground.allowed();
+            found->second = ground.distance(point(node), thorough) <= ground.allowed();
         }
         return found->second;
     }
@@ -237,9 +242,20 @@ private:
                         [&](int number) { return m_grounds.at(number).exact(); })) {
             return true;
         }
-        return std::any_of(common.begin(), common.end(), [&](int number) {
-            return std::all_of(nodes.begin(), nodes.end(), [&](int node) { return lies_on(node, number); });
-        });
+        // Then on that of the triangle before, which mostly is a neighbour.
+        if (auto const latest = std::find(common.begin(), common.end(), m_latest); latest != common.end()) {
+            std::iter_swap(common.begin(), latest);
+        }
+        for (bool const thorough : {false, true}) {
+            for (int const number : common) {
+                if (std::all_of(nodes.begin(), nodes.end(),
+                                [&](int node) { return lies_on(node, number, thorough); })) {
+                    m_latest = number;
+                    return true;
+                }
+            }
+        }
+        return false;
     }
 
     void tell(std::array<int, 3> const & nodes, Stray & stray)
@@ -255,7 +271,8 @@ private:
             double farthest = 0;
             gp_Pnt at;
             for (int const node : nodes) {
-                double const distance = m_grounds.at(number).distance(point(node));
+                double const distance = std::min(m_grounds.at(number).distance(point(node), false),
+                                                 m_grounds.at(number).distance(point(node), true));
                 if (!(distance <= farthest)) {
                     farthest = distance;
                     at = point(node);
@@ -272,7 +289,9 @@ private:
     Grounds & m_grounds;
     std::vector<gp_Pnt> m_points;
     std::vector<std::optional<std::vector<int>>> m_around; // per node
-    std::map<std::pair<int, int>, bool> m_searched;        // node and ground: whether it lies on it
+    // Of a node, a ground, and a search that is thorough or not: whether it lies on it.
+    std::map<std::tuple<int, int, bool>, bool> m_searched;
+    int m_latest = -1; // the ground of the latest triangle
 };
 
 } // namespace

@@ -15,8 +15,7 @@ namespace {
 // More of them find no more points, and each costs.
 constexpr std::size_t tries = 4;
 constexpr int most_steps = 20;
-// The library finds what slides astray, but takes a hundred times as long. Where so many are off, the surface
-// is another one.
+// Where so many are off, the surface is another one.
 constexpr int most_long_searches = 200;
 
 int seeds_along(int spans)
@@ -36,18 +35,20 @@ sdkSurfaceSearch::sdkSurfaceSearch(TopoDS_Face const & face, double enough)
 {
 }
 
-double sdkSurfaceSearch::of(gp_Pnt const & point)
+bool sdkSurfaceSearch::look(gp_Pnt const & point, gp_Pnt2d place, double & best)
+{
+    best = std::min(best, slide(point, place));
+    if (best <= m_enough) {
+        m_latest = {place};
+    }
+    return best <= m_enough;
+}
+
+double sdkSurfaceSearch::quick(gp_Pnt const & point)
 {
     double best = std::numeric_limits<double>::infinity();
-    auto const look = [&](gp_Pnt2d place) {
-        best = std::min(best, slide(point, place));
-        if (best <= m_enough) {
-            m_latest = {place};
-        }
-        return best <= m_enough;
-    };
     // Points come in an order in which neighbours follow each other.
-    if (!m_latest.empty() && look(m_latest.front())) {
+    if (!m_latest.empty() && look(point, m_latest.front(), best)) {
         return best;
     }
     sow();
@@ -61,16 +62,22 @@ double sdkSurfaceSearch::of(gp_Pnt const & point)
         }
     }
     for (auto const & [distance, seed] : nearest) {
-        if (seed && look(seed->place)) {
-            return best;
+        if (seed && look(point, seed->place, best)) {
+            break;
         }
     }
+    return best;
+}
+
+double sdkSurfaceSearch::thorough(gp_Pnt const & point)
+{
+    double best = std::numeric_limits<double>::infinity();
     if (m_long_searches < most_long_searches) {
         ++m_long_searches;
         if (m_library.IsNull()) {
             m_library = new ShapeAnalysis_Surface(BRep_Tool::Surface(m_face));
         }
-        look(m_library->ValueOfUV(point, m_enough / 10));
+        look(point, m_library->ValueOfUV(point, m_enough / 10), best);
     }
     return best;
 }

@@ -16,7 +16,10 @@ public:
     // `enough`.
     sdkSurfaceSearch(TopoDS_Face const & face, double enough);
 
-    double of(gp_Pnt const & point);
+    // Sliding down from points near by, which fails for few points that lie on the surface.
+    double quick(gp_Pnt const & point);
+    // With the help of the library, which finds what slides astray and takes a hundred times as long.
+    double thorough(gp_Pnt const & point);
 
 private:
     struct Seed {
@@ -24,6 +27,7 @@ private:
         gp_Pnt2d place;
     };
 
+    bool look(gp_Pnt const & point, gp_Pnt2d place, double & best);
     void sow();
     double slide(gp_Pnt const & point, gp_Pnt2d & place) const;
 
