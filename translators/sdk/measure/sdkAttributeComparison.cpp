@@ -164,7 +164,7 @@ void sdk_compare_attributes(sdkBody const & source, sdkBody const & output, sdkP
 {
     auto const & holds = promise.holds;
     auto const add = [&](char const * kind, sdkText text) {
-        findings.push_back({sdkWeight::difference, kind, source.title(), source.place(), std::nullopt,
+        findings.push_back({sdkWeight::difference, kind, source.part, source.place(), std::nullopt,
                             std::nullopt, std::move(text)});
     };
     if (holds.names && !source.part.empty() &&

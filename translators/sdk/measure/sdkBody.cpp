@@ -10,7 +10,7 @@ double sdkBody::size() const
 
 std::string sdkBody::title() const
 {
-    return part.empty() ? sdk_kind_name(kind) : part;
+    return part.empty() ? sdk_kind_term(kind) : part;
 }
 
 std::string sdkBody::place() const

@@ -30,7 +30,7 @@ struct sdkBody {
     TopoDS_Shape shape;
 
     double size() const; // diagonal of its extent
-    // The part's name, or, where it has none, what the body is.
+    // For messages: the part's name, or, where it has none, what the body is, as a term.
     std::string title() const;
     // Its centroid, as "(1, 2, 3)".
     std::string place() const;

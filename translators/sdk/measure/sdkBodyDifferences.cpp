@@ -17,7 +17,7 @@ public:
     void amounts(char const * kind, double a, double b, sdkText text,
                  sdkWeight weight = sdkWeight::difference) const
     {
-        m_findings.push_back({weight, kind, m_body.title(), m_body.place(), a, b, std::move(text)});
+        m_findings.push_back({weight, kind, m_body.part, m_body.place(), a, b, std::move(text)});
     }
 
     void counts(char const * kind, std::int64_t a, std::int64_t b, std::string_view text,
@@ -32,7 +32,7 @@ public:
     void attribute(char const * kind, std::string const & a, std::string const & b,
                    std::string_view text) const
     {
-        m_findings.push_back({sdkWeight::difference, kind, m_body.title(), m_body.place(), std::nullopt,
+        m_findings.push_back({sdkWeight::difference, kind, m_body.part, m_body.place(), std::nullopt,
                               std::nullopt, sdkText(text, m_body.title(), m_body.place(), a, b)});
     }
 
@@ -131,7 +131,7 @@ void sdk_tell_topology(sdkBody const & a, sdkBody const & b, sdkTolerances const
                     turned ? sdkWeight::note : sdkWeight::difference);
     }
     if (a.kind != sdkBodyKind::solid && in_a.turned(in_b)) {
-        findings.push_back({sdkWeight::difference, "turned-body", a.title(), a.place(), std::nullopt,
+        findings.push_back({sdkWeight::difference, "turned-body", a.part, a.place(), std::nullopt,
                             std::nullopt,
                             sdkText("compare::%s at %s looks to the other side in B", a.title(), a.place())});
     }
@@ -164,7 +164,7 @@ void sdk_tell_attributes(sdkBody const & a, sdkBody const & b, sdkModelAttribute
         if (auto const faces = sdk_compare_face_colours(
                 a, b, {.tolerances = {}, .transparency = true, .bare = attributes.same_format})) {
             findings.push_back(
-                {sdkWeight::difference, "colour", a.title(), faces->place, std::nullopt, std::nullopt,
+                {sdkWeight::difference, "colour", a.part, faces->place, std::nullopt, std::nullopt,
                  sdkText("compare::%s has %d faces with another colour in B; the one at %s has "
                          "\"%s\" in A and \"%s\" in B",
                          a.title(), faces->faces, faces->place, faces->source, faces->output)});
@@ -176,7 +176,7 @@ void sdk_tell_attributes(sdkBody const & a, sdkBody const & b, sdkModelAttribute
     }
     if (attributes.visibility && a.hidden != b.hidden) {
         findings.push_back(
-            {sdkWeight::difference, "visibility", a.title(), a.place(), std::nullopt, std::nullopt,
+            {sdkWeight::difference, "visibility", a.part, a.place(), std::nullopt, std::nullopt,
              a.hidden ? sdkText("compare::%s at %s is hidden in A and visible in B", a.title(), a.place())
                       : sdkText("compare::%s at %s is visible in A and hidden in B", a.title(), a.place())});
     }

@@ -141,7 +141,7 @@ private:
             auto const in = faces->source.empty() ? std::string("-") : sdk_colour_text(faces->source);
             auto const out = faces->output.empty() ? std::string("-") : sdk_colour_text(faces->output);
             m_findings.push_back(
-                {sdkWeight::difference, "colour", from.title(), faces->place, std::nullopt, std::nullopt,
+                {sdkWeight::difference, "colour", from.part, faces->place, std::nullopt, std::nullopt,
                  sdkText("measure::%s has %d faces with another colour in the output; the one at %s has %s "
                          "in the source and %s in the output",
                          from.title(), faces->faces, faces->place, in, out)});
@@ -151,7 +151,7 @@ private:
     void add(sdkWeight weight, std::string const & kind, sdkBody const & body, double source, double output,
              sdkText text)
     {
-        m_findings.push_back({weight, kind, body.title(), body.place(), source, output, std::move(text)});
+        m_findings.push_back({weight, kind, body.part, body.place(), source, output, std::move(text)});
     }
 
     void compare_geometry(sdkBody const & from, sdkBody const & to)

@@ -104,13 +104,13 @@ void tell_changed(sdkBody const & from, sdkBody const & to, sdkTolerances const 
     auto const & b = to.measure;
     if (!tolerances.same_amount(a.length, b.length) && from.kind == sdkBodyKind::curve) {
         findings.push_back(
-            {sdkWeight::difference, "length", from.title(), from.place(), a.length, b.length,
+            {sdkWeight::difference, "length", from.part, from.place(), a.length, b.length,
              sdkText("measure::%s at %s is %.10g mm long in the source and %.10g mm in the output",
                      from.title(), from.place(), a.length, b.length)});
     } else {
         double const moved = a.centroid.Distance(b.centroid);
         findings.push_back(
-            {sdkWeight::difference, "centroid", from.title(), from.place(), 0, moved,
+            {sdkWeight::difference, "centroid", from.part, from.place(), 0, moved,
              sdkText("measure::%s at %s lies at %s in the output, %.6g mm away, or lies there otherwise",
                      from.title(), from.place(), to.place(), moved)});
     }

@@ -65,7 +65,7 @@ private:
 void tell_open_shell(sdkBody const & body, std::int64_t free_edges, std::vector<sdkFinding> & findings)
 {
     findings.push_back(
-        {sdkWeight::difference, "shell-open", body.title(), body.place(),
+        {sdkWeight::difference, "shell-open", body.part, body.place(),
          static_cast<double>(body.measure.free_edges), static_cast<double>(free_edges),
          sdkText(
              "measure::The shell %s at %s fell apart: its %d faces are in the output, with %d edges of one "
@@ -93,12 +93,11 @@ void tell_regrouped(sdkBody const & body, std::vector<sdkFinding> & findings)
 {
     if (body.kind == sdkBodyKind::solid) {
         findings.push_back(
-            {sdkWeight::loss, "solid-open", body.title(), body.place(), 1, 0,
+            {sdkWeight::loss, "solid-open", body.part, body.place(), 1, 0,
              sdkText("measure::%s at %s is no solid in the output any more; its %d faces are there",
                      body.title(), body.place(), body.measure.faces.size())});
     } else {
-        findings.push_back({sdkWeight::note, "regrouped", body.title(), body.place(), std::nullopt,
-                            std::nullopt,
+        findings.push_back({sdkWeight::note, "regrouped", body.part, body.place(), std::nullopt, std::nullopt,
                             sdkText("measure::The %d faces of %s at %s belong to other bodies in the output",
                                     body.measure.faces.size(), body.title(), body.place())});
     }
@@ -147,7 +146,7 @@ void sdk_tell_missing(sdkBodies const & bodies, std::vector<sdkFinding> & findin
 {
     for (auto const * body : bodies) {
         std::string const kind = sdk_kind_name(body->kind);
-        findings.push_back({sdkWeight::loss, "missing-" + kind, body->title(), body->place(), 1, 0,
+        findings.push_back({sdkWeight::loss, "missing-" + kind, body->part, body->place(), 1, 0,
                             sdkText("measure::%s at %s (%s) is not in the output", body->title(),
                                     body->place(), sdk_kind_term(body->kind))});
     }
@@ -157,7 +156,7 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
 {
     for (auto const * body : bodies) {
         std::string const kind = sdk_kind_name(body->kind);
-        findings.push_back({sdkWeight::difference, "extra-" + kind, body->title(), body->place(), 0, 1,
+        findings.push_back({sdkWeight::difference, "extra-" + kind, body->part, body->place(), 0, 1,
                             sdkText("measure::%s at %s (%s) is in the output and not in the source",
                                     body->title(), body->place(), sdk_kind_term(body->kind))});
     }
@@ -165,7 +164,7 @@ void sdk_tell_extra(sdkBodies const & bodies, std::vector<sdkFinding> & findings
 
 void sdk_tell_turned(sdkBody const & body, std::vector<sdkFinding> & findings)
 {
-    findings.push_back({sdkWeight::difference, "turned-body", body.title(), body.place(), std::nullopt,
+    findings.push_back({sdkWeight::difference, "turned-body", body.part, body.place(), std::nullopt,
                         std::nullopt,
                         sdkText("measure::%s at %s (%s) looks to the other side in the output", body.title(),
                                 body.place(), sdk_kind_term(body.kind))});
@@ -173,7 +172,7 @@ void sdk_tell_turned(sdkBody const & body, std::vector<sdkFinding> & findings)
 
 void sdk_tell_coincident(sdkBody const & body, std::vector<sdkFinding> & findings)
 {
-    findings.push_back({sdkWeight::note, "coincident", body.title(), body.place(), std::nullopt, std::nullopt,
+    findings.push_back({sdkWeight::note, "coincident", body.part, body.place(), std::nullopt, std::nullopt,
                         sdkText("measure::%s at %s (%s) lies in the source on another one that is the same; "
                                 "the output has one of them",
                                 body.title(), body.place(), sdk_kind_term(body.kind))});

@@ -70,20 +70,21 @@ private:
 using Boxes = BVH_BoxSet<double, 3, int>;
 using Vector = BVH_Vec3d;
 
-class Around : public BVH_Traverse<double, 3, Boxes, bool> {
+// Nobody asks for a distance, but the library copies one about.
+class Around : public BVH_Traverse<double, 3, Boxes, double> {
 public:
     Around(Vector const & point, std::vector<int> & found) : m_point(point), m_found(found) {}
 
-    Standard_Boolean RejectNode(Vector const & low, Vector const & high, bool &) const override
+    Standard_Boolean RejectNode(Vector const & low, Vector const & high, double &) const override
     {
         return m_point.x() < low.x() || m_point.y() < low.y() || m_point.z() < low.z() ||
                m_point.x() > high.x() || m_point.y() > high.y() || m_point.z() > high.z();
     }
 
-    Standard_Boolean Accept(Standard_Integer const index, bool const &) override
+    Standard_Boolean Accept(Standard_Integer const index, double const &) override
     {
         auto const box = myBVHSet->Box(index);
-        bool ignored = false;
+        double ignored = 0;
         if (!RejectNode(box.CornerMin(), box.CornerMax(), ignored)) {
             m_found.push_back(myBVHSet->Element(index));
         }

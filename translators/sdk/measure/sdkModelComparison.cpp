@@ -178,7 +178,7 @@ private:
     {
         auto const tell = [&](char const * kind, double in_a, double in_b, sdkText text) {
             m_result.findings.push_back(
-                {sdkWeight::difference, kind, a.title(), a.place(), in_a, in_b, std::move(text)});
+                {sdkWeight::difference, kind, a.part, a.place(), in_a, in_b, std::move(text)});
         };
         auto const sides_a = a.measure.unmatched_edges;
         auto const sides_b = b.measure.unmatched_edges;
@@ -217,7 +217,7 @@ private:
         auto const told = [&](sdkBody const & body) {
             return std::any_of(m_result.findings.begin(), m_result.findings.end(),
                                [&](sdkFinding const & finding) {
-                                   return finding.weight != sdkWeight::note && finding.part == body.title() &&
+                                   return finding.weight != sdkWeight::note && finding.part == body.part &&
                                           finding.place == body.place();
                                });
         };

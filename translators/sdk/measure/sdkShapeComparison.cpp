@@ -128,7 +128,7 @@ public:
         }
         auto const in = box.text();
         auto const out = there.text();
-        m_findings.push_back({sdkWeight::difference, "extent", m_source.title(), sdk_point_text(*farther),
+        m_findings.push_back({sdkWeight::difference, "extent", m_source.part, sdk_point_text(*farther),
                               std::nullopt, std::nullopt,
                               sdkText("measure::%s has the box %s in the source and %s in the output",
                                       m_source.title(), in, out)});
@@ -210,7 +210,7 @@ private:
         }
         auto const place = sdk_point_text(gap.point);
         m_findings.push_back(
-            {sdkWeight::difference, "surface", m_source.title(), place, 0, gap.distance,
+            {sdkWeight::difference, "surface", m_source.part, place, 0, gap.distance,
              std::isfinite(gap.distance)
                  ? sdkText("measure::A surface of %s lies %.6g mm off its place in the source, at %s",
                            m_source.title(), gap.distance, place)
@@ -223,7 +223,7 @@ private:
         auto const place = sdk_point_text(a.centroid);
         double const moved = a.centroid.Distance(b.centroid);
         m_findings.push_back(
-            {sdkWeight::difference, "face", m_source.title(), place, a.area, b.area,
+            {sdkWeight::difference, "face", m_source.part, place, a.area, b.area,
              sdkText("measure::The face of %s at %s has an area of %.10g mm2 in the source and of %.10g mm2 "
                      "in the output; its centroid lies %.6g mm away",
                      m_source.title(), place, a.area, b.area, moved)});

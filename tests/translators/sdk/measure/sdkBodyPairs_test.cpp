@@ -37,6 +37,7 @@ sdkBodies looked_at(std::vector<sdkBody> const & bodies)
     return looked;
 }
 
+// The pairs point into the two, which have to live as long.
 sdkBodyPairs pairs(std::vector<sdkBody> const & source, std::vector<sdkBody> const & output)
 {
     return sdk_pair_bodies(looked_at(source), looked_at(output), {});
@@ -146,7 +147,9 @@ TEST(BodyPairs, PreferTheNameToTheColour)
         body.colours = {{colour, 22.0}};
         return body;
     };
-    auto const found = pairs({named("a", "x")}, {named("b", "x"), named("a", "y")});
+    std::vector const source{named("a", "x")};
+    std::vector const output{named("b", "x"), named("a", "y")};
+    auto const found = pairs(source, output);
     ASSERT_EQ(found.same.size(), 1U);
     EXPECT_EQ(found.same[0].second->names.count("a"), 1U);
 }
@@ -157,7 +160,9 @@ TEST(BodyPairs, PreferTheNameToTheNearestOfThoseThatHaveChanged)
     wanted.names = {"wanted"};
     auto near = at(box(10, 10, 10), 1, 0, 0);
     auto far = at(wanted, 3, 0, 0);
-    auto const found = pairs({wanted}, {near, far});
+    std::vector const source{wanted};
+    std::vector const output{near, far};
+    auto const found = pairs(source, output);
     ASSERT_EQ(found.other.size(), 1U);
     EXPECT_EQ(found.other[0].second->names.count("wanted"), 1U);
 }
@@ -180,7 +185,9 @@ TEST(BodyPairs, FindWhatHasChangedByNameAndNearness)
 
 TEST(BodyPairs, LeaveAloneWhatHasNothingInCommon)
 {
-    auto const found = pairs({box(10, 10, 10)}, {at(box(40, 2, 1), 500, 0, 0)});
+    std::vector const source{box(10, 10, 10)};
+    std::vector const output{at(box(40, 2, 1), 500, 0, 0)};
+    auto const found = pairs(source, output);
     EXPECT_EQ(found.missing.size(), 1U);
     EXPECT_EQ(found.extra.size(), 1U);
     EXPECT_TRUE(found.other.empty());
@@ -189,7 +196,9 @@ TEST(BodyPairs, LeaveAloneWhatHasNothingInCommon)
 TEST(BodyPairs, KnowABodyThatWasDoubled)
 {
     auto const body = box(10, 20, 30);
-    auto const found = pairs({body}, {body, body});
+    std::vector const source{body};
+    std::vector const output{body, body};
+    auto const found = pairs(source, output);
     EXPECT_EQ(found.same.size(), 1U);
     EXPECT_EQ(found.extra.size(), 1U);
 }
@@ -197,7 +206,9 @@ TEST(BodyPairs, KnowABodyThatWasDoubled)
 TEST(BodyPairs, KnowABodyThatLayTwiceAtOnePlace)
 {
     auto const body = box(10, 20, 30);
-    auto const found = pairs({body, body}, {body});
+    std::vector const source{body, body};
+    std::vector const output{body};
+    auto const found = pairs(source, output);
     EXPECT_EQ(found.same.size(), 1U);
     EXPECT_EQ(found.coincident.size(), 1U);
     EXPECT_TRUE(found.missing.empty());

@@ -67,6 +67,18 @@ TEST(Comparison, TellsVolumeAndArea)
     EXPECT_NEAR(*find(findings, "centroid")->output, 0.5, 1e-6);
 }
 
+TEST(Comparison, CallsABodyWithoutANameWhatItIs)
+{
+    auto const findings =
+        sdk_compare(inventory_of({{"", BRepPrimAPI_MakeBox(10., 10., 10.).Solid()}}),
+                    inventory_of({{"", BRepPrimAPI_MakeBox(10., 10., 11.).Solid()}}), everything());
+    auto const * volume = find(findings, "volume");
+    ASSERT_NE(volume, nullptr);
+    EXPECT_EQ(volume->part, "");
+    EXPECT_EQ(std::get<std::string>(volume->text.arguments()[0]), "term::solid");
+    EXPECT_TRUE(volume->text.formatted().starts_with("solid at "));
+}
+
 TEST(Comparison, TellsABodyThatMoved)
 {
     auto const findings = compare(kit_cube(10), BRepPrimAPI_MakeBox(gp_Pnt(1, 0, 0), 10., 10., 10.).Solid());
