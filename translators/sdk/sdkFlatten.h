@@ -12,5 +12,6 @@ enum class sdkPlacing {
 // Replaces each of the given free shapes that is an assembly, or a place of a definition that stands beside
 // it, by its parts, each at its place, as free shapes.
 // They keep names, colours and layers of the part and, where the part has none, those of its place in the
-// assembly or of the assembly; a colour of the part's own place hides that of the part. Returns the number of assemblies taken apart.
+// assembly or of the assembly; a colour of the part's own place hides that of the part. Returns the number of
+// assemblies taken apart.
 int sdk_flatten(sdkDocument & document, TDF_LabelSequence const & free_shapes, sdkPlacing placing);
