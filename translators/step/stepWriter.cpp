@@ -1,6 +1,7 @@
 #include "step/stepWriter.h"
 
 #include "sdk/exchange/sdkBrepOutput.h"
+#include "sdk/exchange/sdkBrokenSeams.h"
 #include "sdk/exchange/sdkChecks.h"
 #include "sdk/exchange/sdkShapeProcessing.h"
 #include "sdk/geometry/sdkRigidPlaces.h"
@@ -91,6 +92,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
         return result;
     }
     auto const entities = output.count().entities();
+    sdk_divide_broken_seams(document);
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next(9));
     if (scope.UserBreak()) {

@@ -1,8 +1,7 @@
 #include "sdk/exchange/sdkInexactSeams.h"
 
-#include "sdk/exchange/sdkRepairCheck.h"
+#include "sdk/exchange/sdkDividedFaces.h"
 #include "sdk/geometry/sdkPartEdit.h"
-#include "sdk/geometry/sdkReShapeHistory.h"
 #include "sdk/measure/sdkEdgeDeviation.h"
 
 #include <BRepTools.hxx>
@@ -14,9 +13,6 @@
 #include <Geom_Surface.hxx>
 #include <Precision.hxx>
 #include <ShapeAnalysis_Surface.hxx>
-#include <ShapeUpgrade_ClosedFaceDivide.hxx>
-#include <ShapeUpgrade_ShapeDivide.hxx>
-#include <ShapeUpgrade_WireDivide.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -197,14 +193,6 @@ private:
     TopTools_MapOfShape m_edges;
 };
 
-class Divide : public ShapeUpgrade_ClosedFaceDivide {
-public:
-    Standard_Boolean SplitSurface() override
-    {
-        return has_inexact_seam(myFace) && ShapeUpgrade_ClosedFaceDivide::SplitSurface();
-    }
-};
-
 bool has_inexact_seams(TopoDS_Shape const & shape)
 {
     bool any = false;
@@ -234,19 +222,6 @@ std::optional<TopoDS_Shape> moved(TopoDS_Shape const & shape, sdkShapeHistory & 
     return result;
 }
 
-std::optional<TopoDS_Shape> divided(TopoDS_Shape const & shape, sdkShapeHistory & history)
-{
-    Handle(Divide) const faces = new Divide;
-    faces->SetWireDivideTool(new ShapeUpgrade_WireDivide);
-    ShapeUpgrade_ShapeDivide divide(shape);
-    divide.SetSplitFaceTool(faces);
-    if (!divide.Perform() || divide.Status(ShapeExtend_FAIL) || !sdk_no_worse(shape, divide.Result())) {
-        return std::nullopt;
-    }
-    sdk_remember(shape, divide.GetContext(), history);
-    return divide.Result();
-}
-
 std::optional<TopoDS_Shape> with_exact_seams(TDF_Label const &, TopoDS_Shape const & shape,
                                              sdkShapeHistory & history)
 {
@@ -256,7 +231,7 @@ std::optional<TopoDS_Shape> with_exact_seams(TDF_Label const &, TopoDS_Shape con
     if (auto const result = moved(shape, history)) {
         return result;
     }
-    return divided(shape, history);
+    return sdk_divide_faces(shape, has_inexact_seam, history);
 }
 
 } // namespace

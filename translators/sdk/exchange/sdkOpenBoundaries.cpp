@@ -119,6 +119,9 @@ Handle(ShapeBuild_ReShape)
             changes = new ShapeBuild_ReShape;
         }
         ShapeFix_Face repair(face);
+        // A loop that means all of a sphere but what lies within it means that here as well.
+        repair.FixAddNaturalBoundMode() =
+            BRepAdaptor_Surface(face, Standard_False).GetType() == GeomAbs_Sphere ? 1 : -1;
         repair.SetContext(changes);
         repair.SetPrecision(precision);
         repair.SetMaxTolerance(tolerance);

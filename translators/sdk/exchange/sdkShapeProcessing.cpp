@@ -2,6 +2,7 @@
 
 #include "sdk/exchange/sdkCurvesOnSurfaces.h"
 #include "sdk/exchange/sdkOpenBoundaries.h"
+#include "sdk/exchange/sdkSphereBounds.h"
 #include "sdk/sdkAccount.h"
 #include "sdk/sdkContext.h"
 
@@ -10,9 +11,13 @@
 #include <Geom_ElementarySurface.hxx>
 #include <Geom_OffsetSurface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
+#include <ShapeExtend_MsgRegistrator.hxx>
 #include <ShapeProcess_ShapeContext.hxx>
+#include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
+#include <TopTools_DataMapOfShapeShape.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <XSAlgo.hxx>
 #include <XSAlgo_AlgoContainer.hxx>
@@ -73,11 +78,49 @@ public:
         if (!writing && m_reading == sdkHealing::boundaries) {
             return close_boundaries(shape, precision, tolerance, resource_file, info);
         }
-        return XSAlgo_AlgoContainer::ProcessShape(shape, precision, tolerance, resource_file, sequence, info,
-                                                  range, non_manifold);
+        auto const heal = [&](TopoDS_Shape const & one) {
+            return XSAlgo_AlgoContainer::ProcessShape(one, precision, tolerance, resource_file, sequence,
+                                                      info, range, non_manifold);
+        };
+        // Of IGES nobody knows whether a loop runs the right way round.
+        auto const bounds = std::string_view(sequence).starts_with("read.step.")
+                                ? sdk_add_sphere_bounds(shape, precision, tolerance)
+                                : Handle(ShapeBuild_ReShape)();
+        if (bounds.IsNull()) {
+            return heal(shape);
+        }
+        auto const healed = heal(bounds->Apply(shape));
+        auto const more = Handle(ShapeProcess_ShapeContext)::DownCast(info);
+        info = record_of(shape, bounds, more, healed, resource_file);
+        return healed;
     }
 
 private:
+    // From it the library takes what names and colours of faces move to. Both changes in one: those that are
+    // recorded one after the other are not followed to their end.
+    static Handle(ShapeProcess_ShapeContext)
+        record_of(TopoDS_Shape const & shape, Handle(ShapeBuild_ReShape) const & changes,
+                  Handle(ShapeProcess_ShapeContext) const & more, TopoDS_Shape const & result,
+                  Standard_CString resource_file)
+    {
+        TopTools_IndexedMapOfShape all;
+        TopExp::MapShapes(shape, all);
+        TopTools_DataMapOfShapeShape whole;
+        for (int at = 1; at <= all.Extent(); ++at) {
+            auto after = changes->Apply(all(at));
+            if (!more.IsNull() && more->Map().IsBound(after)) {
+                after = more->Map().Find(after);
+            }
+            if (!after.IsSame(all(at))) {
+                whole.Bind(all(at), after);
+            }
+        }
+        Handle(ShapeProcess_ShapeContext) const record = new ShapeProcess_ShapeContext(shape, resource_file);
+        record->RecordModification(whole);
+        record->SetResult(result);
+        return record;
+    }
+
     static TopoDS_Shape close_boundaries(TopoDS_Shape const & shape, double precision, double tolerance,
                                          Standard_CString resource_file, Handle(Standard_Transient) & info)
     {
@@ -85,12 +128,9 @@ private:
         if (changes.IsNull()) {
             return shape;
         }
-        // From it the library takes what names and colours of faces move to.
-        Handle(ShapeProcess_ShapeContext) const record = new ShapeProcess_ShapeContext(shape, resource_file);
-        record->RecordModification(changes);
-        record->SetResult(changes->Apply(shape));
-        info = record;
-        return record->Result();
+        auto const closed = changes->Apply(shape);
+        info = record_of(shape, changes, nullptr, closed, resource_file);
+        return closed;
     }
 
     sdkHealing m_reading;

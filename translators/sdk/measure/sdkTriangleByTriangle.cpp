@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <map>
 
 namespace {
 
@@ -63,6 +64,64 @@ Triangles without(Triangles const & all, Triangles const & others)
     return rest;
 }
 
+// Points that lie as close together as rounding goes are taken for one another here and not there. What is
+// the same triangle all the same leaves both lists.
+class PairingOff {
+public:
+    PairingOff(std::vector<gp_XYZ> const & points, double rounding) : m_points(points), m_near(3 * rounding)
+    {
+    }
+
+    void operator()(Triangles & missing, Triangles & others) const
+    {
+        std::multimap<double, Triangle> waiting;
+        for (auto const & one : others) {
+            waiting.emplace(middle(one), one);
+        }
+        std::erase_if(missing, [&](Triangle const & one) {
+            auto const begin = waiting.lower_bound(middle(one) - m_near);
+            auto const end = waiting.upper_bound(middle(one) + m_near);
+            auto const found =
+                std::find_if(begin, end, [&](auto const & other) { return same(one, other.second); });
+            if (found == end) {
+                return false;
+            }
+            waiting.erase(found);
+            return true;
+        });
+        others.clear();
+        std::transform(waiting.begin(), waiting.end(), std::back_inserter(others),
+                       [](auto const & other) { return other.second; });
+    }
+
+private:
+    using Triangle = sdkMeshTriangles::Triangle;
+
+    gp_XYZ const & point(int number) const { return m_points[static_cast<std::size_t>(number)]; }
+
+    double middle(Triangle const & one) const
+    {
+        return (point(one[0]).X() + point(one[1]).X() + point(one[2]).X()) / 3;
+    }
+
+    bool same(Triangle const & a, Triangle const & b) const
+    {
+        for (std::size_t turn = 0; turn < 3; ++turn) {
+            bool near = true;
+            for (std::size_t at = 0; at < 3; ++at) {
+                near = near && (point(a[at]) - point(b[(at + turn) % 3])).Modulus() <= m_near;
+            }
+            if (near) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    std::vector<gp_XYZ> const & m_points;
+    double m_near;
+};
+
 std::string place_of(Triangles const & triangles, std::vector<gp_XYZ> const & points)
 {
     return sdk_point_text(gp_Pnt(points[static_cast<std::size_t>(triangles.front()[0])]));
@@ -83,6 +142,7 @@ void sdk_compare_triangle_by_triangle(sdkInventory const & source, sdkInventory 
     auto const there = sorted(output, mesh);
     auto missing = without(wanted, there);
     auto others = without(there, wanted);
+    PairingOff(mesh.points(), rounding)(missing, others);
     drop_thin(missing, mesh.points(), rounding);
     drop_thin(others, mesh.points(), rounding);
     if (!missing.empty()) {

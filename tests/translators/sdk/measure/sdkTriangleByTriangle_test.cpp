@@ -110,3 +110,23 @@ TEST(TriangleByTriangle, LetsTrianglesWithoutAreaGo)
     sdk_compare_triangle_by_triangle(with_flat, inventory_of({{"Ring", ring(nothing)}}), findings);
     EXPECT_TRUE(findings.empty());
 }
+
+TEST(TriangleByTriangle, TakesPointsThatLieCloseTogetherForEachOtherOnBothSides)
+{
+    // In the source the second point is taken for the first, in the output for the third.
+    double const step = 6.4e-5; // about what rounding allows
+    auto const row = [step](std::vector<gp_Pnt> & points, std::vector<Poly_Triangle> & triangles) {
+        for (double const place : {0., 0.9, 1.7}) {
+            int const first = static_cast<int>(points.size()) + 1;
+            points.emplace_back(place * step, 0, 0);
+            points.emplace_back(10, 20 + place, 0);
+            points.emplace_back(10, 0, 20 + place);
+            triangles.emplace_back(first, first + 1, first + 2);
+        }
+    };
+    auto options = everything();
+    options.promise.holds.surfaces = false;
+    options.promise.deflection = 0.1;
+    EXPECT_TRUE(sdk_compare(inventory_of({{"Ring", ring(row)}}), inventory_of({{"Ring", ring(row)}}), options)
+                    .empty());
+}
