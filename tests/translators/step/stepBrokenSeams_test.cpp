@@ -69,6 +69,25 @@ TEST_F(StepBrokenSeams, OfARingLeaveTheRingWhole)
     EXPECT_NEAR(volume_after(ring), volume_of(ring), 1e-6 * volume_of(ring));
 }
 
+// As long as this holds, the repairs are of use.
+TEST_F(StepBrokenSeams, AreLostByTheToolkitAlone)
+{
+    for (auto const & whole : {ball_with_opening(), ring_with_halved_seams()}) {
+        ASSERT_TRUE(step_bare_write(whole, path("bare.step")));
+        auto const bare = step_bare_read(path("bare.step"));
+        EXPECT_LT(volume_of(bare), 0.1 * volume_of(whole));
+    }
+}
+
+TEST_F(StepBrokenSeams, OfABallOfAnotherProgramAreUnderstood)
+{
+    auto const ball = ball_with_opening();
+    ASSERT_TRUE(step_bare_write(ball, path("bare.step")));
+    sdkDocument document;
+    ASSERT_TRUE(read(path("bare.step"), document));
+    EXPECT_NEAR(volume(document), volume_of(ball), 1e-6 * volume_of(ball));
+}
+
 TEST_F(StepBrokenSeams, AreOfNoImportanceElsewhere)
 {
     for (auto const & whole : {TopoDS_Shape(BRepPrimAPI_MakeSphere(10).Solid()),
