@@ -92,7 +92,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
         return result;
     }
     auto const entities = output.count().entities();
-    sdk_divide_broken_seams(document);
+    sdk_mend_broken_seams(document);
     sdkShapeProcessing const processing(sdkHealing::standard);
     bool const transferred = m_writer->Transfer(document.handle(), STEPControl_AsIs, nullptr, scope.Next(9));
     if (scope.UserBreak()) {

@@ -2,8 +2,9 @@
 
 #include "sdk/sdkDocument.h"
 
-// Divides faces that go round a surface with poles, or round one that is closed both ways, along a seam of
-// several pieces, such as a ball with an opening across its seam. The STEP reader of Open CASCADE takes the
-// pieces out of the boundary and reads the opening as the face, or nothing. Other faces stay what they are.
-// Returns the number of parts that were changed.
-int sdk_divide_broken_seams(sdkDocument & document);
+// Mends faces that go round a surface with poles, or round one that is closed both ways, along a seam of
+// several pieces, such as a ball with an opening across its seam. The STEP reader of Open CASCADE, and so
+// that of many a program, takes the pieces out of the boundary and reads the opening as the face, or nothing.
+// Faces on spheres get the whole sphere as their outer bound, others are divided; both stay only where the
+// part is no worse by measure. Other faces stay what they are. Returns the number of parts that were changed.
+int sdk_mend_broken_seams(sdkDocument & document);
