@@ -92,6 +92,7 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     m_links = stepTextualLinks(reader.StepModel(), file.text());
+    m_pmi = step_pmi_source(reader.StepModel(), file.text());
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());
     sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
@@ -179,6 +180,10 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     step_report_units(m_reader->Reader().Model(), m_context);
     findings.take(m_reader->Reader().WS(), instances);
+    if (m_pmi) {
+        m_pmi->take_shapes(*m_reader);
+        step_add_annotations(document, m_pmi);
+    }
     step_check_validation(*m_reader, document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {

@@ -5,9 +5,11 @@
 #include "sdk/sdkModule.h"
 #include "step/stepGaps.h"
 #include "step/stepMappings.h"
+#include "step/stepPmiSource.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,4 +36,5 @@ private:
     std::string m_schema;
     stepTextualLinks m_links;
     std::vector<stepMappings::Copy> m_copies;
+    std::shared_ptr<stepPmiSource> m_pmi; // null when the file has none
 };
