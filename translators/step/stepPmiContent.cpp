@@ -1,8 +1,11 @@
 #include "step/stepPmiContent.h"
 
+#include "step/stepTextDecoding.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -10,7 +13,7 @@ constexpr std::size_t long_text = 4096;
 
 // Entities may share others in such a way that a short file tells an endless story.
 constexpr std::size_t deepest = 200;
-constexpr std::size_t longest = 512 * 1024 * 1024;
+constexpr std::size_t longest = 128 * 1024 * 1024;
 
 std::string shortened(std::string const & text)
 {
@@ -29,12 +32,10 @@ std::string shortened(std::string const & text)
 std::string name_of(stepPmiEntity const & entity)
 {
     auto const strings = entity.strings();
-    if (step_is_datum(entity.kinds())) {
-        return strings.empty() ? std::string() : strings.back();
-    }
-    auto const named =
-        std::find_if(strings.begin(), strings.end(), [](auto const & text) { return !text.empty(); });
-    return named == strings.end() ? std::string() : *named;
+    auto const last = strings.empty() ? strings.begin() : std::prev(strings.end());
+    auto const first = step_is_datum(entity.kinds()) ? last : strings.begin();
+    auto const named = std::find_if(first, strings.end(), [](auto const & text) { return !text.empty(); });
+    return named == strings.end() ? std::string() : step_decoded(*named);
 }
 
 // Where an entity holds more than what belongs to the item that is asked of.

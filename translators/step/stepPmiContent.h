@@ -9,7 +9,7 @@
 // order their entities.
 struct stepPmiItemContent {
     std::string kind;
-    std::string name; // as the file has it; of a datum its letters
+    std::string name; // UTF-8; of a datum its letters
     std::string text; // a check sum of it where it is long
     std::vector<int> geometry;
 };

@@ -43,24 +43,21 @@ struct stepPmiGraph::Gathering {
     void run()
     {
         find_shapes();
-        std::vector<Link> links;
+        std::vector<int> found;
         for (auto const & [number, definition] : definitions.all()) {
             auto const kinds = step_kinds(definition);
             if (step_pmi_item(kinds) != nullptr) {
-                graph.m_items.push_back(number);
-                add(number);
+                found.push_back(number);
             } else if (auto const * rule = step_pmi_link(kinds)) {
                 links.push_back({number, rule, entity_of(definition)});
-            }
-        }
-        for (bool grown = true; grown;) {
-            grown = false;
-            for (auto const & link : links) {
-                if (graph.find(link.number) == nullptr && belongs(link)) {
-                    add(link.number);
-                    grown = true;
+                for (auto const & reference : links.back().entity.references()) {
+                    links_of.emplace(reference.number, links.size() - 1);
                 }
             }
+        }
+        for (int const number : found) {
+            graph.m_items.push_back(number);
+            add(number);
         }
         for (int const number : graph.m_geometry) {
             graph.m_entities.erase(number);
@@ -153,7 +150,8 @@ struct stepPmiGraph::Gathering {
         return step_pmi_item(kinds) != nullptr || step_is_group(kinds);
     }
 
-    // Adds the entity and all below it. They are gathered first: chains may be longer than the stack is deep.
+    // Adds the entity, all below it, and what belongs to any of them. They are gathered first: chains may be
+    // longer than the stack is deep.
     void add(int first)
     {
         std::vector<int> waiting{first};
@@ -176,6 +174,12 @@ struct stepPmiGraph::Gathering {
                 } else if (!references[at].listed || !step_is_group(kinds) ||
                            is_shown(kinds, references[at].number)) {
                     waiting.push_back(references[at].number);
+                }
+            }
+            auto const near = links_of.equal_range(number);
+            for (auto link = near.first; link != near.second; ++link) {
+                if (belongs(links[link->second])) {
+                    waiting.push_back(links[link->second].number);
                 }
             }
         }
@@ -205,6 +209,8 @@ struct stepPmiGraph::Gathering {
     stepPmiGraph & graph;
     stepDefinitions definitions;
     Encode const & encode;
+    std::vector<Link> links;
+    std::multimap<int, std::size_t> links_of; // by what they refer to
 };
 
 stepPmiGraph::stepPmiGraph(std::string_view text, Encode const & encode)
@@ -281,6 +287,9 @@ std::vector<int> stepPmiGraph::held_by(int link) const
             break;
         case stepPmiLink::Holds::first:
             taken = at == 0;
+            break;
+        case stepPmiLink::Holds::first_two:
+            taken = at < 2;
             break;
         case stepPmiLink::Holds::first_and_datum:
             taken = at == 0 || (at == 1 && step_is_datum(kinds));

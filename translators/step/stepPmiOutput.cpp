@@ -23,6 +23,12 @@ std::string in_lines(std::vector<std::string> const & parts)
     return text;
 }
 
+bool relates_models(stepKinds const & kinds)
+{
+    auto const * link = step_pmi_link(kinds);
+    return link != nullptr && link->holds == stepPmiLink::Holds::model;
+}
+
 } // namespace
 
 stepPmiOutput::stepPmiOutput(stepPmiSource const & source, stepPmiTargets const & targets)
@@ -32,8 +38,11 @@ stepPmiOutput::stepPmiOutput(stepPmiSource const & source, stepPmiTargets const 
         m_products.emplace(definition, targets.product_of(source.shape_of(definition)));
     }
     for (auto const & [number, entity] : m_graph.entities()) {
+        auto const kinds = entity.kinds();
         for (auto const & reference : entity.references()) {
-            m_users.emplace(reference.number, number);
+            bool const lists = may_lack(kinds, reference);
+            m_users.emplace(reference.number, User{number, lists});
+            m_listed[number] += lists && m_graph.find(reference.number) != nullptr ? 1 : 0;
         }
     }
     find_losses();
@@ -72,31 +81,45 @@ void stepPmiOutput::find_lone_models()
 // one.
 std::set<int> stepPmiOutput::placed_models() const
 {
-    std::set<int> placed;
-    std::vector<stepPmiEntity const *> relations;
+    std::vector<int> waiting;
     for (auto const & [number, entity] : m_graph.entities()) {
         auto const kinds = entity.kinds();
-        auto const * link = step_pmi_link(kinds);
+        auto const & references = entity.references();
         if (step_is_drawn_model(kinds) && shows_shape(entity)) {
-            placed.insert(number);
-        } else if (link != nullptr && link->holds == stepPmiLink::Holds::model) {
-            relations.push_back(&entity);
+            waiting.push_back(number);
+        } else if (relates_models(kinds) &&
+                   std::any_of(references.begin(), references.end(),
+                               [&](auto const & end) { return is_kept_shape(end.number); })) {
+            waiting.push_back(number);
         }
     }
-    for (bool grown = true; grown;) {
-        grown = false;
-        for (auto const * relation : relations) {
-            auto const & ends = relation->references();
-            bool const known = std::any_of(ends.begin(), ends.end(), [&](auto const & end) {
-                return placed.count(end.number) > 0 ||
-                       (m_graph.representations().count(end.number) > 0 && !gap_of(end.number));
-            });
-            for (auto const & end : ends) {
-                grown = (known && placed.insert(end.number).second) || grown;
+    std::set<int> placed;
+    while (!waiting.empty()) {
+        int const number = waiting.back();
+        waiting.pop_back();
+        auto const * entity = m_graph.find(number);
+        if (entity == nullptr || !placed.insert(number).second) {
+            continue;
+        }
+        if (relates_models(entity->kinds())) {
+            for (auto const & end : entity->references()) {
+                waiting.push_back(end.number);
+            }
+            continue;
+        }
+        auto const users = m_users.equal_range(number);
+        for (auto user = users.first; user != users.second; ++user) {
+            if (relates_models(m_graph.find(user->second.number)->kinds())) {
+                waiting.push_back(user->second.number);
             }
         }
     }
     return placed;
+}
+
+bool stepPmiOutput::is_kept_shape(int number) const
+{
+    return m_graph.representations().count(number) > 0 && !gap_of(number);
 }
 
 // An image refers to a map, and that to a representation.
@@ -107,9 +130,8 @@ bool stepPmiOutput::shows_shape(stepPmiEntity const & model) const
         for (std::size_t at = 0; item != nullptr && at < item->references().size(); ++at) {
             auto const * map = m_graph.find(item->references()[at].number);
             if (map != nullptr && map->text().starts_with("REPRESENTATION_MAP") &&
-                std::any_of(map->references().begin(), map->references().end(), [&](auto const & end) {
-                    return m_graph.representations().count(end.number) > 0 && !gap_of(end.number);
-                })) {
+                std::any_of(map->references().begin(), map->references().end(),
+                            [&](auto const & end) { return is_kept_shape(end.number); })) {
                 return true;
             }
         }
@@ -131,15 +153,9 @@ void stepPmiOutput::lose(int first, stepPmiLoss why)
         waiting.insert(waiting.end(), held.begin(), held.end());
         auto const users = m_users.equal_range(number);
         for (auto user = users.first; user != users.second; ++user) {
-            auto const & entity = *m_graph.find(user->second);
-            auto const kinds = entity.kinds();
-            auto const & references = entity.references();
-            bool const needed =
-                std::any_of(references.begin(), references.end(), [&](auto const & reference) {
-                    return reference.number == number && !may_lack(kinds, reference);
-                });
-            if (needed || is_empty_group(entity, kinds)) {
-                waiting.push_back(user->second);
+            // A group of nothing is none.
+            if (!user->second.lists || --m_listed[user->second.number] == 0) {
+                waiting.push_back(user->second.number);
             }
         }
     }
@@ -148,16 +164,6 @@ void stepPmiOutput::lose(int first, stepPmiLoss why)
 bool stepPmiOutput::may_lack(stepKinds const & holder, Reference const & reference) const
 {
     return reference.listed && step_is_group(holder);
-}
-
-bool stepPmiOutput::is_empty_group(stepPmiEntity const & entity, stepKinds const & kinds) const
-{
-    auto const & references = entity.references();
-    return step_is_group(kinds) &&
-           std::none_of(references.begin(), references.end(), [&](auto const & reference) {
-               return reference.listed && m_graph.find(reference.number) != nullptr &&
-                      m_lost.count(reference.number) == 0;
-           });
 }
 
 std::optional<stepPmiLoss> stepPmiOutput::gap_of(int number) const
@@ -181,36 +187,12 @@ stepPmiTargets::Product stepPmiOutput::product(int definition) const
                                      : found->second.value_or(stepPmiTargets::Product());
 }
 
-// What only lost items refer to would mean nothing.
+// What only lost items refer to, or only they need, would mean nothing.
 void stepPmiOutput::keep_reachable()
 {
-    std::vector<int> links;
-    for (auto const & [number, entity] : m_graph.entities()) {
-        auto const kinds = entity.kinds();
-        if (m_lost.count(number) > 0) {
-            continue;
-        }
-        if (step_pmi_item(kinds) != nullptr) {
-            keep(number);
-        } else if (step_pmi_link(kinds) != nullptr) {
-            links.push_back(number);
-        }
+    for (int const item : m_graph.items()) {
+        keep(item);
     }
-    for (bool grown = true; grown;) {
-        grown = false;
-        for (int const link : links) {
-            if (m_kept.count(link) == 0 && is_kept_by_link(link)) {
-                keep(link);
-                grown = true;
-            }
-        }
-    }
-}
-
-bool stepPmiOutput::is_kept_by_link(int link) const
-{
-    auto const subjects = m_graph.subjects_of(link);
-    return std::any_of(subjects.begin(), subjects.end(), [&](int one) { return m_kept.count(one) > 0; });
 }
 
 void stepPmiOutput::keep(int first)
@@ -226,7 +208,19 @@ void stepPmiOutput::keep(int first)
         for (auto const & reference : entity->references()) {
             waiting.push_back(reference.number);
         }
+        auto const users = m_users.equal_range(number);
+        for (auto user = users.first; user != users.second; ++user) {
+            if (belongs_to_kept(user->second.number)) {
+                waiting.push_back(user->second.number);
+            }
+        }
     }
+}
+
+bool stepPmiOutput::belongs_to_kept(int link) const
+{
+    auto const subjects = m_graph.subjects_of(link);
+    return std::any_of(subjects.begin(), subjects.end(), [&](int one) { return m_kept.count(one) > 0; });
 }
 
 std::optional<stepPmiLoss> stepPmiOutput::loss_of(int item) const

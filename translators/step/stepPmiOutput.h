@@ -35,15 +35,15 @@ private:
     void find_losses();
     void find_lone_models();
     std::set<int> placed_models() const;
-    bool shows_shape(stepPmiEntity const & entity) const;
+    bool shows_shape(stepPmiEntity const & model) const;
+    bool is_kept_shape(int number) const;
     void lose(int entity, stepPmiLoss why);
     void keep_reachable();
     void keep(int entity);
-    bool is_kept_by_link(int link) const;
+    bool belongs_to_kept(int link) const;
     // Why a reference leads nowhere; none when it leads somewhere.
     std::optional<stepPmiLoss> gap_of(int number) const;
     bool may_lack(stepKinds const & holder, Reference const & reference) const;
-    bool is_empty_group(stepPmiEntity const & entity, stepKinds const & kinds) const;
     stepPmiTargets::Product product(int definition) const;
     // The number in the output that stands for it; 0 when there is none.
     int target_of(int number, int named_representation) const;
@@ -53,7 +53,14 @@ private:
     stepPmiGraph const & m_graph;
     stepPmiTargets const & m_targets;
     std::map<int, std::optional<stepPmiTargets::Product>> m_products;
-    std::multimap<int, int> m_users;
+    // Who refers to an entity, and whether he can be without it.
+    struct User {
+        int number;
+        bool lists;
+    };
+    std::multimap<int, User> m_users;
+    // How many of those that a group lists are there.
+    std::map<int, int> m_listed;
     std::map<int, stepPmiLoss> m_lost;
     std::set<int> m_kept;
 };

@@ -1,6 +1,5 @@
 #include "step/stepPmiSource.h"
 
-#include "step/stepLosses.h"
 #include "step/stepPmiContent.h"
 #include "step/stepTextEncoding.h"
 
@@ -8,6 +7,7 @@
 #include <Resource_Unicode.hxx>
 #include <STEPCAFControl_Reader.hxx>
 #include <StepBasic_ProductDefinition.hxx>
+#include <StepData_StepModel.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <TCollection_AsciiString.hxx>
 #include <TCollection_ExtendedString.hxx>
@@ -89,12 +89,6 @@ TopoDS_Shape stepPmiSource::shape_of(int number) const
 {
     auto const found = m_shapes.find(number);
     return found == m_shapes.end() ? TopoDS_Shape() : found->second;
-}
-
-std::shared_ptr<stepPmiSource> step_pmi_source(Handle(StepData_StepModel) const & model,
-                                               std::string_view text)
-{
-    return step_count_losses(model).has_pmi() ? std::make_shared<stepPmiSource>(text) : nullptr;
 }
 
 void step_add_annotations(sdkDocument const & document, std::shared_ptr<stepPmiSource> const & source)
