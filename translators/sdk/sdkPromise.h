@@ -29,8 +29,8 @@ struct sdkPromise {
     // How many triangles the output holds; negative where the writer does not say.
     std::int64_t triangles = -1;
     // The output holds the dimensions, tolerances and other annotations of the document, but for those that
-    // are lost, each by the index of its set and its index within (sdkAnnotations.h). The account names these.
-    // Otherwise all are lost.
+    // are lost, each by the index of its set and its index within (sdkAnnotations.h). The account names
+    // these. Otherwise all are lost.
     bool annotations = false;
     std::set<std::pair<std::int64_t, std::int64_t>> lost_annotations;
 };

@@ -148,8 +148,8 @@ std::string stepPmiContents::shown_by(int group) const
     auto const links = m_links.equal_range(group);
     for (auto link = links.first; link != links.second; ++link) {
         auto const & entity = *m_graph.find(link->second);
-        auto const * first = entity.references().empty() ? nullptr
-                                                         : m_graph.find(entity.references().front().number);
+        auto const * first =
+            entity.references().empty() ? nullptr : m_graph.find(entity.references().front().number);
         if (step_pmi_link(entity.kinds())->holds == stepPmiLink::Holds::from_third_on && first != nullptr) {
             shown.push_back(" shows " + brief(*first));
         }

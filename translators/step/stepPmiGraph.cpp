@@ -162,8 +162,7 @@ struct stepPmiGraph::Gathering {
             if (definition.empty() || graph.find(number) != nullptr || is_cut(number, definition)) {
                 continue;
             }
-            auto const & entity =
-                graph.m_entities.emplace(number, entity_of(definition)).first->second;
+            auto const & entity = graph.m_entities.emplace(number, entity_of(definition)).first->second;
             auto const kinds = entity.kinds();
             auto const & references = entity.references();
             bool const named = step_names_geometry(kinds) && references.size() > 2 &&
@@ -255,10 +254,10 @@ std::vector<int> stepPmiGraph::subjects_of(int link) const
     for (std::size_t at = 0; at < references.size(); ++at) {
         using enum stepPmiLink::Subject;
         auto const subject = rule->subject;
-        bool const taken = subject == first       ? at == 0
-                           : subject == last      ? at + 1 == references.size()
-                           : subject == first_two ? at < 2
-                           : subject == both      ? at < 2
+        bool const taken = subject == first        ? at == 0
+                           : subject == last       ? at + 1 == references.size()
+                           : subject == first_two  ? at < 2
+                           : subject == both       ? at < 2
                            : subject == not_second ? at != 1
                            : subject == listed     ? references[at].listed
                                                    : true;

@@ -16,14 +16,24 @@ struct stepPmiLink {
     enum class Subject {
         first,
         last,
-        first_two,  // one of them
-        both,       // the first two
+        first_two, // one of them
+        both,      // the first two
         any,
         not_second, // any but the second
         listed,     // any annotation, view or group of them
     };
     // What says something else without it, and so must not be there without it.
-    enum class Holds { nothing, first, first_two, first_and_datum, last, from_third_on, tolerances, shown, model };
+    enum class Holds {
+        nothing,
+        first,
+        first_two,
+        first_and_datum,
+        last,
+        from_third_on,
+        tolerances,
+        shown,
+        model
+    };
 
     std::string_view kind;
     Subject subject;

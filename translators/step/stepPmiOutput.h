@@ -11,8 +11,8 @@
 
 // Why an item of a source is not in an output.
 enum class stepPmiLoss {
-    geometry, // what it is attached to was repaired, changed or left out
-    product,  // it belongs to an assembly or to a part that was changed as a whole
+    geometry,  // what it is attached to was repaired, changed or left out
+    product,   // it belongs to an assembly or to a part that was changed as a whole
     incomplete // the source lacks something that it refers to
 };
 

@@ -79,8 +79,7 @@ void stepPmiSource::take_shapes(STEPCAFControl_Reader const & reader)
             m_shapes.emplace(number, TransferBRep::ShapeResult(process, entity));
         } else if (definitions.count(number) > 0 && assemblies.count(number) == 0) {
             // Where a product stands says nothing of its own shape.
-            m_shapes.emplace(number,
-                             TransferBRep::ShapeResult(process, entity).Located(TopLoc_Location()));
+            m_shapes.emplace(number, TransferBRep::ShapeResult(process, entity).Located(TopLoc_Location()));
         }
     }
 }
@@ -97,8 +96,11 @@ void step_add_annotations(sdkDocument const & document, std::shared_ptr<stepPmiS
     stepPmiContents contents(source->graph());
     for (int const number : source->graph().items()) {
         auto content = contents.of(number);
-        sdkAnnotation item{std::move(content.kind), std::move(content.name), "#" + std::to_string(number),
-                           std::move(content.text), {}};
+        sdkAnnotation item{std::move(content.kind),
+                           std::move(content.name),
+                           "#" + std::to_string(number),
+                           std::move(content.text),
+                           {}};
         for (int const geometry : content.geometry) {
             item.shapes.push_back(source->shape_of(geometry));
         }

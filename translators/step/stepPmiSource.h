@@ -23,8 +23,8 @@ public:
     stepPmiGraph const & graph() const { return m_graph; }
     // Whether the entity of that number is part of it.
     bool has(int number) const { return m_graph.find(number) != nullptr; }
-    // What FILE_SCHEMA says in the header, such as "AP242_MANAGED_MODEL_BASED_3D_ENGINEERING_MIM_LF { 1 0 10303
-    // 442 1 1 4 }"; empty when it is not known.
+    // What FILE_SCHEMA says in the header, such as "AP242_MANAGED_MODEL_BASED_3D_ENGINEERING_MIM_LF { 1 0
+    // 10303 442 1 1 4 }"; empty when it is not known.
     std::string const & schema() const { return m_schema; }
     // Of the geometry and of the products of the graph; null where there is none.
     TopoDS_Shape shape_of(int number) const;

@@ -100,8 +100,7 @@ std::optional<stepPmiTargets::Product> stepPmiTargets::product_of_representation
             }
             auto const relation = Handle(StepRepr_ShapeRepresentationRelationship)::DownCast(user.Value());
             if (relation.IsNull() ||
-                relation->IsKind(
-                    STANDARD_TYPE(StepRepr_ShapeRepresentationRelationshipWithTransformation))) {
+                relation->IsKind(STANDARD_TYPE(StepRepr_ShapeRepresentationRelationshipWithTransformation))) {
                 continue;
             }
             for (auto const & other : {relation->Rep1(), relation->Rep2()}) {

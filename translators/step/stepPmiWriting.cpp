@@ -23,7 +23,8 @@ char const * text_of(stepPmiLoss loss)
     case stepPmiLoss::incomplete:
         break;
     }
-    return "step::%s: the %s \"%s\" (%s in its file) is lost, because its file lacks something that belongs to "
+    return "step::%s: the %s \"%s\" (%s in its file) is lost, because its file lacks something that belongs "
+           "to "
            "it";
 }
 
@@ -71,23 +72,24 @@ public:
     {
         m_context.promise().annotations = true;
         auto const lost = static_cast<std::int64_t>(m_context.promise().lost_annotations.size());
-        m_context.reporter().output("step::%d of %d dimensions, geometric tolerances, datums, annotations and "
-                                    "views are kept",
-                                    m_items - lost, m_items);
+        m_context.reporter().output(
+            "step::%d of %d dimensions, geometric tolerances, datums, annotations and "
+            "views are kept",
+            m_items - lost, m_items);
         return std::move(m_text);
     }
 
 private:
     void lose(sdkAnnotation const & item, stepPmiLoss loss)
     {
-        m_context.account().add({.weight = sdkWeight::loss,
-                                 .kind = "annotation",
-                                 .part = {},
-                                 .place = item.place,
-                                 .source = 1.0,
-                                 .output = 0.0,
-                                 .text = sdkText(text_of(loss), m_context.file(), item.kind, item.name,
-                                                 item.place)});
+        m_context.account().add(
+            {.weight = sdkWeight::loss,
+             .kind = "annotation",
+             .part = {},
+             .place = item.place,
+             .source = 1.0,
+             .output = 0.0,
+             .text = sdkText(text_of(loss), m_context.file(), item.kind, item.name, item.place)});
     }
 
     stepPmiTargets m_targets;
@@ -111,8 +113,9 @@ stepPmiText step_write_annotations(Handle(XSControl_WorkSession) const & session
         return {};
     }
     if (options.text("stepWriteSchema") != "AP242") {
-        context.reporter().output("step::Dimensions, tolerances and other annotations are kept in AP242 files "
-                                  "only; to keep them change the option stepWriteSchema");
+        context.reporter().output(
+            "step::Dimensions, tolerances and other annotations are kept in AP242 files "
+            "only; to keep them change the option stepWriteSchema");
         return {};
     }
     Writing writing(session, context);

@@ -32,8 +32,8 @@ std::optional<unsigned> hexadecimal(std::string_view digits, std::size_t count)
     return part.size() == count && read.ptr == part.data() + part.size() ? std::optional(code) : std::nullopt;
 }
 
-// Characters of so many digits up to the directive that ends them; how many bytes that were, 0 when it does not
-// end.
+// Characters of so many digits up to the directive that ends them; how many bytes that were, 0 when it does
+// not end.
 std::size_t append_wide(std::string & text, std::string_view rest, std::size_t width)
 {
     std::string found;

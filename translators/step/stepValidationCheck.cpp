@@ -202,10 +202,9 @@ void step_check_validation(STEPCAFControl_Reader const & reader, stepPmiSource c
     Check check(context);
     NCollection_Map<Handle(Standard_Transient)> products;
     auto const model = Handle(StepData_StepModel)::DownCast(reader.Reader().Model());
-    auto const statements =
-        step_stated_properties(model, [&](auto const & definition) {
-            return annotations != nullptr && annotations->has(model->IdentLabel(definition));
-        });
+    auto const statements = step_stated_properties(model, [&](auto const & definition) {
+        return annotations != nullptr && annotations->has(model->IdentLabel(definition));
+    });
     for (auto const & stated : statements.properties) {
         auto const target = targets.find(stated.definition);
         if (wanted) {

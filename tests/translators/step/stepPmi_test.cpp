@@ -112,7 +112,8 @@ TEST_F(StepPmi, ComesBackAsItWas)
     auto const text = written(document);
     EXPECT_TRUE(promise().annotations);
     EXPECT_TRUE(lost().empty());
-    EXPECT_TRUE(said().says("10 of 10 dimensions, geometric tolerances, datums, annotations and views are kept"));
+    EXPECT_TRUE(
+        said().says("10 of 10 dimensions, geometric tolerances, datums, annotations and views are kept"));
     for (auto const & difference : differences(path("written.stp"))) {
         ADD_FAILURE() << difference.text.formatted();
     }
@@ -320,8 +321,7 @@ TEST_F(StepPmi, HasItsTextsInTheCodePageOfTheFile)
     std::string const name = "note Ø 10 µm";
     text.replace(text.find(name), name.size(), "note \xD8 10 \xB5m");
     sdkDocument document;
-    ASSERT_TRUE(
-        read(folder().write("page.stp", text), document, {{"stepReadCodePage", "CP1252"}}));
+    ASSERT_TRUE(read(folder().write("page.stp", text), document, {{"stepReadCodePage", "CP1252"}}));
     written(document);
     EXPECT_TRUE(differences(path("written.stp")).empty());
 }

@@ -13,8 +13,8 @@ TEST(StepTextDecoding, ResolvesDirectives)
 
 TEST(StepTextDecoding, LeavesWhatIsNoDirective)
 {
-    for (char const * text : {"", "\\", "\\X", "\\X\\", "\\X\\Z", "\\X2\\", "\\X2\\00D", "\\X2\\00D8", "\\X4\\00D8\\X0\\",
-                              "\\S\\", "C:\\Parts", "'"}) {
+    for (char const * text : {"", "\\", "\\X", "\\X\\", "\\X\\Z", "\\X2\\", "\\X2\\00D", "\\X2\\00D8",
+                              "\\X4\\00D8\\X0\\", "\\S\\", "C:\\Parts", "'"}) {
         EXPECT_EQ(step_decoded(text), text);
     }
 }

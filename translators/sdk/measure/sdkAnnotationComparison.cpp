@@ -148,8 +148,8 @@ void sdk_compare_annotations(sdkDocument const & source, sdkDocument const & out
     add(changed, sdkWeight::difference, "annotation-changed",
         "measure::The %s \"%s\" (%s in its file) says something else in the output, or is attached elsewhere",
         findings);
-    add(missing, sdkWeight::loss, "annotation", "measure::The %s \"%s\" (%s in its file) is not in the output",
-        findings);
+    add(missing, sdkWeight::loss, "annotation",
+        "measure::The %s \"%s\" (%s in its file) is not in the output", findings);
     add(extra, sdkWeight::difference, "extra-annotation",
         "measure::The output has a %s \"%s\" (%s) that its source does not have", findings);
 }
