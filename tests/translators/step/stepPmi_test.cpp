@@ -66,6 +66,7 @@ protected:
     std::vector<sdkFinding> differences(std::string const & file)
     {
         auto const promised = promise();
+        EXPECT_TRUE(promised.annotations);
         sdkDocument before;
         sdkDocument after;
         EXPECT_TRUE(read(source(), before));
@@ -132,6 +133,7 @@ TEST_F(StepPmi, KeepsValuesAndTheirUnits)
     sdkDocument document;
     read_source(document);
     written(document, {{"vmrOptOutputUnits", "m"}});
+    EXPECT_TRUE(differences(path("written.stp")).empty());
     sdkDocument back;
     ASSERT_TRUE(read(path("written.stp"), back));
     auto const size = find(back, "thickness").content;
@@ -142,7 +144,6 @@ TEST_F(StepPmi, KeepsValuesAndTheirUnits)
     EXPECT_TRUE(kit_contains(size, "TOLERANCE_VALUE(LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(-0.001),"));
     EXPECT_TRUE(kit_contains(find(back, "angle").content,
                              "PLANE_ANGLE_MEASURE(90.),(CONVERSION_BASED_UNIT('DEGREE',"));
-    EXPECT_TRUE(differences(path("written.stp")).empty());
 }
 
 TEST_F(StepPmi, IsAttachedToTheSameFaces)
@@ -159,6 +160,37 @@ TEST_F(StepPmi, IsAttachedToTheSameFaces)
     auto const datum = find(back, "B");
     ASSERT_EQ(datum.shapes.size(), 1U);
     EXPECT_LT(centre_of(datum.shapes.front()).Distance(gp_Pnt(0, 5, 5)), 1e-6);
+}
+
+TEST_F(StepPmi, MayBeAttachedToEdgesCornersAndBodies)
+{
+    auto text = kit_read_file(source());
+    stepDefinitions const definitions(text);
+    auto const first = [&](std::string_view kind) {
+        for (auto const & [number, definition] : definitions.all()) {
+            if (definition.starts_with(kind)) {
+                return "#" + std::to_string(number);
+            }
+        }
+        return std::string();
+    };
+    auto const face = text.find("#90014=");
+    auto const item = text.rfind(',', text.find(");", face)) + 1;
+    for (std::string_view const kind :
+         {"EDGE_CURVE", "VERTEX_POINT", "MANIFOLD_SOLID_BREP", "CLOSED_SHELL"}) {
+        auto other = text;
+        other.replace(item, other.find(')', item) - item, first(kind));
+        sdkDocument document;
+        ASSERT_TRUE(read(folder().write("other.stp", other), document));
+        written(document);
+        EXPECT_TRUE(lost().empty()) << kind;
+        auto const promised = promise();
+        sdkDocument back;
+        ASSERT_TRUE(read(path("written.stp"), back));
+        std::vector<sdkFinding> findings;
+        sdk_compare_annotations(document, back, promised, findings);
+        EXPECT_TRUE(findings.empty()) << kind;
+    }
 }
 
 TEST_F(StepPmi, RefersOnlyToWhatIsThere)
@@ -250,6 +282,26 @@ TEST_F(StepPmi, IsLostWithAPartThatWasScaled)
     EXPECT_TRUE(differences(path("written.stp")).empty());
 }
 
+TEST_F(StepPmi, IsLostWithAPartThatWasScaledAlsoWhereNotesDoNotNameIt)
+{
+    auto text = kit_read_file(source());
+    auto const relation = text.find("#90111=");
+    text.erase(relation, text.find('\n', relation) - relation);
+    auto const shown = text.find("#90112=");
+    text.erase(shown, text.find('\n', shown) - shown);
+    auto const file = folder().write("alone.stp", text);
+    sdkDocument whole;
+    ASSERT_TRUE(read(file, whole));
+    written(whole);
+    EXPECT_TRUE(lost().empty());
+    sdkDocument document;
+    ASSERT_TRUE(read(file, document));
+    auto const part = document.parts().First();
+    document.shapes()->SetShape(part, sdk_scaled(XCAFDoc_ShapeTool::GetShape(part), 2));
+    written(document);
+    EXPECT_EQ(lost().size(), items_of_part);
+}
+
 TEST_F(StepPmi, IsNotWrittenIntoOtherProtocols)
 {
     for (char const * schema : {"AP203", "AP214"}) {
@@ -296,9 +348,10 @@ TEST_F(StepPmi, OfSeveralFilesGoesIntoOne)
     auto const text = written(document);
     EXPECT_TRUE(said().says("20 of 20 "));
     EXPECT_EQ(step_count_kind(text, "DIMENSIONAL_SIZE"), 2);
+    auto const promised = promise();
+    ASSERT_TRUE(promised.annotations);
     sdkDocument back;
     ASSERT_TRUE(read(path("written.stp"), back));
-    auto const promised = promise();
     std::vector<sdkFinding> findings;
     sdk_compare_annotations(document, back, promised, findings);
     EXPECT_TRUE(findings.empty());
