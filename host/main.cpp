@@ -1,5 +1,7 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostFileSize.h"
+#include "host/hostLastWords.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 
@@ -50,6 +52,7 @@ int main(int argc, char ** argv)
     std::vector<std::string> folders(argv + 1, argv + argc);
     ignore_signals();
     hostEvents events(take_standard_output());
+    host_send_last_words_of(events);
     hostChannel channel(events);
     hostJob job;
     std::string problem;
@@ -59,8 +62,10 @@ int main(int argc, char ** argv)
         return exit_without_job;
     }
     folders.push_back(job.staging);
-    channel.watch(folders);
+    // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
+    host_limit_file_size(job.file_size_limit);
+    channel.watch(folders);
     quieten_toolkit();
 
     auto const end = [&](auto && work) {

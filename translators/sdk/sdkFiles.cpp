@@ -2,12 +2,34 @@
 
 #include "sdk/sdkInputFile.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <sys/resource.h>
 #include <system_error>
 
 std::string sdk_system_text(int error_number)
 {
     return std::generic_category().message(error_number);
+}
+
+sdkResult sdk_not_written(std::string const & shown, int error_number)
+{
+    constexpr rlim_t megabyte = 1024 * 1024;
+    rlimit allowed{RLIM_INFINITY, RLIM_INFINITY};
+    ::getrlimit(RLIMIT_FSIZE, &allowed);
+    if (error_number == ENOSPC || error_number == EDQUOT) {
+        return sdkResult::write_error(
+            sdkText("host::%s could not be written: %s; make room on the disk or choose another folder",
+                    shown, sdk_system_text(error_number)));
+    }
+    if (error_number == EFBIG && allowed.rlim_cur != RLIM_INFINITY) {
+        return sdkResult::write_error(sdkText(
+            "host::%s could not be written, because it is larger than the %d MB that the free space of "
+            "the disk or the setting %s allows; make room, raise the setting or write less",
+            shown, allowed.rlim_cur / megabyte, "translation_output_size"));
+    }
+    return sdkResult::write_error(
+        sdkText("host::%s could not be written: %s", shown, sdk_system_text(error_number)));
 }
 
 std::string sdk_file_stem(std::string const & path)

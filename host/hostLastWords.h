@@ -1,0 +1,8 @@
+#pragma once
+
+class hostEvents;
+
+// From now on what waits to be sent reaches the engine also when the process crashes, runs out of stack or is
+// told to end. The events must live as long as the process. To be called once, on the thread that translates:
+// only there is a handler left a stack of its own when the other one is used up.
+void host_send_last_words_of(hostEvents & events);
