@@ -108,9 +108,16 @@ void hostEvents::file(std::string const & path, char const * direction)
 {
     auto const line = line_of({{"event", "file"}, {"path", path}, {"direction", direction}});
     std::lock_guard const lock(m_mutex);
+    m_file = path;
     add(line);
     // Also one that is killed at once over the file must have named it.
     flush();
+}
+
+std::string hostEvents::current_file()
+{
+    std::lock_guard const lock(m_mutex);
+    return m_file;
 }
 
 void hostEvents::progress(int percent)

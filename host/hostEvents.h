@@ -34,6 +34,8 @@ public:
     // for each other, or one alone.
     void inventory(char side, sdkInventory const & inventory, Bnd_Box const & extent);
     void pair(sdkComparedBody const & pair);
+    // The one that file() has named last; empty before.
+    std::string current_file();
     // Where the lines go.
     int descriptor() const { return m_descriptor; }
 
@@ -65,6 +67,7 @@ private:
     std::chrono::steady_clock::time_point m_added = std::chrono::steady_clock::now();
     int m_at_once = 0; // lines since the time of the last interval that went out at once
     std::chrono::steady_clock::time_point m_interval{};
+    std::string m_file;
     int m_percent = -1;
     bool m_ended = false;
 };

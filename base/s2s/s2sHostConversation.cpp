@@ -1,6 +1,7 @@
 #include "s2s/s2sHostConversation.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 
 #include "s2s/s2sThreadComm.h"
@@ -174,6 +175,9 @@ s2sHostEnd s2sHostConversation::ended_without_word(s2sHostExit const & exit)
     if (m_deadline)
         return {s2sThreadCancelled};
     bool const writing = m_parts.comm.writing();
-    m_parts.say_error(s2sMessages::host_died(exit.text(), writing, m_parts.comm.currentFile().str()));
+    auto const text_for = exit.is_signal(SIGKILL)   ? s2sMessages::host_killed
+                          : exit.is_signal(SIGXCPU) ? s2sMessages::host_out_of_time
+                                                    : s2sMessages::host_died;
+    m_parts.say_error(text_for(exit.text(), writing, m_parts.comm.currentFile().str()));
     return {writing ? s2sThreadWriteError : s2sThreadReadError};
 }

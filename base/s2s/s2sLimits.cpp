@@ -18,6 +18,8 @@ using std::chrono::milliseconds;
 using std::chrono::seconds;
 
 constexpr std::uint64_t megabyte = 1024 * 1024;
+// With less a host could not even begin.
+constexpr std::uint64_t least_memory = 64 * megabyte;
 // Left free on the disk for others, though never more than a tenth of what is free.
 constexpr std::uint64_t most_reserve = 256 * megabyte;
 // What is beyond means for ever, and no number computed from it overflows.
@@ -63,7 +65,7 @@ s2sLimits s2s_limits(sduStartupInfo const & settings)
     if (auto const number = number_in(settings, sduTRANSLATIONPATIENCE))
         limits.patience = seconds(*number);
     if (auto const number = number_in(settings, sduTRANSLATIONMEMORY))
-        limits.memory = *number * megabyte;
+        limits.memory = *number > 0 ? std::max(*number * megabyte, least_memory) : 0;
     if (auto const number = number_in(settings, sduTRANSLATIONOUTPUTSIZE))
         limits.output_size = *number * megabyte;
     return limits;

@@ -13,7 +13,7 @@ struct s2sLimits {
     /// For so long it may say nothing new, and for a quarter more with each megabyte of its inputs; 0 means
     /// for ever.
     std::chrono::seconds patience{120};
-    /// Bytes that it may occupy; 0 means as many as are free when it begins.
+    /// Bytes that it may occupy, 64 MB at least; 0 means as many as are free when it begins.
     std::uint64_t memory = 0;
     /// Bytes that one file of its output may have; 0 means as many as the disk has room for, but for a
     /// reserve.

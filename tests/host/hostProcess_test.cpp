@@ -269,7 +269,7 @@ TEST_F(HostProcess, WritesNoFileLargerThanAllowed)
     auto const told = std::find_if(events.begin(), events.end(),
                                    [](json const & event) { return event.value("stream", "") == "error"; });
     ASSERT_NE(told, events.end());
-    EXPECT_EQ((*told)["args"], json({out, 3, "translation_output_size"}));
+    EXPECT_EQ((*told)["args"], json({out, 3.0, "translation_output_size"}));
     EXPECT_FALSE(std::filesystem::exists(out));
 }
 

@@ -32,12 +32,21 @@ TEST_F(Limits, AreThoseOfTheSettings)
 {
     sduStartupInfo settings;
     settings.add_field_without_saving("translation_patience", "7");
-    settings.add_field_without_saving("translation_memory", "3");
+    settings.add_field_without_saving("translation_memory", "300");
     settings.add_field_without_saving("translation_output_size", "5");
     auto const limits = s2s_limits(settings);
     EXPECT_EQ(limits.patience, seconds(7));
-    EXPECT_EQ(limits.memory, 3 * megabyte);
+    EXPECT_EQ(limits.memory, 300 * megabyte);
     EXPECT_EQ(limits.output_size, 5 * megabyte);
+}
+
+TEST_F(Limits, LeaveATranslationEnoughMemoryToBegin)
+{
+    sduStartupInfo settings;
+    settings.add_field_without_saving("translation_memory", "1");
+    EXPECT_EQ(s2s_limits(settings).memory, 64 * megabyte);
+    settings.add_field_without_saving("translation_memory", "0");
+    EXPECT_EQ(s2s_limits(settings).memory, 0u);
 }
 
 TEST_F(Limits, HaveDefaultsForWhatIsNoNumber)
