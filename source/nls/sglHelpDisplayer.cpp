@@ -14,6 +14,7 @@
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpdlg.h>
+#include <wx/html/helpfrm.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlwin.h>
 #include <wx/log.h>
@@ -174,11 +175,30 @@ wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
     return dialog;
 }
 
-/// The toolkit forgets its dialog when the user closes it, and does not delete it.
+/// A help window that belongs to nothing else goes when Esc is pressed, as the one over a dialog does.
+wxHtmlHelpFrame * sglHelpDisplayer::CreateHelpFrame(wxHtmlHelpData * data)
+{
+    auto * const frame = wxHtmlHelpController::CreateHelpFrame(data);
+    frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent & event) {
+        if (event.GetKeyCode() == WXK_ESCAPE && event.GetModifiers() == wxMOD_NONE)
+            frame->Close();
+        else
+            event.Skip();
+    });
+    return frame;
+}
+
+/// The toolkit does not delete its dialog when the user closes it, and forgets it only when that is done by
+/// the frame: with Esc or the dialog's button it would go on with a window that is gone.
 void sglHelpDisplayer::remove_closed_dialog()
 {
-    if (m_dialog && !m_dialog->IsShown())
-        m_dialog->Destroy();
+    if (!m_dialog || m_dialog->IsShown())
+        return;
+    if (GetHelpWindow()) {
+        wxCloseEvent event(wxEVT_CLOSE_WINDOW, m_dialog->GetId());
+        OnCloseFrame(event);
+    }
+    m_dialog->Destroy();
 }
 
 utString sglHelpDisplayer::language() const
