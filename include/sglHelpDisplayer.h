@@ -33,7 +33,6 @@ public:
     using wxHtmlHelpController::DisplaySection;
 
 protected:
-    wxWindow * CreateHelpWindow() override;
     wxHtmlHelpFrame * CreateHelpFrame(wxHtmlHelpData * data) override;
     wxHtmlHelpDialog * CreateHelpDialog(wxHtmlHelpData * data) override;
     int load_file();                   ///< zero, with a message, when there is no book

@@ -86,6 +86,15 @@ void open_contents(wxWindow & help)
         tree->Expand(book);
 }
 
+/// Everything has its size before the window is shown: GTK complains of what has not.
+void prepare(wxTopLevelWindow & top, wxHtmlHelpWindow & help)
+{
+    // The pages have the colours of the desktop at this moment.
+    help.GetHtmlWindow()->AddProcessor(new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
+    make_roomy(top, help);
+    open_contents(help);
+}
+
 bool a_dialog_is_modal()
 {
     for (wxWindow const * const window : wxTopLevelWindows)
@@ -150,27 +159,13 @@ void sglHelpDisplayer::choose_window()
     m_FrameStyle = wxHF_DEFAULT_STYLE | (modal ? wxHF_DIALOG | wxHF_MODAL : wxHF_FRAME);
 }
 
-wxWindow * sglHelpDisplayer::CreateHelpWindow()
-{
-    bool const is_new = !GetHelpWindow();
-    auto * const window = wxHtmlHelpController::CreateHelpWindow();
-    if (is_new && GetHelpWindow()) {
-        // The pages have the colours of the desktop at this moment.
-        GetHelpWindow()->GetHtmlWindow()->AddProcessor(
-            new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
-        if (auto * const top = dynamic_cast<wxTopLevelWindow *>(FindTopLevelWindow()))
-            make_roomy(*top, *GetHelpWindow());
-        open_contents(*GetHelpWindow());
-    }
-    return window;
-}
-
 wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 {
     auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
     // The toolkit gives only the frame a title after its format.
     if (auto const & books = data->GetBookRecArray(); !books.empty())
         dialog->SetTitle(wxString::Format(title_format(), books[0].GetTitle()));
+    prepare(*dialog, *dialog->GetHelpWindow());
     m_dialog = dialog;
     return dialog;
 }
@@ -179,6 +174,7 @@ wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 wxHtmlHelpFrame * sglHelpDisplayer::CreateHelpFrame(wxHtmlHelpData * data)
 {
     auto * const frame = wxHtmlHelpController::CreateHelpFrame(data);
+    prepare(*frame, *frame->GetHelpWindow());
     frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent & event) {
         if (event.GetKeyCode() == WXK_ESCAPE && event.GetModifiers() == wxMOD_NONE)
             frame->Close();
