@@ -340,6 +340,7 @@ TEST_F(HelpBook, KeepsTheOtherWindowsFromClicksOverADialogAndSoDoesTheDialogAfte
                           [&](wxHtmlHelpDialog & help) {
                               click(*button);
                               EXPECT_EQ(pressed, 1) << "below the help";
+                              help.Raise();
                               focus(*help.GetHelpWindow());
                               close(help);
                           });
