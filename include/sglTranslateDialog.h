@@ -6,6 +6,7 @@
 #include "sglRow.h"
 
 class sglComboBox;
+class sglReachedFile;
 class vmrabsAppInfo;
 class wxArrayString;
 class wxButton;
@@ -58,6 +59,10 @@ protected:
     /// Where a page takes one file, a folder is of no use to it; says so.
     void tell_of_folder(utString const & path) const;
     void addFormatTypes();
+
+    /// Whether the path is a file that the page reads, under whatever name.
+    virtual bool is_input(utString const & path) const;
+    bool shows_input(sglReachedFile const & file) const;
 
     vmrabsAppInfo const * m_info;
     int m_user_edited = 0;

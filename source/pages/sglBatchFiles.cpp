@@ -135,8 +135,7 @@ void sglBatchFiles::OnSelChangeInputFormat(wxCommandEvent &)
     if (row->update_is_ok(m_input_combo->selected_item(), 1)) {
         row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
     } else {
-        int failed = 0;
-        m_input_details.set_details(row->filename(), failed);
+        m_input_details.show_row(*row);
     }
     sort_button_status();
 }

@@ -9,27 +9,13 @@
 
 #include "ann/annDocument.h"
 #include "pages/sglOccupiedPage.h"
+#include "pages/sglReachedFile.h"
 #include "sdu/sduFileFunctions.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <wx/button.h>
 #include <wx/listbox.h>
-
-namespace {
-
-/// Whether two different paths lead to one file, there or yet to be written, through links among their
-/// folders. The second output would take the place of the first without a word.
-bool is_one_file(utString const & a, utString const & b)
-{
-    std::filesystem::path const one = a.str(), other = b.str();
-    std::error_code none;
-    return one.filename() == other.filename() &&
-           std::filesystem::equivalent(one.parent_path(), other.parent_path(), none);
-}
-
-} // namespace
 
 sglBatchItem sglBatchFiles::details() const
 {
@@ -43,17 +29,18 @@ int sglBatchFiles::current_details_valid(int exclude)
         sglMessageBox("vmrgrlib", message, wxOK | wxICON_ERROR, name);
         return 0;
     };
+    sglReachedFile const file(name);
     // An output that is not there yet cannot overwrite an input, as long as it stays away until the run: the
     // run itself makes sure of that.
     if (sdu_check_file_exists(name) == sduFileExists) {
         if (std::any_of(m_items.begin(), m_items.end(),
-                        [&](auto const & item) { return item.input_row()->filename() == name; }))
+                        [&](auto const & item) { return file.is(item.input_row()->filename()); }))
             return refuse(1271);
-        if (sglMessageBox("vmrgrlib", 1270, wxYES_NO, name) == wxID_NO)
+        if (sglMessageBox("vmrgrlib", 1270, wxYES_NO | wxNO_DEFAULT, name) != wxID_YES)
             return 0;
     }
     for (int i = 0; i < m_items.count(); ++i)
-        if (i != exclude && (output_row(i).filename() == name || is_one_file(output_row(i).filename(), name)))
+        if (i != exclude && file.is(output_row(i).filename()))
             return refuse(1272);
     return 1;
 }

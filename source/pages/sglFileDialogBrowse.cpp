@@ -13,6 +13,7 @@
 
 #include "ap/apStringCompareInsensitive.h"
 #include "controls/sglFileFilter.h"
+#include "sdu/sduFileFunctions.h"
 #include "sdu/sduStartupKeys.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -90,10 +91,14 @@ int sglFileDialog::output_browse(sglRow & row, int & user_edited)
         sglMessageBox("vmrgrlib", 1119, wxICON_ERROR);
         return wxID_CANCEL;
     }
+    bool const exists = sdu_check_file_exists(path) == sduFileExists;
     if (take_output(path, row)) {
-        m_resource_button->Enable();
-        m_combo->delete_unknown();
+        m_resource_button->Enable(!row.invalid());
+        if (row.file_type() != unknown_format())
+            m_combo->delete_unknown();
         user_edited = 1;
+        // A file that comes later is one that the user was not asked about.
+        m_confirmed = exists && row.filename() == path ? path : utString();
     }
     return wxID_OK;
 }

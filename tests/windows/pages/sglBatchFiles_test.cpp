@@ -79,6 +79,7 @@ TEST_F(BatchPage, CountsARefusedOverwriteAsAFileThatWasNotAdded)
     drop_on_queue({step_file("a.stp")});
     EXPECT_EQ(boxes.said()[0],
               "The file " + (folder() / "a.igs") + " already exists. Do you want to overwrite it?");
+    EXPECT_TRUE(boxes.styles()[0] & wxNO_DEFAULT);
     EXPECT_THAT(boxes.said()[1], testing::EndsWith("\n\n  " + (folder() / "a.stp")));
     EXPECT_EQ(queued(), 0);
     EXPECT_EQ(queue().GetSelection(), wxNOT_FOUND);
