@@ -76,6 +76,8 @@ public:
     /// Makes the row follow the format that was chosen in the box: the file gets its extension.
     void set_row_details(sglRow & row);
 
+    /// What set_row_details would make of a file's name for a format.
+    utString name_for_format(utString const & file, utString const & format);
     /// Shows file, format and options of a row as they are, or nothing where the row has no file.
     void show_row(sglRow const & row);
 

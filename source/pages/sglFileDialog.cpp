@@ -211,19 +211,22 @@ int sglFileDialog::create_output_details(utString const & input_format, utString
     return 1;
 }
 
+utString sglFileDialog::name_for_format(utString const & file, utString const & format)
+{
+    utString const & wanted = file == m_numbered ? m_wanted : file;
+    auto const * const translator = translator_for_format(format);
+    return proposal(translator ? sgl_change_extension(*translator, wanted) : wanted);
+}
+
 void sglFileDialog::set_row_details(sglRow & row)
 {
-    utString name = row.filename(); // before the user's consent clears the row
+    utString const name = row.filename(); // before the user's consent clears the row
     if (name.empty())
         return;
-    if (name == m_numbered)
-        name = m_wanted;
     utString const chosen = format();
     if (row.update_is_ok(chosen, 1)) {
-        if (auto const * const translator = translator_for_format(chosen))
-            name = sgl_change_extension(*translator, name);
         int failed = 0;
-        set_details(proposal(name), failed);
+        set_details(name_for_format(name, chosen), failed);
         initialise_row(row);
     } else {
         m_combo->SetStringSelection(wxtStringConverter::to_wx(row.file_type()));

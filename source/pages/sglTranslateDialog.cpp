@@ -127,16 +127,20 @@ int sglTranslateDialog::OnOutputBrowse(wxCommandEvent &, sglRow & output_row)
     return m_output_details.output_browse(output_row, m_user_edited);
 }
 
-void sglTranslateDialog::OnInputResource(wxCommandEvent &, sglRow & row, int index)
+int sglTranslateDialog::OnInputResource(wxCommandEvent &, sglRow & row, int index)
 {
-    if (m_input_details.edit_resources(row.resource_table()) == wxID_OK)
+    int const code = m_input_details.edit_resources(row.resource_table());
+    if (code == wxID_OK)
         set_resource_file(row, m_input_list, index);
+    return code;
 }
 
-void sglTranslateDialog::OnOutputResource(wxCommandEvent &, sglRow & row)
+int sglTranslateDialog::OnOutputResource(wxCommandEvent &, sglRow & row)
 {
-    if (m_output_details.edit_resources(row.resource_table()) == wxID_OK)
+    int const code = m_output_details.edit_resources(row.resource_table());
+    if (code == wxID_OK)
         set_resource_file(row, m_output_list, 0);
+    return code;
 }
 
 void sglTranslateDialog::set_resource_file(sglRow const & row, wxListCtrl * list, int index)

@@ -127,6 +127,7 @@ TEST_F(KeptBatchOptions, BelongToAFormatThatTheUserHasChosenForTheFile)
     folder().write("part.dat", "text"); // its content no longer tells
     auto & options = const_cast<sglRow &>(m_batch->input_row(0)).resource_table();
     ASSERT_TRUE(options.add_resource("stepReadNames", "false"));
+    choose_lines({});
     click_line(0);
     kitModal boxes;
     boxes.expect_message(wxID_NO);
