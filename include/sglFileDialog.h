@@ -89,7 +89,7 @@ public:
 private:
     void add_list_control_headers();
     bool has_row() const;
-    utString filter_text() const;
+    utString filter_text() const; ///< the filter for all formats, and behind it those of the list
     void choose_filter(wxFileDialog & dialog, char const * preferred_format_field) const;
     void show_file(utString const & file);
     utString cell(int column) const;
