@@ -216,7 +216,12 @@ void sglFileDialog::set_row_details(sglRow & row)
 
 int sglFileDialog::edit_resources(vmrTableInstance & table)
 {
-    auto const * const translator = translator_for_format(format());
+    return edit_resources(table, format());
+}
+
+int sglFileDialog::edit_resources(vmrTableInstance & table, utString const & format_name)
+{
+    auto const * const translator = translator_for_format(format_name);
     if (!translator) {
         sglMessageBox("vmrgrlib", m_type & input ? 1165 : 1166, wxICON_ERROR);
         return wxID_CANCEL;
