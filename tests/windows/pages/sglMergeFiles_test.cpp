@@ -65,27 +65,44 @@ protected:
         list(files_id).SetItemState(line, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
         settle();
     }
-    void double_click(long line)
+    /// Double clicks a line of the list, as a user does, and runs the script in the dialog that this opens.
+    void double_click(long line, std::function<void(wxDialog &)> const & script)
     {
         wxRect place;
         ASSERT_TRUE(list(files_id).GetItemRect(line, place));
-        // The list has its rows below its headers.
         wxUIActionSimulator simulator;
         simulator.MouseMove(
             list(files_id).ClientToScreen(place.GetPosition() + wxPoint(20, place.height / 2)));
         settle();
+        // Whichever of the nested event loops runs, the timer looks for the dialog.
+        bool done = false;
+        wxTimer look;
+        look.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+            for (wxWindow * const window : wxTopLevelWindows)
+                if (auto * const dialog = dynamic_cast<wxDialog *>(window); dialog && dialog->IsModal()) {
+                    look.Stop();
+                    settle();
+                    script(*dialog);
+                    done = true;
+                    return;
+                }
+        });
+        look.Start(20);
         simulator.MouseDblClick();
+        run_until([&] { return done; }, 20, "the dialog");
         settle();
     }
     /// What OK in the resources dialog does when another resource file was loaded in it.
     void take_resource_file(int row, std::string const & name)
     {
-        in_next_dialog([this, row, name](wxDialog & dialog) {
-            const_cast<sglRow &>(m_merge->input_row(row))
-                .resource_table()
-                .set_resource_file(utString(folder() / name));
-            dialog.EndModal(wxID_OK);
-        });
+        in_next_dialog([this, row, name](wxDialog & dialog) { end_with_resource_file(dialog, row, name); });
+    }
+    void end_with_resource_file(wxDialog & dialog, int row, std::string const & name)
+    {
+        const_cast<sglRow &>(m_merge->input_row(row))
+            .resource_table()
+            .set_resource_file(utString(folder() / name));
+        dialog.EndModal(wxID_OK);
     }
     sglMergeFiles * m_merge = nullptr;
 };
@@ -279,8 +296,7 @@ TEST_F(MergePage, ShowsTheNewResourceFileOfALineInTheLine)
 TEST_F(MergePage, OpensTheOptionsOfALineWithADoubleClick)
 {
     drop({step_file("a.stp")});
-    take_resource_file(0, "mine.rsc");
-    double_click(0);
+    double_click(0, [&](wxDialog & dialog) { end_with_resource_file(dialog, 0, "mine.rsc"); });
     EXPECT_EQ(cell(files_id, 1), "mine.rsc");
 }
 
@@ -355,7 +371,7 @@ TEST_F(MergePage, OpensTheOptionsOfALineInItsOwnFormat)
     ASSERT_EQ(input_format(), "STL");
     std::string before, after;
     std::vector<std::string> pages;
-    in_next_dialog([&](wxDialog & dialog) {
+    double_click(0, [&](wxDialog & dialog) {
         before = dialog.GetTitle().utf8_string();
         auto & tree = *find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE");
         wxTreeItemIdValue cookie;
@@ -366,7 +382,6 @@ TEST_F(MergePage, OpensTheOptionsOfALineInItsOwnFormat)
         after = dialog.GetTitle().utf8_string();
         dialog.EndModal(wxID_CANCEL);
     });
-    double_click(0);
     EXPECT_THAT(before, testing::EndsWith("- step.rsc"));
     EXPECT_THAT(after, testing::EndsWith("/step.rsc"));
     EXPECT_FALSE(pages.empty());
@@ -403,7 +418,8 @@ TEST_F(MergePage, MovesTheSelectedFileUpAndDown)
             shown += std::filesystem::path(cell(files_id, 0, line)).stem().string() + " ";
             shown += cell(files_id, 1, line) + " ";
             kept += std::filesystem::path(m_merge->input_row(line).filename().str()).stem().string() + " ";
-            kept += m_merge->input_row(line).resource_file().str() + " ";
+            auto const & table = m_merge->input_row(line).resource_table();
+            kept += std::filesystem::path(table.resource_file().str()).filename().string() + " ";
         }
         EXPECT_EQ(shown, kept);
         return shown;
