@@ -249,7 +249,9 @@ TEST_F(TabDlg, AsksBeforeItLeavesABatchThatHasNotBeenRun)
             boxes.expect_message(wxID_NO);
         window.Close();
         settle();
+        ASSERT_EQ(ended, 0);
         choose_menu(window, "IDM_FILE_EXIT");
+        ASSERT_EQ(ended, 0);
         wxCommandEvent close(wxEVT_BUTTON, wxID_CLOSE);
         window.ProcessWindowEvent(close);
         EXPECT_EQ(boxes.said()[0],
