@@ -7,17 +7,20 @@
 #include "step/stepActor.h"
 #include "step/stepContextStyles.h"
 #include "step/stepCopiedStyles.h"
+#include "step/stepDamage.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInstances.h"
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepMappings.h"
+#include "step/stepNumbers.h"
 #include "step/stepOperators.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepSourceFindings.h"
+#include "step/stepStructure.h"
 #include "step/stepValidationCheck.h"
 
 #include <Message_ProgressScope.hxx>
@@ -94,10 +97,20 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     m_links = stepTextualLinks(reader.StepModel(), file.text());
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());
-    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
+    auto const made_good = [&](auto const & entity) {
         return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
                settled.count(entity.get()) > 0;
-    });
+    };
+    stepDamage damage(reader.WS(), step_bad_numbers(file.text()), made_good, m_context);
+    auto const taken_out = damage.take_out();
+    sdk_report_load(reader.WS(), m_context,
+                    [&](auto const & entity) { return made_good(entity) || damage.explains(entity); });
+    if (!taken_out) {
+        return taken_out;
+    }
+    if (auto result = step_check_structure(reader.WS(), m_context.file()); !result) {
+        return result;
+    }
     if (!completed.empty()) {
         m_context.account().add(
             {.kind = "not-standard",
