@@ -138,12 +138,12 @@ bool stepDamage::empty_holders()
     for (auto const & holder : holders) {
         Entity last;
         bool const empty = step_drop_members(holder, [&](Entity const & member) {
-            bool const damaged = explains(member);
-            if (damaged) {
-                last = member;
-                tell(member);
+            if (!damaged(member)) {
+                return false;
             }
-            return damaged;
+            last = member;
+            tell(member);
+            return true;
         });
         if (empty && !step_may_be_empty(holder)) {
             add(holder,

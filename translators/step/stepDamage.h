@@ -33,9 +33,6 @@ public:
     // place, where a unit is damaged: nothing in the file could be relied on.
     sdkResult take_out();
 
-    // True for entities whose own faults take_out() tells.
-    bool explains(Entity const & entity) const { return m_causes.count(entity.get()) > 0; }
-
 private:
     struct Cause {
         Entity entity;
@@ -47,6 +44,7 @@ private:
     void seed_faults(Excused const & excused);
     void add(Entity const & entity, Cause const & cause);
     void spread();
+    bool damaged(Entity const & entity) const { return m_causes.count(entity.get()) > 0; }
     void climb(Entity const & entity, Interface_Graph const & graph);
     bool empty_holders();
     void drop_instances();

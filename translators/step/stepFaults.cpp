@@ -10,6 +10,7 @@
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepRepr_RepresentationMap.hxx>
 #include <StepRepr_RepresentationRelationshipWithTransformation.hxx>
+#include <StepShape_ContextDependentShapeRepresentation.hxx>
 
 #include <algorithm>
 #include <array>
@@ -38,7 +39,10 @@ std::string load_fault(Interface_Check const & check)
 bool step_is_part_of_shapes(Handle(Standard_Transient) const & entity)
 {
     std::string_view const type = entity->DynamicType()->Name();
-    return type.starts_with("StepGeom_") || type.starts_with("StepShape_") ||
+    // Contexts are read as far as they are known: what they lack has a usual value.
+    bool const context = type.find("Context") != std::string_view::npos &&
+                         !entity->IsKind(STANDARD_TYPE(StepShape_ContextDependentShapeRepresentation));
+    return (!context && (type.starts_with("StepGeom_") || type.starts_with("StepShape_"))) ||
            entity->IsKind(STANDARD_TYPE(StepRepr_MappedItem)) ||
            entity->IsKind(STANDARD_TYPE(StepRepr_RepresentationMap)) ||
            entity->IsKind(STANDARD_TYPE(StepRepr_ItemDefinedTransformation)) ||

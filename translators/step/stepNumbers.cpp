@@ -14,10 +14,11 @@ bool is_digit(char character)
     return character >= '0' && character <= '9';
 }
 
+// Some files have letters beyond ASCII where they should not be.
 bool is_word(char character)
 {
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           character == '_';
+    return static_cast<unsigned char>(character) >= 0x80 || (character >= 'A' && character <= 'Z') ||
+           (character >= 'a' && character <= 'z') || character == '_';
 }
 
 bool is_space(char character)

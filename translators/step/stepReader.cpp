@@ -101,12 +101,10 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
         return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
                settled.count(entity.get()) > 0;
     };
+    sdk_report_load(reader.WS(), m_context, made_good);
     stepDamage damage(reader.WS(), step_bad_numbers(file.text()), made_good, m_context);
-    auto const taken_out = damage.take_out();
-    sdk_report_load(reader.WS(), m_context,
-                    [&](auto const & entity) { return made_good(entity) || damage.explains(entity); });
-    if (!taken_out) {
-        return taken_out;
+    if (auto result = damage.take_out(); !result) {
+        return result;
     }
     if (auto result = step_check_structure(reader.WS(), m_context.file()); !result) {
         return result;
