@@ -23,6 +23,13 @@ inline bool sdk_usable(double number)
 // does not count: it has the size of the file.
 inline constexpr std::int64_t sdk_most_places = 2'000'000;
 
+// True when there are too many places for a file that has so many things once.
+constexpr bool sdk_too_many(std::int64_t places, std::int64_t things)
+{
+    constexpr std::int64_t usual = 4; // times that a thing is used
+    return places > sdk_most_places && places / usual > things;
+}
+
 // Assemblies or compounds within each other. Deeper ones would take more than the stack of a thread.
 inline constexpr int sdk_deepest_nest = 1000;
 

@@ -97,7 +97,8 @@ sdkResult check(Handle(Interface_InterfaceModel) const & model, Uses const & use
     if (nest.depth() > sdk_deepest_nest) {
         return sdkResult::too_big(sdk_too_deep(file, nest.depth()));
     }
-    if (auto const places = nest.largest_spread(); places > sdk_most_places) {
+    if (auto const places = nest.largest_spread();
+        sdk_too_many(places, static_cast<std::int64_t>(things.size()))) {
         return sdkResult::too_big(sdk_too_many_places(file, places));
     }
     return sdkResult::completed();
