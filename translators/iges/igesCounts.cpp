@@ -27,6 +27,13 @@ std::optional<std::int64_t> iges_lying_count(igesParameters const & parameters)
             return at(place.parameter);
         }
     }
+    // The library has no lists for what has none, and asks them all the same.
+    constexpr int first_of_solids = 502;
+    constexpr int last_of_solids = 514;
+    if (parameters.type >= first_of_solids && parameters.type <= last_of_solids &&
+        at(parameters.type == 510 ? 2 : 1) == 0) {
+        return 0;
+    }
     if (parameters.type == 126 && (at(2) < 0 || at(2) > largest_degree)) {
         return at(2);
     }

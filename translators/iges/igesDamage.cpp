@@ -49,7 +49,7 @@ public:
         }
         // A shell may name faces that the file does not have.
         for (int number = 1; number <= m_model->NbEntities(); ++number) {
-            if (auto const entity = m_model->Entity(number); iges_has_gaps(entity) && !damaged(entity)) {
+            if (auto const entity = m_model->Entity(number); !damaged(entity) && iges_has_gaps(entity)) {
                 m_holders.emplace(entity.get(), entity);
             }
         }

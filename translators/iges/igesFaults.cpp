@@ -42,8 +42,8 @@ bool lists(Handle(IGESSolid_VertexList) const & list, int index)
 std::string edge_list_fault(IGESSolid_EdgeList const & list)
 {
     for (int edge = 1; edge <= list.NbEdges(); ++edge) {
-        if (list.Curve(edge).IsNull()) {
-            return nothing_there;
+        if (!is_curve(list.Curve(edge))) {
+            return list.Curve(edge).IsNull() ? nothing_there : no_curve;
         }
         if (!lists(list.StartVertexList(edge), list.StartVertexIndex(edge)) ||
             !lists(list.EndVertexList(edge), list.EndVertexIndex(edge))) {
@@ -62,6 +62,11 @@ std::string loop_fault(IGESSolid_Loop const & loop)
         if (loop.EdgeType(edge) == 1 ? !lists(vertices, index)
                                      : edges.IsNull() || index < 1 || index > edges->NbEdges()) {
             return not_listed;
+        }
+        for (int curve = 1; curve <= loop.NbParameterCurves(edge); ++curve) {
+            if (!is_curve(loop.ParametricCurve(edge, curve))) {
+                return no_curve;
+            }
         }
     }
     return {};

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::size_t data_columns = 64;
 constexpr std::size_t letter_column = 72;
+constexpr std::size_t pointer_columns = 8; // in front of it, in the parameter section
 
 std::int64_t whole_number(std::string_view text)
 {
@@ -69,11 +70,15 @@ public:
 
     void add(std::string_view record)
     {
-        auto const letter = record[letter_column];
+        auto const column = column_of_letter(record);
+        if (column == std::string_view::npos) {
+            return;
+        }
+        auto const letter = record[column];
         if (letter == 'G' && m_global.size() < 2 * data_columns) {
             m_global += record.substr(0, letter_column);
         } else if (letter == 'P') {
-            auto const directory = whole_number(record.substr(data_columns, letter_column - data_columns));
+            auto const directory = whole_number(record.substr(column - pointer_columns, pointer_columns));
             if (directory != m_directory) {
                 finish();
                 m_directory = directory;
@@ -91,6 +96,17 @@ public:
     }
 
 private:
+    // Records that were shifted are read by the library as well.
+    static std::size_t column_of_letter(std::string_view record)
+    {
+        constexpr std::string_view letters = "SGDPT";
+        if (record.size() > letter_column && letters.find(record[letter_column]) != std::string_view::npos) {
+            return letter_column;
+        }
+        auto const column = record.find_last_of(letters);
+        return column != std::string_view::npos && column >= data_columns ? column : std::string_view::npos;
+    }
+
     void read()
     {
         auto const [parameter, record] = delimiters_of(m_global);
@@ -157,9 +173,7 @@ void iges_each_parameters(std::string_view text, std::function<void(igesParamete
     Section section(take);
     while (!text.empty()) {
         auto const length = std::min(text.find('\n'), text.size());
-        if (length > letter_column) {
-            section.add(text.substr(0, length));
-        }
+        section.add(text.substr(0, length));
         text.remove_prefix(std::min(length + 1, text.size()));
     }
     section.finish();

@@ -1,5 +1,6 @@
 #include "step/stepDamage.h"
 
+#include "step/stepDefuse.h"
 #include "step/stepFaults.h"
 #include "step/stepHolders.h"
 
@@ -72,6 +73,7 @@ void stepDamage::seed_faults(Excused const & excused)
 void stepDamage::add(Entity const & entity, Cause const & cause)
 {
     if (m_causes.emplace(entity.get(), cause).second) {
+        step_defuse(entity);
         m_waiting.push_back(entity);
     }
 }

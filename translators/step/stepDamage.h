@@ -2,7 +2,7 @@
 
 #include "sdk/sdkContext.h"
 #include "sdk/sdkResult.h"
-#include "step/stepNumbers.h"
+#include "step/stepTextFaults.h"
 
 #include <Standard_Handle.hxx>
 

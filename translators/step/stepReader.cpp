@@ -14,14 +14,16 @@
 #include "step/stepInventory.h"
 #include "step/stepLayers.h"
 #include "step/stepMappings.h"
-#include "step/stepNumbers.h"
 #include "step/stepOperators.h"
 #include "step/stepProducts.h"
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepSourceFindings.h"
 #include "step/stepStructure.h"
+#include "step/stepStyleDamage.h"
+#include "step/stepTextFaults.h"
 #include "step/stepValidationCheck.h"
+#include "step/stepWorkLibrary.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPCAFControl_ExternFile.hxx>
@@ -84,6 +86,8 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     file.advance(range);
     std::istream stream(&file);
     auto & reader = m_reader->ChangeReader();
+    auto const faults = step_text_faults(file.text());
+    reader.WS()->SetLibrary(new stepWorkLibrary(faults.empty_lists));
     auto const status = reader.ReadStream(path.c_str(), stream);
     if (file.cancelled()) {
         return sdkResult::cancelled();
@@ -102,10 +106,11 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                settled.count(entity.get()) > 0;
     };
     sdk_report_load(reader.WS(), m_context, made_good);
-    stepDamage damage(reader.WS(), step_bad_numbers(file.text()), made_good, m_context);
+    stepDamage damage(reader.WS(), faults.numbers, made_good, m_context);
     if (auto result = damage.take_out(); !result) {
         return result;
     }
+    step_drop_damaged_styles(reader.WS());
     if (auto result = step_check_structure(reader.WS(), m_context.file()); !result) {
         return result;
     }

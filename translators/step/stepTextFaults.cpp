@@ -1,4 +1,4 @@
-#include "step/stepNumbers.h"
+#include "step/stepTextFaults.h"
 
 #include "sdk/sdkLimits.h"
 
@@ -48,7 +48,7 @@ class Scan {
 public:
     explicit Scan(std::string_view text) : m_text(text) {}
 
-    std::vector<stepBadNumber> run()
+    stepTextFaults run()
     {
         while (m_at < m_text.size()) {
             step();
@@ -60,6 +60,10 @@ private:
     void step()
     {
         char const character = m_text[m_at];
+        if (is_space(character)) {
+            ++m_at;
+            return;
+        }
         if (is_digit(character) || character == '-' || character == '+') {
             number();
         } else if (is_word(character)) {
@@ -67,6 +71,7 @@ private:
         } else {
             mark(character);
         }
+        m_before = character;
     }
 
     void mark(char character)
@@ -92,9 +97,14 @@ private:
             break;
         case '(':
             ++m_depth;
+            // Behind the name of a type they hold its parameters, which may be none.
+            m_list = m_before == ',' || m_before == '(';
             break;
         case ')':
             --m_depth;
+            if (m_before == '(' && m_list) {
+                m_found.empty_lists.insert(instance());
+            }
             break;
         default:
             break;
@@ -147,24 +157,32 @@ private:
 
     void add(std::string_view token)
     {
+        m_found.numbers.push_back({instance(), std::string(token.substr(0, shown))});
+    }
+
+    // The number of the one that the text is about here.
+    int instance() const
+    {
         auto const mark = m_text.find('#', m_statement);
-        int entity = 0;
+        int number = 0;
         if (mark < m_at) {
-            std::from_chars(m_text.data() + mark + 1, m_text.data() + m_at, entity);
+            std::from_chars(m_text.data() + mark + 1, m_text.data() + m_at, number);
         }
-        m_found.push_back({entity, std::string(token.substr(0, shown))});
+        return number;
     }
 
     std::string_view m_text;
     std::size_t m_at = 0;
     std::size_t m_statement = 0;
     int m_depth = 0;
-    std::vector<stepBadNumber> m_found;
+    bool m_list = false; // the last parenthesis was that of a list
+    stepTextFaults m_found;
+    char m_before = 0; // the last mark that was no space
 };
 
 } // namespace
 
-std::vector<stepBadNumber> step_bad_numbers(std::string_view text)
+stepTextFaults step_text_faults(std::string_view text)
 {
     return Scan(text).run();
 }
