@@ -1,5 +1,6 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostFolders.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 
@@ -11,7 +12,7 @@
 #include <cstdio>
 #include <string>
 #include <unistd.h>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -47,7 +48,10 @@ void quieten_toolkit()
 // The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
 int main(int argc, char ** argv)
 {
-    std::vector<std::string> folders(argv + 1, argv + argc);
+    hostFolders folders;
+    for (int i = 1; i < argc; ++i) {
+        folders.add(argv[i]);
+    }
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -55,11 +59,15 @@ int main(int argc, char ** argv)
     std::string problem;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
-        host_remove_folders(folders);
+        folders.remove();
         return exit_without_job;
     }
-    folders.push_back(job.staging);
-    channel.watch(folders);
+    folders.add(job.staging);
+    channel.watch(std::move(folders));
+    if (auto const entered = host_enter_staging(job); !entered) {
+        events.message(sdkStream::error, entered.text());
+        channel.finish(entered.status(), 0, 0);
+    }
     host_limit_memory(job.memory_limit);
     quieten_toolkit();
 

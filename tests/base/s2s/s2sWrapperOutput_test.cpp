@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "ap/apMarkedFolder.h"
 #include "engineKit.h"
 #include "kit/kitOrdinaryUser.h"
 #include "sdu/sduFileFunctions.h"
@@ -47,7 +48,8 @@ TEST_F(WrapperOutput, TidiesUpAfterARunThatWasKilled)
     run_script("ready\nend completed 0 0");
     auto const own = "-" + std::to_string(getpid()) + "-";
     staging.replace(staging.find(own), own.size(), "-" + std::to_string(child) + "-");
-    fs::create_directory(folder.path() / "out" / staging);
+    apMarkedFolder::make(apFolder::open(folder / "out"), staging);
+    write_text(folder.path() / "out" / staging / "half.cad", "half");
     comm.reset();
     output_stream.on_message = nullptr;
     run_script("chief x\nend completed 1 0");
@@ -180,7 +182,7 @@ TEST_F(WrapperOutput, NamesAFolderInWhichNobodyCanWrite)
 {
     EXPECT_EQ(run(translation(make_input(), "/proc/part.cad", "chief x\nend completed 1 0")), 0);
     EXPECT_EQ(details().status(), s2sThreadWriteError);
-    EXPECT_THAT(error_stream.text(), HasSubstr("older /proc"));
+    EXPECT_THAT(error_stream.text(), HasSubstr("folder /proc cannot be written to"));
 }
 
 TEST_F(WrapperOutput, NamesANameThatIsTooLong)
