@@ -183,6 +183,13 @@ TEST_F(WrapperOutput, NamesAFolderInWhichNobodyCanWrite)
     EXPECT_THAT(error_stream.text(), HasSubstr("folder /proc cannot be written to"));
 }
 
+TEST_F(WrapperOutput, SaysThatTheOutputHasNoName)
+{
+    EXPECT_EQ(run(translation(make_input(), "", "chief x\nend completed 1 0")), 0);
+    EXPECT_EQ(details().status(), s2sThreadWriteError);
+    EXPECT_EQ(error_stream.text(), "There is no name for the output file. Give one.\n");
+}
+
 TEST_F(WrapperOutput, NamesANameThatIsTooLong)
 {
     EXPECT_EQ(run(translation(make_input(), folder / "out/" + std::string(300, 'n'), "end completed 1 0")),
