@@ -7,6 +7,7 @@
 #include "ap/apPosixOperations.h"
 #include "ap/apStringCompareInsensitive.h"
 #include "ap/apStringUTF8Encoding.h"
+#include "s2s/s2sMessage.h"
 #include "s2s/s2sTranslatorLoader.h"
 #include "sdb/sdbAppDirMap.h"
 #include "sdb/sdbTranslatorDlls.h"
@@ -19,6 +20,8 @@ public:
     cmpInstallation();
 
     sdbTranslatorDlls const & formats() const { return *m_input; } ///< those that can be read
+    /// Why the user's formats are left out; none when they are not.
+    s2sFailure left_out() const;
     std::vector<std::string> language_folders() const;
     std::string host_program() const;
 

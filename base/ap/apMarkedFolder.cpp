@@ -1,6 +1,7 @@
 #include "ap/apMarkedFolder.h"
 
 #include <cerrno>
+#include <cstdio>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -116,8 +117,17 @@ bool apMarkedFolder::lock() const
     return ::flock(m_mark.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
+bool apMarkedFolder::set_kept(bool kept) const
+{
+    int const folder = m_folder.descriptor();
+    return ::renameat(folder, kept ? mark_name : kept_mark_name, folder, kept ? kept_mark_name : mark_name) ==
+           0;
+}
+
 void apMarkedFolder::remove() const
 {
+    if (m_folder.status(kept_mark_name))
+        return;
     // The thread at work may make another file while its folder is being emptied; it cannot once the folder
     // is gone.
     constexpr int attempts = 1000;

@@ -11,6 +11,8 @@
 class apMarkedFolder {
 public:
     static constexpr char const * mark_name = ".vmr-mark"; ///< not to be written to by anybody else
+    static constexpr char const * kept_mark_name =
+        ".vmr-kept"; ///< the mark's name while nobody may remove it
 
     apMarkedFolder() = default; ///< none
     /// Makes the folder `name` in `parent`. Not is_open() on failure, with the system's error in errno;
@@ -29,9 +31,12 @@ public:
     /// Takes the lock of the mark. False while another process, or another object of this one, has it, and
     /// where the file system has no locks.
     bool lock() const;
-    /// Removes the folder with all that it holds, also while another thread still writes there. Where
-    /// somebody has moved it elsewhere, it stays there and is empty. The mark goes last, so that one whose
-    /// removal is cut short is known again.
+    /// While it is kept, nobody removes the folder, also when this process is gone: what it holds may not all
+    /// be unfinished. False when the system refuses.
+    bool set_kept(bool kept) const;
+    /// Removes the folder with all that it holds, unless it is kept, also while another thread still writes
+    /// there. Where somebody has moved it elsewhere, it stays there and is empty. The mark goes last, so that
+    /// one whose removal is cut short is known again.
     void remove() const;
 
 private:

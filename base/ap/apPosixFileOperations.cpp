@@ -10,6 +10,7 @@
 
 #include "ap/apFileDescriptor.h"
 #include "ap/apFileIdentity.h"
+#include "ap/apHome.h"
 #include "ap/apStagedFile.h"
 
 namespace {
@@ -206,6 +207,8 @@ apFileResult apPosixFileOperations::make_directories(apPathName const & path) co
 {
     if (is_directory(path))
         return {};
+    if (ap_is_home(path.utf8()))
+        return apFileResult(ENOENT);
     auto const parent = path.directory();
     if (!parent.empty() && parent != path) {
         auto const result = make_directories(parent);

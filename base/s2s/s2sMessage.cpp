@@ -132,6 +132,14 @@ s2sMessage input_not_ordinary(path const & input)
                    input.native());
 }
 
+s2sMessage modules_changeable(path const & folder, path const & changeable)
+{
+    return message(
+        "engine::The translator modules in %s are left out, because other users may change %s. Take "
+        "their right to write there away and start again.\n",
+        folder.native(), changeable.native());
+}
+
 s2sMessage module_missing(path const & module)
 {
     return message("engine::The translator module %s is missing. Repair the installation.\n",

@@ -40,6 +40,7 @@ s2sMessage no_input(std::filesystem::path const & output);
 s2sMessage input_missing(std::filesystem::path const & input, std::string const & reason);
 s2sMessage input_not_a_file(std::filesystem::path const & input);
 s2sMessage input_not_ordinary(std::filesystem::path const & input);
+s2sMessage modules_changeable(std::filesystem::path const & folder, std::filesystem::path const & changeable);
 s2sMessage module_missing(std::filesystem::path const & module);
 s2sMessage manifest_unreadable(std::filesystem::path const & manifest);
 s2sMessage module_of_other_version(std::filesystem::path const & module);

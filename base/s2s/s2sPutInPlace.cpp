@@ -107,15 +107,36 @@ std::error_code carry_out(s2sStagingFolder const & staging, Move & move, bool al
     return {};
 }
 
-void take_back(s2sStagingFolder const & staging, Move const & move)
+bool take_back(s2sStagingFolder const & staging, Move const & move)
 {
     auto const name = move.file.filename().native();
     auto const from = folder_of(staging.files(), move.file);
     auto const to = folder_of(staging.place_of_output(), move.file);
     if (move.how == Move::exchanged)
-        renameat2(from.descriptor(), name.c_str(), to.descriptor(), name.c_str(), RENAME_EXCHANGE);
-    else if (move.how == Move::added)
-        renameat(to.descriptor(), name.c_str(), from.descriptor(), name.c_str());
+        return renameat2(from.descriptor(), name.c_str(), to.descriptor(), name.c_str(), RENAME_EXCHANGE) ==
+               0;
+    return move.how == Move::replaced ||
+           renameat(to.descriptor(), name.c_str(), from.descriptor(), name.c_str()) == 0;
+}
+
+/// Moves all the files or, when one of them fails, none.
+std::error_code carry_out_all(s2sStagingFolder const & staging, std::vector<Move> & all)
+{
+    bool const alone = all.size() == 1;
+    // From the first exchange on older files lie here. Were this process ended in between, nobody may take
+    // them for unfinished ones.
+    if (!alone && !staging.folder().set_kept(true))
+        return last_error();
+    std::error_code error;
+    bool back = true;
+    for (std::size_t i = 0; i < all.size() && !error; ++i) {
+        error = carry_out(staging, all[i], alone);
+        while (error && i > 0)
+            back = take_back(staging, all[--i]) && back;
+    }
+    if (!alone && back)
+        staging.folder().set_kept(false);
+    return error;
 }
 
 /// A folder that cannot be synchronised does no harm: its files are in place.
@@ -150,13 +171,8 @@ s2sFailure s2s_put_in_place(s2sStagingFolder const & staging, fs::path const & o
     for (auto const & move : all)
         if (auto const error = prepare(staging, move.file))
             return s2sMessages::output_not_in_place(output, error.message());
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (auto const error = carry_out(staging, all[i], all.size() == 1)) {
-            while (i > 0)
-                take_back(staging, all[--i]);
-            return s2sMessages::output_not_in_place(output, error.message());
-        }
-    }
+    if (auto const error = carry_out_all(staging, all))
+        return s2sMessages::output_not_in_place(output, error.message());
     make_names_last(staging, all);
     return std::nullopt;
 }

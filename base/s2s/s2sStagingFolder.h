@@ -24,7 +24,8 @@ public:
     s2sFailure create(std::filesystem::path const & output);
 
     std::filesystem::path const & path() const { return m_path; } ///< empty before create
-    apFolder const & files() const { return m_folder.folder(); }  ///< the mark is among them
+    apMarkedFolder const & folder() const { return m_folder; }
+    apFolder const & files() const { return m_folder.folder(); } ///< the mark is among them
     apFolder const & place_of_output() const
     {
         return m_folder.parent();

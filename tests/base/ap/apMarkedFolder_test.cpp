@@ -110,6 +110,22 @@ TEST_F(MarkedFolder, GoesWithAllThatItHolds)
     EXPECT_EQ(temp.read("private/file"), "mine");
 }
 
+TEST_F(MarkedFolder, StaysWhileItIsKept)
+{
+    auto const made = make();
+    auto const guarded = apMarkedFolder::open(temp / "work");
+    temp.write("work/part.mtl", "mine");
+    EXPECT_TRUE(made.set_kept(true));
+    made.remove();
+    guarded.remove();
+    EXPECT_EQ(temp.read("work/part.mtl"), "mine");
+    EXPECT_FALSE(known());
+    EXPECT_TRUE(made.set_kept(false));
+    EXPECT_TRUE(known());
+    guarded.remove();
+    EXPECT_FALSE(temp.exists("work"));
+}
+
 TEST_F(MarkedFolder, WhatTookItsPlaceStaysWhenItGoes)
 {
     auto const made = make();

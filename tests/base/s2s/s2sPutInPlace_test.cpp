@@ -45,6 +45,8 @@ TEST_F(PutInPlace, ReplacesOldFiles)
     EXPECT_FALSE(put());
     EXPECT_EQ(read_text(folder / "part.obj"), "new mesh");
     EXPECT_EQ(read_text(folder / "part.mtl"), "new colours");
+    EXPECT_THAT(names_in(staging.path()), ElementsAre(apMarkedFolder::mark_name, "part.mtl", "part.obj"))
+        << "the old files";
 }
 
 TEST_F(PutInPlace, PutsBackWhatItHasReplacedWhenALaterStepFails)
@@ -56,6 +58,7 @@ TEST_F(PutInPlace, PutsBackWhatItHasReplacedWhenALaterStepFails)
     EXPECT_EQ(failure->arguments[0], ut_text_argument(output.native()));
     EXPECT_EQ(read_text(folder / "part.mtl"), "old colours");
     EXPECT_TRUE(fs::is_directory(folder / "part.obj/in the way"));
+    EXPECT_TRUE(apMarkedFolder::open(staging.path()).is_open());
 }
 
 TEST_F(PutInPlace, TakesAwayWhatItHasAddedWhenALaterStepFails)
