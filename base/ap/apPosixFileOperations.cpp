@@ -216,8 +216,10 @@ apFileResult apPosixFileOperations::make_directories(apPathName const & path) co
             return result;
     }
     auto const result = make_directory(path);
+    if (result.error() != std::errc::file_exists)
+        return result;
     // Another process may have been faster, and a path may end in a separator.
-    return !result && is_directory(path) ? apFileResult() : result;
+    return is_directory(path) ? apFileResult() : apFileResult(ENOTDIR);
 }
 
 apPathName apPosixFileOperations::temp_directory() const
