@@ -7,6 +7,7 @@
 #include "ap/apPosixOperations.h"
 #include "ap/apStringCompareInsensitive.h"
 #include "ap/apStringUTF8Encoding.h"
+#include "s2s/s2sLimits.h"
 #include "s2s/s2sMessage.h"
 #include "s2s/s2sTranslatorLoader.h"
 #include "sdb/sdbAppDirMap.h"
@@ -24,6 +25,7 @@ public:
     s2sFailure left_out() const;
     std::vector<std::string> language_folders() const;
     std::string host_program() const;
+    s2sLimits limits() const; ///< as the user's settings say
 
 private:
     apPosixFileOperations m_files;

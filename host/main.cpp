@@ -1,8 +1,11 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostFileSize.h"
 #include "host/hostFolders.h"
+#include "host/hostLastWords.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
+#include "process/largeStack.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
@@ -13,6 +16,7 @@
 #include <string>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -43,14 +47,12 @@ void quieten_toolkit()
     }
 }
 
-} // namespace
-
 // The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
-int main(int argc, char ** argv)
+int run(std::vector<std::string> const & arguments)
 {
     hostFolders folders;
-    for (int i = 1; i < argc; ++i) {
-        folders.add(argv[i]);
+    for (auto const & argument : arguments) {
+        folders.add(argument);
     }
     ignore_signals();
     hostEvents events(take_standard_output());
@@ -63,12 +65,15 @@ int main(int argc, char ** argv)
         return exit_without_job;
     }
     folders.add(job.staging);
+    host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
+    // Before there are commands, which may allow more.
+    host_limit_memory(job.memory_limit);
+    host_limit_file_size(job.file_size_limit);
     channel.watch(std::move(folders));
     if (auto const entered = host_enter_staging(job); !entered) {
         events.message(sdkStream::error, entered.text());
         channel.finish(entered.status(), 0, 0);
     }
-    host_limit_memory(job.memory_limit);
     quieten_toolkit();
 
     auto const end = [&](auto && work) {
@@ -80,4 +85,12 @@ int main(int argc, char ** argv)
     } else {
         end(hostTranslation(job, events, channel.cancelled()));
     }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    return run_on_large_stack([&] { return run({argv + 1, argv + argc}); });
 }

@@ -228,6 +228,16 @@ TEST_F(HostVerification, WaitsForTheReaderOnlySoLong)
     EXPECT_NE(findings("not-read-back")[0]["key"].get<std::string>().find("took longer"), std::string::npos);
 }
 
+TEST_F(HostVerification, GivesTheReaderUpBeforeTheEngineWouldEndItAll)
+{
+    job.value()["patience"] = 60;
+    job.value()["silence"] = 0.5;
+    run({{"lieReads", "hang"}, {"lieChecked", "true"}});
+    EXPECT_EQ(status(), "completed");
+    EXPECT_EQ(verdict(), "not_verified");
+    EXPECT_TRUE(std::filesystem::exists(out));
+}
+
 TEST_F(HostVerification, CannotBeOfAFormatThatNobodyReads)
 {
     run({}, "DEAF");
