@@ -1,5 +1,7 @@
 #include "host/hostChannel.h"
 
+#include "host/hostStagingName.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
@@ -57,9 +59,9 @@ bool hostChannel::read_job(hostJob & job, std::string & problem)
     }
 }
 
-void hostChannel::watch(std::vector<std::string> const & folders)
+void hostChannel::watch(hostKeeper & keeper)
 {
-    m_folders = folders;
+    m_keeper = &keeper;
     m_watcher = std::thread([this] { run(); });
     m_watcher.detach();
 }
@@ -69,6 +71,7 @@ void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t 
     // Never released: whoever comes second must not end the process while the first still writes.
     m_finishing.lock();
     m_events.end(status, processed, failed);
+    m_keeper->finish();
     // Without destructors: taking documents apart costs time, and the system takes back everything at once.
     ::_exit(0);
 }
@@ -129,24 +132,25 @@ void hostChannel::take_command(std::string const & line)
     if (command == "cancel") {
         m_cancelled = true;
     } else if (command == "guard") {
-        m_folders.push_back(text_field(value, "folder"));
+        m_keeper->keep(text_field(value, "folder"));
     }
 }
 
 void hostChannel::abandon()
 {
-    host_remove_folders(m_folders);
+    m_finishing.lock();
+    m_keeper->finish();
     ::_exit(0);
 }
 
 void host_remove_folders(std::vector<std::string> const & folders)
 {
-    // The thread at work may make another file while its folder is being emptied; it cannot once the folder
+    // The host at work may make another file while its folder is being emptied; it cannot once the folder
     // is gone.
     constexpr int attempts = 1000;
     std::error_code error;
     for (auto const & folder : folders) {
-        for (int i = 0; !folder.empty() && i < attempts && std::filesystem::exists(folder, error); ++i) {
+        for (int i = 0; i < attempts && host_is_staging_folder(folder); ++i) {
             std::filesystem::remove_all(folder, error);
         }
     }

@@ -1,5 +1,7 @@
+#include "host/hostArguments.h"
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostKeeper.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 
@@ -9,12 +11,14 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
 namespace {
 
+constexpr int exit_misused = 2;
 constexpr int exit_without_job = 3;
 
 // The engine and the end of the connection decide when this process stops, not the terminal it was started
@@ -42,25 +46,45 @@ void quieten_toolkit()
     }
 }
 
+[[noreturn]] void show(hostArguments const & arguments)
+{
+    if (arguments.wish == hostArguments::Wish::help) {
+        std::printf("%s%s", host_usage, host_help);
+    } else {
+        std::printf("vmr-host %s\n", HOST_VERSION);
+    }
+    std::exit(0);
+}
+
 } // namespace
 
-// The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
 int main(int argc, char ** argv)
 {
-    std::vector<std::string> folders(argv + 1, argv + argc);
+    auto const arguments = host_read_arguments(argc, argv);
+    if (arguments.wish == hostArguments::Wish::nothing) {
+        std::fprintf(stderr, "vmr-host: %s is not understood\n%s", arguments.unknown.c_str(), host_usage);
+        return exit_misused;
+    }
+    if (arguments.wish != hostArguments::Wish::job) {
+        show(arguments);
+    }
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
     hostJob job;
     std::string problem;
+    auto folders = arguments.folders;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
-        host_remove_folders(folders);
+        if (host_engine_is_gone()) {
+            host_remove_folders(folders);
+        }
         return exit_without_job;
     }
     folders.push_back(job.staging);
-    channel.watch(folders);
+    hostKeeper keeper(folders);
     host_limit_memory(job.memory_limit);
+    channel.watch(keeper);
     quieten_toolkit();
 
     auto const end = [&](auto && work) {

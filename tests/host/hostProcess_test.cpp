@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 
 using nlohmann::json;
@@ -33,6 +34,8 @@ protected:
 
     kitTempFolder const folder;
     std::string const out = folder / "out.odd";
+    // Names as the engine gives them.
+    std::string const one = ".vmr-1f-12-aB3dEf", two = ".vmr-1f-12-000000", three = ".vmr-1f-9-zZzZzZ";
     HostRun host;
 };
 
@@ -98,52 +101,108 @@ TEST_F(HostProcess, PassesOverCommandsThatItDoesNotKnow)
 
 TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 {
-    auto const staging = folder / "staging";
-    folder.write("staging/deep/half-written", "x");
+    folder.write(one + "/deep/half-written", "x");
     auto waiting = job("Stubborn");
-    waiting.value()["staging"] = staging;
+    waiting.value()["staging"] = folder / one;
     begin(waiting);
     host.close();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_FALSE(std::filesystem::exists(staging));
+    EXPECT_FALSE(folder.exists(one));
+}
+
+TEST_F(HostProcess, RemovesTheStagingFolderAlsoWhenItIsKilledWithTheEngine)
+{
+    folder.write(one + "/half-written", "x");
+    auto waiting = job("Stubborn");
+    waiting.value()["staging"] = folder / one;
+    begin(waiting);
+    // What the host leaves behind belongs to this process then.
+    ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
+    host.signal(SIGSTOP);
+    int status = 0;
+    ASSERT_GT(::waitpid(-1, &status, WUNTRACED), 0);
+    ASSERT_TRUE(WIFSTOPPED(status));
+    host.close();
+    host.signal(SIGKILL);
+    EXPECT_TRUE(WIFSIGNALED(host.wait()));
+    while (::waitpid(-1, nullptr, 0) > 0) {
+    }
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+    EXPECT_FALSE(folder.exists(one));
 }
 
 TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 {
-    folder.write("one/file", "x");
-    folder.write("two/deep/file", "x");
-    folder.write("three/file", "x");
-    HostRun early({folder / "one", folder / "two"});
+    for (auto const & name : {one, two, three}) {
+        folder.write(name + "/deep/file", "x");
+    }
+    HostRun early({"--remove-when-alone", folder / one, "--remove-when-alone", folder / two});
     early.close();
     early.wait();
-    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+    EXPECT_FALSE(folder.exists(one));
+    EXPECT_FALSE(folder.exists(two));
+    EXPECT_TRUE(folder.exists(three));
 }
 
 TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
 {
-    folder.write("one/file", "x");
-    folder.write("two/file", "x");
-    folder.write("three/file", "x");
+    for (auto const & name : {one, two, three}) {
+        folder.write(name + "/file", "x");
+    }
     begin(job("Stubborn"));
-    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n");
-    host.send(R"({"command": "guard", "folder": ")" + folder / "two" + "\"}\n{\"command\": \"guard\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / one + "\"}\n");
+    host.send("{\"command\": \"guard\"}\n" + (R"({"command": "guard", "folder": ")" + folder / two) +
+              "\"}\n");
     host.close();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+    EXPECT_FALSE(folder.exists(one));
+    EXPECT_FALSE(folder.exists(two));
+    EXPECT_TRUE(folder.exists(three));
+}
+
+TEST_F(HostProcess, RemovesNothingThatIsNoStagingFolder)
+{
+    folder.write("results/file", "x");
+    folder.write("named/file", "x");
+    std::filesystem::create_directory_symlink(folder / "results", folder / one);
+    folder.write(two, "a file");
+    HostRun early({"--remove-when-alone", folder / "results", "--remove-when-alone", folder / one,
+                   "--remove-when-alone", folder / two});
+    auto waiting = job("Stubborn");
+    waiting.value()["staging"] = folder / "named";
+    early.send(waiting.line());
+    ASSERT_TRUE(early.next("event", "message"));
+    early.close();
+    EXPECT_TRUE(early.exits_with(0));
+    for (auto const & name : {std::string("results/file"), std::string("named/file"), one, two}) {
+        EXPECT_TRUE(folder.exists(name)) << name;
+    }
+}
+
+TEST_F(HostProcess, RemovesNothingByHand)
+{
+    folder.write(one + "/file", "x");
+    auto const run = [](std::string const & words) {
+        return WEXITSTATUS(
+            std::system((std::string(HOST_PROGRAM) + ' ' + words + " > /dev/null 2>&1").c_str()));
+    };
+    EXPECT_EQ(run("part.step " + folder / one + " < /dev/null"), 2);
+    EXPECT_EQ(run("--remove-when-alone " + folder / one + " < /dev/null"), 3);
+    EXPECT_EQ(run("--remove-when-alone " + folder / one + " --help"), 0);
+    auto named = job("Box");
+    named.value()["staging"] = folder / one;
+    EXPECT_EQ(run("< " + folder.write("job.json", named.line())), 0);
+    EXPECT_TRUE(folder.exists(one + "/file"));
 }
 
 TEST_F(HostProcess, LeavesTheFoldersThatItGuardsAloneWhenItsTranslationEnds)
 {
-    folder.write("one/file", "x");
+    folder.write(one + "/file", "x");
     begin(job("Waits"));
-    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n{\"command\": \"cancel\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / one + "\"}\n{\"command\": \"cancel\"}\n");
     host.rest();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_TRUE(std::filesystem::exists(folder / "one/file"));
+    EXPECT_TRUE(folder.exists(one + "/file"));
 }
 
 TEST_F(HostProcess, ClosesTheConnectionWithoutAnEndWhenItIsKilled)
