@@ -20,7 +20,7 @@ char const * const host_help =
     "is\n"
     "                              closed; a folder that does not have the name and the owner of one stays\n"
     "  --help                      show this and end\n"
-    "  --version                   show the version and end\n";
+    "  --version                   show the version and what protects this machine from the files, and end\n";
 
 hostArguments host_read_arguments(int argc, char const * const * argv)
 {

@@ -1,8 +1,11 @@
 #include "host/hostArguments.h"
+#include "host/hostCallFilter.h"
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
 #include "host/hostKeeper.h"
 #include "host/hostMemory.h"
+#include "host/hostProcessThread.h"
+#include "host/hostSandbox.h"
 #include "host/hostTranslation.h"
 
 #include <Message.hxx>
@@ -11,7 +14,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -51,9 +53,12 @@ void quieten_toolkit()
     if (arguments.wish == hostArguments::Wish::help) {
         std::printf("%s%s", host_usage, host_help);
     } else {
-        std::printf("vmr-host %s\n", HOST_VERSION);
+        auto const protections = host_describe(host_enter_sandbox(host_places_of_system()));
+        std::printf("vmr-host %s\n%s", HOST_VERSION, protections.c_str());
     }
-    std::exit(0);
+    std::fflush(stdout);
+    // What runs at the end of a program does not know of the sandbox.
+    ::_exit(0);
 }
 
 } // namespace
@@ -84,6 +89,9 @@ int main(int argc, char ** argv)
     folders.push_back(job.staging);
     hostKeeper keeper(folders);
     host_limit_memory(job.memory_limit);
+    host_enter_sandbox(host_places_of(job));
+    hostProcessThread thread;
+    host_refuse_processes();
     channel.watch(keeper);
     quieten_toolkit();
 
@@ -94,6 +102,6 @@ int main(int argc, char ** argv)
     if (job.comparison) {
         end(hostComparison(job, events, channel.cancelled()));
     } else {
-        end(hostTranslation(job, events, channel.cancelled()));
+        end(hostTranslation(job, events, channel.cancelled(), thread));
     }
 }
