@@ -1,6 +1,9 @@
 #include "HostRun.h"
 
 #include "kit/kitTempFolder.h"
+#include "translators/kit/kitParts.h"
+
+#include <STEPCAFControl_Writer.hxx>
 
 #include <gtest/gtest.h>
 
@@ -203,4 +206,76 @@ TEST_F(HostSandbox, KeepsTheHiddenFilesOfAHomeToItself)
         host.send(job.line());
         EXPECT_EQ(host.rest().back()["status"], status) << target;
     }
+}
+
+// An assembly whose parts are in files of their own: in its folder, below it, and above it.
+class HostSandboxAssembly : public testing::Test {
+protected:
+    HostSandboxAssembly()
+    {
+        sdkDocument document;
+        kit_add_assembly(document);
+        for (auto const & part : document.parts()) {
+            sdkDocument::set_name(part, sdkDocument::name(part) == kit_blue_name ? "Blue" : "Red");
+        }
+        std::filesystem::create_directories(folder / "in/below");
+        auto const old = std::filesystem::current_path();
+        std::filesystem::current_path(folder / "in");
+        STEPCAFControl_Writer writer;
+        writer.Transfer(document.handle(), STEPControl_AsIs, "part_");
+        writer.Write("assembly.stp");
+        std::filesystem::current_path(old);
+    }
+
+    // Moves a part, seen from the folder of the assembly, which then names it there.
+    void move_blue(std::string const & to)
+    {
+        std::filesystem::rename(folder / "in/part_Blue.stp", folder / ("in/" + to));
+        auto text = folder.read("in/assembly.stp");
+        std::string const name = "part_Blue.stp";
+        for (auto at = text.find(name); at != std::string::npos; at = text.find(name, at + to.size())) {
+            text.replace(at, name.size(), to);
+        }
+        folder.write("in/assembly.stp", text);
+    }
+
+    // The parts of findings about files that are missing.
+    std::vector<std::string> missing()
+    {
+        HostJob job;
+        job.input(folder / "in/assembly.stp", TRANSLATORS "/step.so", "STEP")
+            .output(folder.write("out/older", "").replace(folder.path().native().size(), 10, "/out/a.brep"),
+                    TRANSLATORS "/brep.so", "BREP");
+        HostRun host;
+        host.send(job.line());
+        std::vector<std::string> parts;
+        auto const events = host.rest();
+        for (auto const & event : events) {
+            if (event.value("kind", "") == "missing-file") {
+                parts.push_back(event["part"]);
+            }
+        }
+        EXPECT_EQ(events.back()["status"], "completed");
+        return parts;
+    }
+
+    kitTempFolder const folder;
+};
+
+TEST_F(HostSandboxAssembly, HasItsPartsReadBesideIt)
+{
+    EXPECT_TRUE(missing().empty());
+}
+
+TEST_F(HostSandboxAssembly, HasItsPartsReadBelowIt)
+{
+    move_blue("below/part_Blue.stp");
+    EXPECT_TRUE(missing().empty());
+}
+
+TEST_F(HostSandboxAssembly, IsToldWhichPartsLieElsewhere)
+{
+    NEEDS_LANDLOCK();
+    move_blue("../part_Blue.stp");
+    EXPECT_EQ(missing(), std::vector<std::string>{"Blue"});
 }
