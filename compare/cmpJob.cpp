@@ -149,6 +149,7 @@ std::optional<std::string> cmp_make_job(cmpOptions const & options, cmpInstallat
           std::pair("layers", options.layers), std::pair("structure", options.structure)})
         if (wanted)
             comparison[name] = *wanted;
-    json const job = {{"job", 1}, {"compare", comparison}, {"memory_limit", s2s_physical_memory()}};
+    json const job = {
+        {"job", 1}, {"compare", comparison}, {"memory_limit", s2s_memory_share(s2s_memory(), 1)}};
     return job.dump();
 }

@@ -1,5 +1,6 @@
 #include "host/hostChannel.h"
 
+#include "host/hostMemory.h"
 #include "host/hostStagingName.h"
 
 #include <nlohmann/json.hpp>
@@ -133,6 +134,10 @@ void hostChannel::take_command(std::string const & line)
         m_cancelled = true;
     } else if (command == "guard") {
         m_keeper->keep(text_field(value, "folder"));
+    } else if (command == "memory") {
+        if (auto const limit = value.find("limit"); limit != value.end() && limit->is_number_unsigned()) {
+            host_limit_memory(limit->get<std::uint64_t>());
+        }
     }
 }
 

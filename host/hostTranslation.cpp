@@ -37,7 +37,7 @@ sdkResult hostTranslation::run()
                              [this] {
                                  return hostSubject{m_file, m_writing};
                              });
-    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
+    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out()) {
         result = host_out_of_memory(m_file);
     }
     if (!result && m_output_begun) {
@@ -132,7 +132,7 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
     ::malloc_trim(0);
     m_findings.tell(context.account().findings());
     // Libraries hide that they got no memory, and what is missing then is no fault of the file.
-    if (result && m_reporter.failed() > 0 && host_memory_ran_out(m_job.memory_limit)) {
+    if (result && m_reporter.failed() > 0 && host_memory_ran_out()) {
         return host_out_of_memory(m_file);
     }
     if (!result || m_reporter.processed() == 0) {

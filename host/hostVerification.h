@@ -45,6 +45,7 @@ public:
 
 private:
     std::chrono::milliseconds limit() const;
+    bool engine_grows_impatient() const;
 
     hostJob const & m_job;
     hostEvents & m_events;

@@ -107,21 +107,23 @@ void hostWitness::ask(hostQuestion const & question)
 }
 
 hostTestimony hostWitness::answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
-                                  std::function<void(int)> const & progress)
+                                  std::function<void(int)> const & progress,
+                                  std::function<bool()> const & hopeless)
 {
     hostTestimony testimony;
     if (m_process < 0) {
         testimony.reason = sdkText("host::There is no process left to read the output back in");
         return testimony;
     }
-    auto const deadline = Clock::now() + limit;
+    auto const begun = Clock::now();
     bool ended = !m_asked;
     std::string text;
     while (!ended && !cancelled) {
-        if (Clock::now() >= deadline) {
+        auto const taken = Clock::now() - begun;
+        if (taken >= limit || hopeless()) {
             end();
             testimony.reason = sdkText("host::Reading the output back took longer than %d seconds",
-                                       std::chrono::duration_cast<std::chrono::seconds>(limit).count());
+                                       std::chrono::duration_cast<std::chrono::seconds>(taken).count());
             return testimony;
         }
         ::pollfd wait{m_answer, POLLIN, 0};

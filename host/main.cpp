@@ -2,11 +2,14 @@
 #include "host/hostCallFilter.h"
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostFileSize.h"
 #include "host/hostKeeper.h"
+#include "host/hostLastWords.h"
 #include "host/hostMemory.h"
 #include "host/hostProcessThread.h"
 #include "host/hostSandbox.h"
 #include "host/hostTranslation.h"
+#include "process/largeStack.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
@@ -61,24 +64,14 @@ void quieten_toolkit()
     ::_exit(0);
 }
 
-} // namespace
-
-int main(int argc, char ** argv)
+// The folders are removed when the engine goes away, also before it has sent a job.
+int run(std::vector<std::string> folders)
 {
-    auto const arguments = host_read_arguments(argc, argv);
-    if (arguments.wish == hostArguments::Wish::nothing) {
-        std::fprintf(stderr, "vmr-host: %s is not understood\n%s", arguments.unknown.c_str(), host_usage);
-        return exit_misused;
-    }
-    if (arguments.wish != hostArguments::Wish::job) {
-        show(arguments);
-    }
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
     hostJob job;
     std::string problem;
-    auto folders = arguments.folders;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
         if (host_engine_is_gone()) {
@@ -88,7 +81,10 @@ int main(int argc, char ** argv)
     }
     folders.push_back(job.staging);
     hostKeeper keeper(folders);
+    host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
+    // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
+    host_limit_file_size(job.file_size_limit);
     host_enter_sandbox(host_places_of(job));
     hostProcessThread thread;
     host_refuse_processes();
@@ -104,4 +100,20 @@ int main(int argc, char ** argv)
     } else {
         end(hostTranslation(job, events, channel.cancelled(), thread));
     }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    auto const arguments = host_read_arguments(argc, argv);
+    if (arguments.wish == hostArguments::Wish::nothing) {
+        std::fprintf(stderr, "vmr-host: %s is not understood\n%s", arguments.unknown.c_str(), host_usage);
+        return exit_misused;
+    }
+    if (arguments.wish != hostArguments::Wish::job) {
+        show(arguments);
+    }
+    return run_on_large_stack([&] { return run(arguments.folders); });
 }

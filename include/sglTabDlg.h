@@ -25,6 +25,7 @@ public:
 
 protected:
     void check_menus() override;
+    bool may_leave() override;
 
     wxDECLARE_EVENT_TABLE();
 

@@ -135,6 +135,11 @@ void sglTabDlg::check_menus()
     GetMenuBar()->Check(XRCID("IDM_VIEW_EXPERT"), true);
 }
 
+bool sglTabDlg::may_leave()
+{
+    return !m_batch || m_batch->may_leave();
+}
+
 void sglTabDlg::press_on_page(int on_single, int on_merge, int on_batch)
 {
     wxWindow * const page = m_notebook->GetCurrentPage();

@@ -33,6 +33,15 @@ void fail_on_critical(char const * domain, GLogLevelFlags level, char const * me
         ADD_FAILURE() << (domain ? domain : "") << ": " << message;
 }
 
+/// The newer parts of the platform give their messages to this instead. It can be set once in a process.
+GLogWriterOutput fail_on_critical_fields(GLogLevelFlags level, GLogField const * fields, gsize count, void *)
+{
+    for (gsize field = 0; field < count; ++field)
+        if (level & G_LOG_LEVEL_CRITICAL && std::string_view(fields[field].key) == "MESSAGE")
+            fail_on_critical(nullptr, level, static_cast<char const *>(fields[field].value), nullptr);
+    return g_log_writer_default(level, fields, count, nullptr);
+}
+
 /// The application object of the process, started by the first test.
 class Started {
 public:
@@ -40,12 +49,14 @@ public:
     {
         kit_have_display();
         setenv("LC_ALL", "C.UTF-8", 1);
+        setenv("XDG_CONFIG_HOME", (m_folder / "config").c_str(), 1);
         m_app = new kitApp(VMR_BUILD_TREE, m_folder / "user");
         m_app->use_display(true);
         m_app->SetExitOnFrameDelete(false);
         wxApp::SetInstance(m_app);
         kit_fail_on_assertions();
         g_log_set_default_handler(fail_on_critical, nullptr);
+        g_log_set_writer_func(fail_on_critical_fields, nullptr, nullptr);
         if (!wxEntryStart(m_argument_count, m_arguments))
             throw std::runtime_error("the toolkit does not start");
         m_app->pre_splash_screen_init();

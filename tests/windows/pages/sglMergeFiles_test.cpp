@@ -144,7 +144,7 @@ TEST_F(MergePage, AddsSeveralChosenFilesAndListsThoseOfUnknownFormat)
     kitModal boxes;
     boxes.expect([&](wxDialog * shown) {
         auto & dialog = dynamic_cast<wxFileDialog &>(*shown);
-        dialog.SetFilterIndex(4);
+        dialog.SetFilterIndex(5);
         dialog.SetPath(wxtStringConverter::to_wx(std::string_view(notes)));
         dialog.Show();
         run_until([&] { return paths(dialog).size() == 1; }, 20, "the first file");
