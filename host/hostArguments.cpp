@@ -18,7 +18,7 @@ char const * const host_help =
     "\n"
     "  --remove-when-alone FOLDER  remove this staging folder of vmr when the other end of standard input "
     "is\n"
-    "                              closed; a folder that does not have the name and the owner of one stays\n"
+    "                              closed; what no vmr of this user has made stays\n"
     "  --help                      show this and end\n"
     "  --version                   show the version and what protects this machine from the files, and end\n";
 

@@ -1,13 +1,11 @@
 #include "host/hostChannel.h"
 
 #include "host/hostMemory.h"
-#include "host/hostStagingName.h"
 
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -146,17 +144,4 @@ void hostChannel::abandon()
     m_finishing.lock();
     m_keeper->finish();
     ::_exit(0);
-}
-
-void host_remove_folders(std::vector<std::string> const & folders)
-{
-    // The host at work may make another file while its folder is being emptied; it cannot once the folder
-    // is gone.
-    constexpr int attempts = 1000;
-    std::error_code error;
-    for (auto const & folder : folders) {
-        for (int i = 0; i < attempts && host_is_staging_folder(folder); ++i) {
-            std::filesystem::remove_all(folder, error);
-        }
-    }
 }

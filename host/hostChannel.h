@@ -8,7 +8,6 @@
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 // The engine's end of the connection as seen from here: descriptor 0 with the job and its cancel, and the
 // events.
@@ -45,7 +44,3 @@ private:
     std::mutex m_finishing;
     std::thread m_watcher;
 };
-
-// Removes the folders with all that they hold, also while another process still writes there. What is no
-// staging folder of this user stays.
-void host_remove_folders(std::vector<std::string> const & folders);

@@ -1,16 +1,15 @@
 #include "host/hostKeeper.h"
 
-#include "host/hostChannel.h"
-
 #include <cerrno>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 // Takes the names of more folders, each with a zero behind it, until one is empty or the host has ended.
-void take_folders(int pipe, std::vector<std::string> & folders)
+void take_folders(int pipe, hostFolders & folders)
 {
     std::string text;
     char buffer[4096];
@@ -24,20 +23,17 @@ void take_folders(int pipe, std::vector<std::string> & folders)
             if (end == 0) {
                 return;
             }
-            folders.push_back(text.substr(0, end));
+            folders.add(text.substr(0, end));
             text.erase(0, end + 1);
         }
     }
 }
 
-[[noreturn]] void keep_until_alone(int pipe, std::vector<std::string> folders)
+[[noreturn]] void keep_until_alone(int pipe, hostFolders folders)
 {
-    // The engine sees the end of the host's lines when the host ends, and not when this does.
-    ::dup2(pipe, STDOUT_FILENO);
-    ::close_range(STDERR_FILENO + 1, ~0U, 0);
-    take_folders(STDOUT_FILENO, folders);
+    take_folders(pipe, folders);
     if (host_engine_is_gone()) {
-        host_remove_folders(folders);
+        folders.remove();
     }
     ::_exit(0);
 }
@@ -50,7 +46,7 @@ bool host_engine_is_gone()
     return ::poll(&descriptor, 1, 0) > 0 && (descriptor.revents & (POLLHUP | POLLERR)) != 0;
 }
 
-hostKeeper::hostKeeper(std::vector<std::string> const & folders)
+hostKeeper::hostKeeper(hostFolders folders)
 {
     int ends[2];
     if (::pipe(ends) != 0) {
@@ -58,7 +54,8 @@ hostKeeper::hostKeeper(std::vector<std::string> const & folders)
     }
     m_process = ::fork();
     if (m_process == 0) {
-        keep_until_alone(ends[0], folders);
+        ::close(ends[1]);
+        keep_until_alone(ends[0], std::move(folders));
     }
     ::close(ends[0]);
     m_pipe = ends[1];

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "host/hostFolders.h"
+
 #include <string>
 #include <sys/types.h>
-#include <vector>
 
 // True when the other end of standard input is closed. A file has no other end.
 bool host_engine_is_gone();
@@ -12,7 +13,7 @@ bool host_engine_is_gone();
 class hostKeeper {
 public:
     // Begins the process. To be made before there are other threads, and before the sandbox.
-    explicit hostKeeper(std::vector<std::string> const & folders);
+    explicit hostKeeper(hostFolders folders);
     hostKeeper(hostKeeper const &) = delete;
     hostKeeper & operator=(hostKeeper const &) = delete;
 

@@ -3,6 +3,7 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
 #include "host/hostFileSize.h"
+#include "host/hostFolders.h"
 #include "host/hostKeeper.h"
 #include "host/hostLastWords.h"
 #include "host/hostMemory.h"
@@ -19,7 +20,7 @@
 #include <cstdio>
 #include <string>
 #include <unistd.h>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -65,8 +66,12 @@ void quieten_toolkit()
 }
 
 // The folders are removed when the engine goes away, also before it has sent a job.
-int run(std::vector<std::string> folders)
+int run(std::vector<std::string> const & paths)
 {
+    hostFolders folders;
+    for (auto const & path : paths) {
+        folders.add(path);
+    }
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -75,12 +80,18 @@ int run(std::vector<std::string> folders)
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
         if (host_engine_is_gone()) {
-            host_remove_folders(folders);
+            folders.remove();
         }
         return exit_without_job;
     }
-    folders.push_back(job.staging);
-    hostKeeper keeper(folders);
+    folders.add(job.staging);
+    hostKeeper keeper(std::move(folders));
+    if (auto const entered = host_enter_staging(job); !entered) {
+        events.message(sdkStream::error, entered.text());
+        events.end(entered.status(), 0, 0);
+        keeper.finish();
+        return 0;
+    }
     host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
     // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);

@@ -42,6 +42,19 @@ s2sMessage output_not_a_file(path const & output)
         output.native());
 }
 
+s2sMessage output_link_of_another(path const & output)
+{
+    return message(
+        "engine::The output %s is a link that another user has made, and it is not followed. Choose another "
+        "name or folder for the output.\n",
+        output.native());
+}
+
+s2sMessage output_without_name()
+{
+    return message("engine::There is no name for the output file. Give one.\n");
+}
+
 s2sMessage output_protected(path const & output)
 {
     return message(
@@ -112,6 +125,13 @@ s2sMessage input_missing(path const & input, std::string const & reason)
 s2sMessage input_not_a_file(path const & input)
 {
     return message("engine::The input %s is a folder. Choose a file.\n", input.native());
+}
+
+s2sMessage input_not_ordinary(path const & input)
+{
+    return message("engine::The input %s is no ordinary file but a pipe, a device or the like. Write what it "
+                   "gives to a file and translate that.\n",
+                   input.native());
 }
 
 s2sMessage module_missing(path const & module)

@@ -1,5 +1,6 @@
 #include "HostRun.h"
 
+#include "ap/apMarkedFolder.h"
 #include "kit/kitTempFolder.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 using nlohmann::json;
@@ -32,6 +34,22 @@ protected:
     {
         host.send(job.line());
         ASSERT_TRUE(host.next("event", "message"));
+    }
+
+    // A folder as the engine makes it.
+    apMarkedFolder make_staging(std::string const & name) const
+    {
+        return apMarkedFolder::make(apFolder::open(folder.path()), name);
+    }
+
+    // The job, with its output in the folder.
+    HostJob job_in(std::string const & staging, std::string const & format)
+    {
+        auto made = job(format);
+        made.output(staging + "/out.odd", ODD_MODULE, "Box");
+        made.value()["staging"] = staging;
+        made.value()["output"]["final"] = out;
+        return made;
     }
 
     kitTempFolder const folder;
@@ -103,10 +121,10 @@ TEST_F(HostProcess, PassesOverCommandsThatItDoesNotKnow)
 
 TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 {
+    auto const staging = folder / one;
+    make_staging(one);
     folder.write(one + "/deep/half-written", "x");
-    auto waiting = job("Stubborn");
-    waiting.value()["staging"] = folder / one;
-    begin(waiting);
+    begin(job_in(staging, "Stubborn"));
     host.close();
     EXPECT_TRUE(host.exits_with(0));
     EXPECT_FALSE(folder.exists(one));
@@ -114,10 +132,9 @@ TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 
 TEST_F(HostProcess, RemovesTheStagingFolderAlsoWhenItIsKilledWithTheEngine)
 {
+    make_staging(one);
     folder.write(one + "/half-written", "x");
-    auto waiting = job("Stubborn");
-    waiting.value()["staging"] = folder / one;
-    begin(waiting);
+    begin(job_in(folder / one, "Stubborn"));
     // What the host leaves behind belongs to this process then.
     ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
     host.signal(SIGSTOP);
@@ -136,6 +153,7 @@ TEST_F(HostProcess, RemovesTheStagingFolderAlsoWhenItIsKilledWithTheEngine)
 TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 {
     for (auto const & name : {one, two, three}) {
+        make_staging(name);
         folder.write(name + "/deep/file", "x");
     }
     HostRun early({"--remove-when-alone", folder / one, "--remove-when-alone", folder / two});
@@ -149,6 +167,7 @@ TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
 {
     for (auto const & name : {one, two, three}) {
+        make_staging(name);
         folder.write(name + "/file", "x");
     }
     begin(job("Stubborn"));
@@ -162,27 +181,9 @@ TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
     EXPECT_TRUE(folder.exists(three));
 }
 
-TEST_F(HostProcess, RemovesNothingThatIsNoStagingFolder)
-{
-    folder.write("results/file", "x");
-    folder.write("named/file", "x");
-    std::filesystem::create_directory_symlink(folder / "results", folder / one);
-    folder.write(two, "a file");
-    HostRun early({"--remove-when-alone", folder / "results", "--remove-when-alone", folder / one,
-                   "--remove-when-alone", folder / two});
-    auto waiting = job("Stubborn");
-    waiting.value()["staging"] = folder / "named";
-    early.send(waiting.line());
-    ASSERT_TRUE(early.next("event", "message"));
-    early.close();
-    EXPECT_TRUE(early.exits_with(0));
-    for (auto const & name : {std::string("results/file"), std::string("named/file"), one, two}) {
-        EXPECT_TRUE(folder.exists(name)) << name;
-    }
-}
-
 TEST_F(HostProcess, RemovesNothingByHand)
 {
+    make_staging(one);
     folder.write(one + "/file", "x");
     auto const run = [](std::string const & words) {
         return WEXITSTATUS(
@@ -197,8 +198,73 @@ TEST_F(HostProcess, RemovesNothingByHand)
     EXPECT_TRUE(folder.exists(one + "/file"));
 }
 
+TEST_F(HostProcess, RemovesNoFolderThatNoEngineHasMade)
+{
+    folder.write("results/part.odd", "mine");
+    make_staging("of another name");
+    std::filesystem::rename(folder / "of another name", folder / "renamed");
+    begin(job("Stubborn"));
+    host.send(R"({"command": "guard", "folder": ")" + folder / "results" + "\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / "renamed" + "\"}\n");
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(folder.exists("renamed"));
+
+    HostRun early({"--remove-when-alone", folder / "results", "--remove-when-alone", folder / "renamed"});
+    early.close();
+    early.wait();
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(folder.exists("renamed"));
+}
+
+TEST_F(HostProcess, RemovesWhatItWasGivenAndNotWhatTookItsPlace)
+{
+    make_staging("staging");
+    folder.write("results/part.odd", "mine");
+    begin(job_in(folder / "staging", "Stubborn"));
+    std::filesystem::rename(folder / "staging", folder / "away");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "away"));
+}
+
+TEST_F(HostProcess, WritesIntoItsFolderWhateverTakesTheFoldersPlace)
+{
+    make_staging("staging");
+    folder.write("results/out.odd", "mine");
+    ASSERT_EQ(::mkfifo((folder / "in.odd").c_str(), 0600), 0);
+    auto released = job_in(folder / "staging", "Released");
+    released.value()["inputs"][0]["file"] = folder / "in.odd";
+    begin(released);
+    std::filesystem::rename(folder / "staging", folder / "away");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    std::ofstream(folder / "in.odd").close();
+    EXPECT_EQ(host.rest().back()["status"], "completed");
+    EXPECT_EQ(folder.read("results/out.odd"), "mine");
+    EXPECT_EQ(folder.read("away/out.odd"), "Point");
+}
+
+TEST_F(HostProcess, WritesNothingWhereSomethingElseHasTakenThePlaceOfItsFolder)
+{
+    folder.write("results/out.odd", "mine");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    for (auto const name : {"staging", "results"}) {
+        HostRun fresh;
+        fresh.send(job_in(folder / name, "Box").line());
+        auto const events = fresh.rest();
+        ASSERT_GE(events.size(), 2U);
+        EXPECT_EQ(events.back()["status"], "write_error");
+        EXPECT_EQ(events[0]["args"], json({out, folder / name}));
+        EXPECT_EQ(folder.read("results/out.odd"), "mine");
+    }
+}
+
 TEST_F(HostProcess, LeavesTheFoldersThatItGuardsAloneWhenItsTranslationEnds)
 {
+    make_staging(one);
     folder.write(one + "/file", "x");
     begin(job("Waits"));
     host.send(R"({"command": "guard", "folder": ")" + folder / one + "\"}\n{\"command\": \"cancel\"}\n");
