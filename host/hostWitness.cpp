@@ -1,6 +1,7 @@
 #include "host/hostWitness.h"
 
 #include "host/hostCallFilter.h"
+#include "host/hostMemory.h"
 #include "host/hostWitnessWork.h"
 
 #include <cerrno>
@@ -53,6 +54,7 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         return;
     }
     auto const parent = ::getpid();
+    auto const taken = host_memory_taken();
     m_thread.run([&] {
         m_process = ::fork();
         if (m_process != 0) {
@@ -69,6 +71,7 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
             ::close(descriptor);
         }
         host_refuse_processes();
+        host_limit_memory_of_fork(taken);
         // Not taken apart at the end: the end of the process does that faster.
         hostWitnessWork work(document, evidence, question[0], answer[1]);
         work.run();

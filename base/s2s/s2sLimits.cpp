@@ -71,11 +71,16 @@ s2sLimits s2s_limits(sduStartupInfo const & settings)
     return limits;
 }
 
+std::uint64_t s2s_allowed_memory(s2sLimits const & limits, int hosts)
+{
+    return limits.memory > 0 ? limits.memory : s2s_memory_share(s2s_memory(), hosts);
+}
+
 s2sAllowance s2s_allowance(s2sLimits const & limits, s2sTranslationElements const & elements,
                            fs::path const & folder, int hosts)
 {
     s2sAllowance allowance;
-    allowance.memory = limits.memory > 0 ? limits.memory : s2s_memory_share(s2s_memory(), hosts);
+    allowance.memory = s2s_allowed_memory(limits, hosts);
     allowance.file_size = limits.output_size > 0 ? limits.output_size : room_in(folder);
     if (limits.patience > seconds(0))
         allowance.patience = std::chrono::ceil<milliseconds>(std::chrono::duration<double>(limits.patience) *

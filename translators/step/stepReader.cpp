@@ -7,6 +7,7 @@
 #include "step/stepActor.h"
 #include "step/stepContextStyles.h"
 #include "step/stepCopiedStyles.h"
+#include "step/stepDamage.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInstances.h"
@@ -18,7 +19,11 @@
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepSourceFindings.h"
+#include "step/stepStructure.h"
+#include "step/stepStyleDamage.h"
+#include "step/stepTextFaults.h"
 #include "step/stepValidationCheck.h"
+#include "step/stepWorkLibrary.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPCAFControl_ExternFile.hxx>
@@ -81,6 +86,8 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     file.advance(range);
     std::istream stream(&file);
     auto & reader = m_reader->ChangeReader();
+    auto const faults = step_text_faults(file.text());
+    reader.WS()->SetLibrary(new stepWorkLibrary(faults.empty_lists));
     auto const status = reader.ReadStream(path.c_str(), stream);
     if (file.cancelled()) {
         return sdkResult::cancelled();
@@ -92,12 +99,26 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     m_links = stepTextualLinks(reader.StepModel(), file.text());
+    m_losses = step_count_losses(reader.StepModel());
+    if (m_losses.has_pmi()) {
+        m_pmi = std::make_shared<stepPmiSource>(file.text());
+    }
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());
-    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
+    auto const made_good = [&](auto const & entity) {
         return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
-               settled.count(entity.get()) > 0;
-    });
+               settled.count(entity.get()) > 0 ||
+               (m_pmi && m_pmi->has(reader.StepModel()->IdentLabel(entity)));
+    };
+    sdk_report_load(reader.WS(), m_context, made_good);
+    stepDamage damage(reader.WS(), faults.numbers, made_good, m_context);
+    if (auto result = damage.take_out(); !result) {
+        return result;
+    }
+    step_drop_damaged_styles(reader.WS());
+    if (auto result = step_check_structure(reader.WS(), m_context.file()); !result) {
+        return result;
+    }
     if (!completed.empty()) {
         m_context.account().add(
             {.kind = "not-standard",
@@ -178,8 +199,12 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return without_shapes();
     }
     step_report_units(m_reader->Reader().Model(), m_context);
-    findings.take(m_reader->Reader().WS(), instances);
-    step_check_validation(*m_reader, document, m_context);
+    findings.take(m_reader->Reader().WS(), instances, m_losses);
+    if (m_pmi) {
+        m_pmi->take_shapes(*m_reader);
+        step_add_annotations(document, m_pmi);
+    }
+    step_check_validation(*m_reader, m_pmi.get(), document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),
