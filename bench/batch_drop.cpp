@@ -12,7 +12,7 @@
 #include <cstdio>
 #include <fstream>
 #include <wx/dnd.h>
-#include <wx/listbox.h>
+#include <wx/listctrl.h>
 #include <wx/notebook.h>
 #include <wx/wx.h>
 #include <wx/xrc/xmlres.h>
@@ -54,7 +54,7 @@ int run(int count)
     notebook->AddPage(page, "Batch");
     frame->Show();
     process_events(50);
-    auto * const list = XRCCTRL(*page, "IDC_BATCH_BATCH_LIST", wxListBox);
+    auto * const list = XRCCTRL(*page, "IDC_BATCH_BATCH_LIST", wxListCtrl);
     auto * const target = dynamic_cast<wxFileDropTarget *>(list->GetDropTarget());
 
     // The first file brings what is there once and stays.
@@ -71,8 +71,8 @@ int run(int count)
     auto const queued = benchClock::now();
     process_events(5);
     ticker.Stop();
-    if (static_cast<int>(list->GetCount()) != count + 1) {
-        std::printf("%u of %d files are in the list\n", list->GetCount(), count + 1);
+    if (list->GetItemCount() != count + 1) {
+        std::printf("%d of %d files are in the list\n", list->GetItemCount(), count + 1);
         return 1;
     }
     std::printf(

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "kit/benchSilence.h"
 #include "kit/kitTempFolder.h"
 #include "s2s/s2sBatchWrapper.h"
 #include "s2s/s2sHostProgram.h"
@@ -17,17 +18,12 @@
 #include "s2s/s2sVmr2vmr.h"
 #include "s2s/s2sWrapper.h"
 #include "vmr/vmrabsAppInfo.h"
-#include "vmr/vmrabsOutput.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr int entries = 40;
-
-struct Silence : vmrabsOutput {
-    void write(char const *, char const *, utTextArguments const &) override {}
-};
 
 std::vector<std::string> files_of(int argc, char ** argv)
 {
@@ -66,7 +62,7 @@ int main(int argc, char ** argv)
 
     s2sVmr2vmr context;
     s2sThreadComm comm(nullptr);
-    Silence silence;
+    benchSilence silence;
     int failed = 0;
     auto const one = [&](s2sTranslationElements const & translation) {
         comm.reset();

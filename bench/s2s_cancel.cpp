@@ -6,21 +6,17 @@
 
 #include <benchmark/benchmark.h>
 
+#include "kit/benchSilence.h"
 #include "kit/kitTempFolder.h"
 #include "s2s/s2sHostProgram.h"
 #include "s2s/s2sThreadComm.h"
 #include "s2s/s2sVmr2vmr.h"
 #include "s2s/s2sWrapper.h"
 #include "vmr/vmrabsAppInfo.h"
-#include "vmr/vmrabsOutput.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-struct Silence : vmrabsOutput {
-    void write(char const *, char const *, utTextArguments const &) override {}
-};
 
 std::string file;
 
@@ -38,7 +34,7 @@ void cancel(benchmark::State & state)
     for (auto _ : state) {
         s2sVmr2vmr context;
         s2sThreadComm comm(nullptr);
-        Silence output, error;
+        benchSilence output, error;
         s2sWrapper const translation(context, info, comm, nullptr, &output, &error, elements);
         std::thread worker([&] { translation.run(); });
         while (comm.progress() < state.range(0) && !comm.threadHasDied())

@@ -31,9 +31,8 @@ class Translation:
         output["options"]["vmrOptVerify"] = verify
         self.job = json.dumps({"job": 1, "inputs": [side(str(pathlib.Path(file).resolve()), "STEP")], "output": output})
 
-    def start(self):
-        process = subprocess.Popen([self.host], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL, text=True)
+    def start(self, events=subprocess.DEVNULL):
+        process = subprocess.Popen([self.host], stdin=subprocess.PIPE, stdout=events, stderr=subprocess.DEVNULL, text=True)
         process.stdin.write(self.job + "\n")
         process.stdin.flush()
         return process
@@ -44,6 +43,14 @@ class Translation:
         if process.wait() != 0:
             sys.exit("a translation failed")
         process.stdin.close()
+
+    def verdict(self):
+        """What the translation ends with; None where nobody looks at the output."""
+        with tempfile.TemporaryFile("w+") as said:
+            self.end(self.start(said))
+            said.seek(0)
+            events = [json.loads(line) for line in said]
+        return next((event["verdict"] for event in events if event["event"] == "verdict"), None)
 
     def seconds(self):
         begin = time.perf_counter()
@@ -92,7 +99,8 @@ def main():
             for translator in FORMATS:
                 none = Translation(program, file, translator, "none", folder)
                 full = Translation(program, file, translator, "full", folder)
-                none.seconds(), full.seconds()
+                if none.verdict() is not None or full.verdict() in (None, "not_verified"):
+                    sys.exit(f"{file} to {translator}: what is measured is not what was asked for")
                 without, with_all = [], []
                 for _ in range(RUNS):
                     without.append(none.seconds())

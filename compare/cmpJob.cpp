@@ -8,7 +8,6 @@
 
 #include "compare/cmpInstallation.h"
 #include "compare/cmpTexts.h"
-#include "s2s/s2sMemory.h"
 
 namespace fs = std::filesystem;
 
@@ -149,6 +148,7 @@ std::optional<std::string> cmp_make_job(cmpOptions const & options, cmpInstallat
           std::pair("layers", options.layers), std::pair("structure", options.structure)})
         if (wanted)
             comparison[name] = *wanted;
-    json const job = {{"job", 1}, {"compare", comparison}, {"memory_limit", s2s_physical_memory()}};
+    json const job = {
+        {"job", 1}, {"compare", comparison}, {"memory_limit", s2s_allowed_memory(installation.limits(), 1)}};
     return job.dump();
 }

@@ -7,6 +7,7 @@
 #include "compare/cmpRun.h"
 #include "compare/cmpTable.h"
 #include "compare/cmpTexts.h"
+#include "process/largeStack.h"
 
 namespace {
 
@@ -33,9 +34,7 @@ int show(cmpReport const & report, cmpOptions const & options, cmpTexts const & 
     return report.exit_status();
 }
 
-} // namespace
-
-int main(int argc, char ** argv)
+int run(int argc, char ** argv)
 {
     cmpInstallation const installation;
     cmpTexts const texts(installation.language_folders());
@@ -50,4 +49,11 @@ int main(int argc, char ** argv)
     int const status = show(report, *words.options, texts);
     // What cannot be printed was not told to anybody.
     return std::cout.flush() ? status : not_compared;
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    return run_on_large_stack([&] { return run(argc, argv); });
 }

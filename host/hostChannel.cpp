@@ -1,5 +1,7 @@
 #include "host/hostChannel.h"
 
+#include "host/hostMemory.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
@@ -130,6 +132,10 @@ void hostChannel::take_command(std::string const & line)
         m_cancelled = true;
     } else if (command == "guard") {
         m_folders.push_back(text_field(value, "folder"));
+    } else if (command == "memory") {
+        if (auto const limit = value.find("limit"); limit != value.end() && limit->is_number_unsigned()) {
+            host_limit_memory(limit->get<std::uint64_t>());
+        }
     }
 }
 

@@ -65,7 +65,7 @@ hostComparison::hostComparison(hostJob const & job, hostEvents & events, std::at
 sdkResult hostComparison::run()
 {
     auto result = host_guard([this] { return compare(); }, [this] { return hostSubject{m_file, false}; });
-    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
+    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out()) {
         result = host_out_of_memory(m_file);
     }
     if (!result.text().empty()) {

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
+#include <poll.h>
 #include <unistd.h>
 
 using json = nlohmann::ordered_json;
@@ -13,7 +14,8 @@ using std::chrono::steady_clock;
 namespace {
 
 constexpr auto flush_interval = std::chrono::milliseconds(50);
-constexpr std::size_t flush_size = 64 * 1024;
+// So many lines of an interval are sent one by one.
+constexpr int most_at_once = 20;
 
 // The domain under which the engine looks up the texts of the host and of all modules.
 constexpr char const * message_domain = "vmrhost";
@@ -106,9 +108,16 @@ void hostEvents::file(std::string const & path, char const * direction)
 {
     auto const line = line_of({{"event", "file"}, {"path", path}, {"direction", direction}});
     std::lock_guard const lock(m_mutex);
+    m_file = path;
     add(line);
-    // A reader that crashes at once takes with it what has not been sent, and the file would not be known.
+    // Also one that is killed at once over the file must have named it.
     flush();
+}
+
+std::string hostEvents::current_file()
+{
+    std::lock_guard const lock(m_mutex);
+    return m_file;
 }
 
 void hostEvents::progress(int percent)
@@ -202,9 +211,28 @@ void hostEvents::pair(sdkComparedBody const & pair)
 void hostEvents::flush_if_due()
 {
     std::lock_guard const lock(m_mutex);
-    if (!m_pending.empty() && steady_clock::now() - m_flushed >= flush_interval) {
+    if (m_size > 0 && steady_clock::now() - m_flushed >= flush_interval) {
         flush();
     }
+}
+
+void hostEvents::send_last_words() noexcept
+{
+    if (::getpid() != m_process) {
+        return;
+    }
+    // Another thread may be sending; one that crashed while it did will never let go. To take a mutex without
+    // waiting is one exchange of a number, which a handler of signals may do.
+    for (int i = 0; i < 200 && !m_mutex.try_lock(); ++i) {
+        ::poll(nullptr, 0, 1);
+    }
+    send({m_pending.data(), m_size});
+}
+
+steady_clock::duration hostEvents::silent_for()
+{
+    std::lock_guard const lock(m_mutex);
+    return steady_clock::now() - m_added;
 }
 
 void hostEvents::end(sdkStatus status, std::int64_t processed, std::int64_t failed)
@@ -220,27 +248,45 @@ void hostEvents::end(sdkStatus status, std::int64_t processed, std::int64_t fail
     flush();
 }
 
-void hostEvents::add(std::string const & line)
+void hostEvents::add(std::string_view line)
 {
     if (m_ended) {
         return;
     }
-    m_pending += line;
-    if (m_pending.size() >= flush_size || steady_clock::now() - m_flushed >= flush_interval) {
+    auto const now = steady_clock::now();
+    m_added = now;
+    if (m_size + line.size() > m_pending.size()) {
+        flush();
+    }
+    if (line.size() > m_pending.size()) {
+        send(line);
+        return;
+    }
+    line.copy(m_pending.data() + m_size, line.size());
+    m_size += line.size();
+    if (now - m_interval >= flush_interval) {
+        m_interval = now;
+        m_at_once = 0;
+    }
+    if (++m_at_once <= most_at_once || now - m_flushed >= flush_interval) {
         flush();
     }
 }
 
 void hostEvents::flush()
 {
-    std::string_view rest = m_pending;
-    while (!rest.empty()) {
-        auto const written = ::write(m_descriptor, rest.data(), rest.size());
+    send({m_pending.data(), m_size});
+    m_size = 0;
+    m_flushed = steady_clock::now();
+}
+
+void hostEvents::send(std::string_view text) const noexcept
+{
+    while (!text.empty()) {
+        auto const written = ::write(m_descriptor, text.data(), text.size());
         if (written < 0 && errno != EINTR) {
             break;
         }
-        rest.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+        text.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
     }
-    m_pending.clear();
-    m_flushed = steady_clock::now();
 }

@@ -1,5 +1,7 @@
 #include "host/hostGuard.h"
 
+#include "host/hostMemory.h"
+
 #include <Standard_Failure.hxx>
 #include <Standard_OutOfMemory.hxx>
 
@@ -36,6 +38,9 @@ sdkResult host_guard(std::function<sdkResult()> const & work, std::function<host
 
 sdkResult host_out_of_memory(std::string const & file)
 {
-    return sdkResult::too_big(sdkText(
-        "host::The memory allowed does not suffice for %s; raise the limit or translate less at once", file));
+    constexpr std::uint64_t megabyte = 1024 * 1024;
+    return sdkResult::too_big(
+        sdkText("host::The memory allowed, %d MB, does not suffice for %s; close other programs, do less at "
+                "once, or raise the setting %s",
+                host_memory_limit() / megabyte, file, "translation_memory"));
 }

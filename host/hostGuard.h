@@ -14,4 +14,5 @@ struct hostSubject {
 // Does the work and turns whatever readers, writers and libraries throw into a result that names the file.
 sdkResult host_guard(std::function<sdkResult()> const & work, std::function<hostSubject()> const & subject);
 
+// Names the file and how much memory is allowed.
 sdkResult host_out_of_memory(std::string const & file);

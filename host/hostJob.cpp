@@ -45,10 +45,19 @@ void from_json(json const & value, hostComparisonJob & job)
     }
 }
 
+std::chrono::milliseconds milliseconds_of(json const & seconds)
+{
+    return std::chrono::milliseconds(std::llround(seconds.get<double>() * 1000));
+}
+
 void from_json(json const & value, hostJob & job)
 {
     job.staging = value.value("staging", std::string());
     job.memory_limit = value.value("memory_limit", std::uint64_t{0});
+    job.file_size_limit = value.value("file_size_limit", std::uint64_t{0});
+    if (auto const silence = value.find("silence"); silence != value.end()) {
+        job.silence = milliseconds_of(*silence);
+    }
     if (auto const comparison = value.find("compare"); comparison != value.end()) {
         from_json(*comparison, job.comparison.emplace());
         return;
@@ -60,7 +69,7 @@ void from_json(json const & value, hostJob & job)
     from_json(output, job.output);
     job.final_name = output.value("final", job.output.file);
     if (auto const patience = value.find("patience"); patience != value.end()) {
-        job.least_patience = std::chrono::milliseconds(std::llround(patience->get<double>() * 1000));
+        job.least_patience = milliseconds_of(*patience);
     }
 }
 

@@ -43,7 +43,11 @@ struct hostJob {
     std::string final_name;
     // Empty when the engine made none.
     std::string staging;
+    // Bytes; 0 for no limit.
     std::uint64_t memory_limit = 0;
+    std::uint64_t file_size_limit = 0;
+    // After so long without anything new the engine ends this process.
+    std::optional<std::chrono::milliseconds> silence;
     // Reading the output back may take so long, however fast it was written.
     std::chrono::milliseconds least_patience = std::chrono::seconds(5);
 };

@@ -91,6 +91,7 @@ void each_flag(Promise & promise, Visit const & visit)
     visit("ascii_names", promise.ascii_names);
     visit("hidden", promise.hidden);
     visit("checked", promise.checked);
+    visit("annotations", promise.annotations);
 }
 
 } // namespace
@@ -101,7 +102,8 @@ std::string host_write_question(hostQuestion const & question)
                   {"shown", question.shown},
                   {"deflection", question.promise.deflection},
                   {"triangles", question.promise.triangles},
-                  {"read_back", question.promise.read_back}};
+                  {"read_back", question.promise.read_back},
+                  {"lost_annotations", question.promise.lost_annotations}};
     each_flag(question.promise, [&](char const * name, bool flag) { value[name] = flag; });
     return line_of(value);
 }
@@ -115,6 +117,7 @@ hostQuestion host_read_question(std::string const & line)
     value.at("deflection").get_to(question.promise.deflection);
     value.at("triangles").get_to(question.promise.triangles);
     value.at("read_back").get_to(question.promise.read_back);
+    value.at("lost_annotations").get_to(question.promise.lost_annotations);
     each_flag(question.promise, [&](char const * name, bool & flag) { value.at(name).get_to(flag); });
     return question;
 }

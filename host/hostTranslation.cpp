@@ -6,13 +6,16 @@
 #include "host/hostModule.h"
 #include "host/hostProgress.h"
 #include "host/hostReading.h"
+#include "sdk/sdkAnnotations.h"
 #include "sdk/sdkFiles.h"
 
 #include <Message_ProgressScope.hxx>
 
+#include <algorithm>
 #include <filesystem>
 #include <malloc.h>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -37,7 +40,7 @@ sdkResult hostTranslation::run()
                              [this] {
                                  return hostSubject{m_file, m_writing};
                              });
-    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out(m_job.memory_limit)) {
+    if (!result && result.status() != sdkStatus::cancelled && host_memory_ran_out()) {
         result = host_out_of_memory(m_file);
     }
     if (!result && m_output_begun) {
@@ -47,6 +50,7 @@ sdkResult hostTranslation::run()
     if (!result.text().empty()) {
         m_reporter.message(sdkStream::error, result.text());
     }
+    m_findings.tell(std::exchange(m_annotations, {}));
     if (!result || m_reporter.processed() == 0) {
         m_verification.conclude_without_output(result.status(), m_findings, m_reporter);
     }
@@ -97,11 +101,21 @@ sdkResult hostTranslation::read(hostFile const & input, sdkDocument & document,
     m_file = input.file;
     m_events.file(input.file, "reading");
     hostReading reading(input, m_reporter);
+    auto const annotations = sdk_annotations(document).size();
     auto result = reading.read(document, range, [this](auto const & problems) { tell(problems); });
     if (reading.contents()) {
         m_findings.record(*reading.contents());
     }
-    m_findings.tell(reading.findings());
+    auto findings = reading.findings();
+    if (sdk_annotations(document).size() > annotations) {
+        // The writer may keep what it has been given.
+        auto const lost = std::stable_partition(findings.begin(), findings.end(), [](auto const & finding) {
+            return finding.kind != "annotation";
+        });
+        m_annotations.insert(m_annotations.end(), lost, findings.end());
+        findings.erase(lost, findings.end());
+    }
+    m_findings.tell(findings);
     return result;
 }
 
@@ -130,9 +144,13 @@ sdkResult hostTranslation::write(sdkDocument & document, Message_ProgressRange c
                                    });
     // What the writer holds is not needed while the output is read back, and its memory is.
     ::malloc_trim(0);
+    auto const annotations = std::exchange(m_annotations, {});
+    if (!context.promise().annotations) {
+        m_findings.tell(annotations);
+    }
     m_findings.tell(context.account().findings());
     // Libraries hide that they got no memory, and what is missing then is no fault of the file.
-    if (result && m_reporter.failed() > 0 && host_memory_ran_out(m_job.memory_limit)) {
+    if (result && m_reporter.failed() > 0 && host_memory_ran_out()) {
         return host_out_of_memory(m_file);
     }
     if (!result || m_reporter.processed() == 0) {

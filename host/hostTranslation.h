@@ -49,6 +49,8 @@ private:
     std::atomic<bool> const & m_cancelled;
     hostReporter m_reporter;
     hostFindings m_findings;
+    // Told only if the writer does not keep what they call lost.
+    std::vector<sdkFinding> m_annotations;
     hostVerification m_verification;
     std::set<std::string> m_told; // problems of options
     std::string m_file;

@@ -63,6 +63,12 @@ std::chrono::milliseconds hostVerification::limit() const
         std::max<std::chrono::steady_clock::duration>(patience * writing, m_job.least_patience));
 }
 
+// The output is written and good; it must not be lost because its witness is slow.
+bool hostVerification::engine_grows_impatient() const
+{
+    return m_job.silence && m_events.silent_for() >= *m_job.silence * 9 / 10;
+}
+
 void hostVerification::ask(sdkContext const & writer)
 {
     if (m_witness) {
@@ -81,7 +87,8 @@ sdkResult hostVerification::conclude(sdkContext & writer, hostFindings & finding
     if (m_readable) {
         Message_ProgressScope scope(range, nullptr, 100);
         testimony = m_witness->answer(
-            m_limit, m_cancelled, [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); });
+            m_limit, m_cancelled, [&](int percent) { scope.Next(std::max(0.0, percent - scope.Value())); },
+            [this] { return engine_grows_impatient(); });
         m_witness.reset();
         if (m_cancelled) {
             return sdkResult::cancelled();

@@ -44,6 +44,7 @@ public:
 
 private:
     std::chrono::milliseconds limit() const;
+    bool engine_grows_impatient() const;
 
     hostJob const & m_job;
     hostEvents & m_events;

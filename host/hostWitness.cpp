@@ -1,5 +1,6 @@
 #include "host/hostWitness.h"
 
+#include "host/hostMemory.h"
 #include "host/hostWitnessWork.h"
 
 #include <cerrno>
@@ -64,6 +65,7 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         for (int const descriptor : own_descriptors) {
             ::close(descriptor);
         }
+        host_limit_memory_of_fork();
         // Not taken apart at the end: the end of the process does that faster.
         hostWitnessWork work(document, evidence, question[0], answer[1]);
         work.run();
@@ -102,21 +104,23 @@ void hostWitness::ask(hostQuestion const & question)
 }
 
 hostTestimony hostWitness::answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
-                                  std::function<void(int)> const & progress)
+                                  std::function<void(int)> const & progress,
+                                  std::function<bool()> const & hopeless)
 {
     hostTestimony testimony;
     if (m_process < 0) {
         testimony.reason = sdkText("host::There is no process left to read the output back in");
         return testimony;
     }
-    auto const deadline = Clock::now() + limit;
+    auto const begun = Clock::now();
     bool ended = !m_asked;
     std::string text;
     while (!ended && !cancelled) {
-        if (Clock::now() >= deadline) {
+        auto const taken = Clock::now() - begun;
+        if (taken >= limit || hopeless()) {
             end();
             testimony.reason = sdkText("host::Reading the output back took longer than %d seconds",
-                                       std::chrono::duration_cast<std::chrono::seconds>(limit).count());
+                                       std::chrono::duration_cast<std::chrono::seconds>(taken).count());
             return testimony;
         }
         ::pollfd wait{m_answer, POLLIN, 0};

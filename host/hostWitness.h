@@ -36,11 +36,13 @@ public:
     // Asks, once, and returns at once.
     void ask(hostQuestion const & question);
 
-    // Waits for the answer, at most for so long; `progress` gets numbers from 0 to 100. A witness that
-    // crashes, that takes longer or that there is none of gives a testimony without a reading, with the
-    // reason. A cancelled one is empty.
-    hostTestimony answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
-                         std::function<void(int)> const & progress);
+    // Waits for the answer, at most for so long, and not when `hopeless` says so; `progress` gets numbers
+    // from 0 to 100. A witness that crashes, that takes longer or that there is none of gives a testimony
+    // without a reading, with the reason. A cancelled one is empty.
+    hostTestimony answer(
+        std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,
+        std::function<void(int)> const & progress,
+        std::function<bool()> const & hopeless = [] { return false; });
 
 private:
     hostTestimony testimony_from(std::string const & line) const;

@@ -1,6 +1,7 @@
 #include "host/hostWitnessWork.h"
 
 #include "host/hostModule.h"
+#include "sdk/measure/sdkAnnotationComparison.h"
 #include "sdk/measure/sdkComparison.h"
 #include "sdk/measure/sdkMeshComparison.h"
 #include "sdk/measure/sdkSourceFaults.h"
@@ -229,6 +230,7 @@ std::optional<std::vector<sdkFinding>> hostWitnessWork::attempt(hostQuestion con
         promise.deflection = promise.holds.surfaces ? 0 : sdk_usual_deflection;
     }
     auto findings = sdk_compare(from, measured, {.tolerances = {}, .promise = promise});
+    sdk_compare_annotations(m_document, output, promise, findings);
     if (m_evidence.surfaces) {
         sdk_compare_triangle_count(measured, promise, findings);
     }

@@ -1,7 +1,10 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
+#include "host/hostFileSize.h"
+#include "host/hostLastWords.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
+#include "process/largeStack.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
@@ -42,12 +45,9 @@ void quieten_toolkit()
     }
 }
 
-} // namespace
-
-// The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
-int main(int argc, char ** argv)
+// The folders are removed when the engine goes away, also before it has sent a job.
+int run(std::vector<std::string> folders)
 {
-    std::vector<std::string> folders(argv + 1, argv + argc);
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -59,8 +59,11 @@ int main(int argc, char ** argv)
         return exit_without_job;
     }
     folders.push_back(job.staging);
-    channel.watch(folders);
+    host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
+    // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
+    host_limit_file_size(job.file_size_limit);
+    channel.watch(folders);
     quieten_toolkit();
 
     auto const end = [&](auto && work) {
@@ -72,4 +75,12 @@ int main(int argc, char ** argv)
     } else {
         end(hostTranslation(job, events, channel.cancelled()));
     }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    return run_on_large_stack([&] { return run({argv + 1, argv + argc}); });
 }

@@ -12,7 +12,8 @@ class sglApp;
 /// Opens the program's help book, which is an archive of HTML pages in the directory of the help files, at
 /// its contents or at a topic. A book in the language of the program, which has the language in its name
 /// (vmrdoc_de.htb beside vmrdoc.htb), comes first. Over a modal dialog the help is a dialog too, and showing
-/// it ends when the user closes it; otherwise it is a window that lives as long as this. Graphical thread.
+/// it ends when the user closes it; otherwise it is a window that lives as long as this, or until the user
+/// closes it. Graphical thread.
 class sglHelpDisplayer : public wxHtmlHelpController {
 public:
     sglHelpDisplayer(sglApp const * app, wxWindow * parent); ///< the parent may be null
@@ -32,7 +33,7 @@ public:
     using wxHtmlHelpController::DisplaySection;
 
 protected:
-    wxWindow * CreateHelpWindow() override;
+    wxHtmlHelpFrame * CreateHelpFrame(wxHtmlHelpData * data) override;
     wxHtmlHelpDialog * CreateHelpDialog(wxHtmlHelpData * data) override;
     int load_file();                   ///< zero, with a message, when there is no book
     virtual utString language() const; ///< as in de or pt_BR; empty for that of the book without one

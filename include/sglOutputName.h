@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "ut/utString.h"
 
 class sdbTranslatorInfo;
@@ -14,6 +16,9 @@ int outfile_name(utString const & input_format, utString const & input_file, sgl
 
 /// Non-zero when a file can be written at `path`, whether or not there is one. What is there stays as it is.
 int file_is_writable(utString const & path);
+
+/// The path, or one with a number behind its name: the first that `is_taken` is false for.
+utString sgl_numbered_name(utString const & path, std::function<bool(utString const &)> const & is_taken);
 
 /// The path with the extension of the translator's format.
 utString sgl_change_extension(sdbTranslatorInfo const & translator, utString const & path);

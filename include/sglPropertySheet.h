@@ -28,6 +28,7 @@ protected:
     /// Hides the window, tells the application the code and destroys the window, once control is back in the
     /// event loop.
     void end_dialog(int code);
+    virtual bool may_leave() { return true; } ///< asked before the user's close, exit or change of view
     void create_menu();
     /// Sends the event on to the control with the focus, with the toolkit's identifier of the command.
     void handle_edit_command(wxCommandEvent & event, int id);
@@ -40,6 +41,7 @@ protected:
     wxDECLARE_EVENT_TABLE();
 
 private:
+    void leave(int code);
     void OnClose(wxCloseEvent & event);
     void OnAbout(wxCommandEvent & event);
     void OnHelp(wxCommandEvent & event);

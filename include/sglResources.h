@@ -40,9 +40,9 @@ protected:
     virtual void OnHelp(wxCommandEvent & event);
 
     void Load(utString const & file);
-    /// Writes a complete set of values, after a question where the file is the default one of a format. What
-    /// is not applied yet is not saved. A file that cannot be written stays as it was; the user is told, and
-    /// the working table keeps its values.
+    /// Writes a complete set of values, after a question where the file is or becomes the default one of a
+    /// format. What is not applied yet is not saved. A file that is not written stays as it was, or is not
+    /// made; the user is told when that is not his answer, and the working table keeps its values.
     void Save(utString const & file);
     void CopyTable(vmrTableInstance & from, vmrTableInstance & to);
     void update_name(utString const & file);
@@ -74,6 +74,9 @@ private:
     void close_when_modal();
     void enable_save(bool enable);
     void load_and_tell(utString const & file);
+    void apply_pages();
+    bool becomes_default_rsc_file(utString const & file) const;
+    bool is_in_user_directory(utString const & file, utString const & name) const;
     void go_on_with(utString const & file);
     bool write_values(utString const & file) const;
     void export_to(class sglExportSystem const & system);

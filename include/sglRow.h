@@ -14,7 +14,10 @@ class sglRow {
 public:
     /// A copy for the caller to own; its options are a working copy.
     sglRow * clone() const;
-    void clear(); ///< makes the row invalid
+    void clear();                            ///< makes the row invalid
+    void take_options(sglRow const & other); ///< a copy of what the other row has set; of the same format
+    /// Takes format and options over, for a file of its own.
+    void take_format(sglRow const & other, utString const & file);
 
     /// Takes file and format from the controls of a page, from row `index` of the list, and loads the options
     /// unless the row has those of that resource file already, which keeps what the user has set. The

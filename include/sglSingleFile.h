@@ -18,14 +18,16 @@ protected:
     int find_children() override;
     utString resource_id() const override { return "DLG_SINGLE"; }
     char const * tag() const override { return "vmrgrlib"; }
+    bool is_input(utString const & path) const override;
 
     wxDECLARE_EVENT_TABLE();
 
 private:
     int InitialiseInputRow(); ///< 0 when the user keeps the options of the row, and with them its file
-    void take_input();
+    /// Takes the input that is shown. When the user keeps the file before it, so does the output: `before`.
+    void take_input(sglRow const & before);
     void enableTranslateButton();
-    bool shows_input() const;
+    bool shows_file() const;
 
     void OnInputBrowse(wxCommandEvent & event);
     void OnOutputBrowse(wxCommandEvent & event);

@@ -6,6 +6,7 @@
 #include "sglRow.h"
 
 class sglComboBox;
+class sglReachedFile;
 class vmrabsAppInfo;
 class wxArrayString;
 class wxButton;
@@ -38,11 +39,11 @@ protected:
     virtual int num_output_rows() const = 0;
     virtual sglRow const & output_row(int index) const = 0;
 
-    /// What the pages' handlers have in common. The first two return the code of the file dialog.
+    /// What the pages' handlers have in common. These return the code of the dialog that they open.
     int OnInputBrowse(wxCommandEvent & event, sglRow & output_row);
     int OnOutputBrowse(wxCommandEvent & event, sglRow & output_row);
-    void OnInputResource(wxCommandEvent & event, sglRow & row, int index);
-    void OnOutputResource(wxCommandEvent & event, sglRow & row);
+    int OnInputResource(wxCommandEvent & event, sglRow & row, int index);
+    int OnOutputResource(wxCommandEvent & event, sglRow & row);
     /// Translates all the input rows into the first output row, behind a progress dialog.
     void OnTranslate(wxCommandEvent & event);
     void OnCloseInputFormat(wxCommandEvent & event);
@@ -58,6 +59,10 @@ protected:
     /// Where a page takes one file, a folder is of no use to it; says so.
     void tell_of_folder(utString const & path) const;
     void addFormatTypes();
+
+    /// Whether the path is a file that the page reads, under whatever name.
+    virtual bool is_input(utString const & path) const;
+    bool shows_input(sglReachedFile const & file) const;
 
     vmrabsAppInfo const * m_info;
     int m_user_edited = 0;

@@ -1,13 +1,19 @@
 #include "commandLineText.h"
+#include "process/largeStack.h"
 #include "vmrApp.h"
 
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <wx/init.h>
 
-int main(int argc, char ** argv)
+namespace {
+
+int run(int argc, char ** argv)
 {
+    // A file that grows beyond what the user's shell allows is an error of that file.
+    std::signal(SIGXFSZ, SIG_IGN);
     // The user's numbers and dates; the text functions stay with the C locale, whatever language is chosen
     // later.
     std::setlocale(LC_ALL, "");
@@ -27,4 +33,11 @@ int main(int argc, char ** argv)
     // still take apart piece by piece, the system takes back at once.
     std::cout.flush();
     std::_Exit(status < 0 ? vmrExitNotRun : status);
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    return run_on_large_stack([&] { return run(argc, argv); });
 }

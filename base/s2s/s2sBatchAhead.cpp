@@ -86,6 +86,7 @@ std::unique_ptr<s2sHostAtWork> s2sBatchAhead::take(int index)
     if (ended_badly(link))
         return nullptr;
     link.set_room(std::numeric_limits<std::size_t>::max());
+    host->allow_free_memory(m_parts.context.limits());
     return host;
 }
 
@@ -170,7 +171,7 @@ void s2sBatchAhead::give_way()
     if (running() == 0 || now < m_next_look)
         return;
     m_next_look = now + look_again;
-    if (!s2s_memory_is_short(s2s_available_memory(), s2s_physical_memory()))
+    if (!s2s_memory_is_short(s2s_memory()))
         return;
     std::erase_if(m_entries, [this](Entries::value_type const & item) {
         if (!item.second.ended)
@@ -185,7 +186,7 @@ bool s2sBatchAhead::begin_one_more(int others_at_work)
     if (running() + others_at_work >= m_parts.context.hosts() || kept() > room_for_all)
         return false;
     int const index = next_to_begin();
-    if (index < 0 || !s2s_memory_for_one_more(s2s_available_memory(), s2s_physical_memory()))
+    if (index < 0 || !s2s_memory_for_one_more(s2s_memory()))
         return false;
 
     m_left_to_turn[static_cast<std::size_t>(index)] = true;
@@ -193,8 +194,8 @@ bool s2sBatchAhead::begin_one_more(int others_at_work)
     if (s2s_check_translation(translation, m_parts.loader, m_inputs))
         return true;
     auto host = std::make_unique<s2sHostAtWork>();
-    if (host->start(s2s_host_program(m_parts.app_info).str(), translation, m_parts.context.memory_limit(),
-                    folders_in_use()))
+    if (host->start(s2s_host_program(m_parts.app_info).str(), translation, m_parts.context.limits(),
+                    m_parts.context.hosts(), folders_in_use()))
         return true;
     host->link().set_room(room_for_one);
     m_entries[index].host = std::move(host);

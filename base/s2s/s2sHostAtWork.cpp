@@ -1,10 +1,12 @@
 #include "s2s/s2sHostAtWork.h"
 
+#include <nlohmann/json.hpp>
+
 #include "s2s/s2sHostJob.h"
 
 std::optional<s2sRefusal> s2sHostAtWork::start(std::string const & program,
                                                s2sTranslationElements const & elements,
-                                               std::uint64_t memory_limit,
+                                               s2sLimits const & limits, int hosts,
                                                std::vector<std::string> const & others)
 {
     auto const first = elements.first_input_file();
@@ -25,8 +27,18 @@ std::optional<s2sRefusal> s2sHostAtWork::start(std::string const & program,
 
     s2sOutputPlaces const places{place.named, folder(), folder() / place.real.filename()};
     m_link.emplace(m_process.descriptor());
-    m_link->send(s2s_host_job(elements, places, memory_limit));
+    m_allowance = s2s_allowance(limits, elements, folder(), hosts);
+    m_link->send(s2s_host_job(elements, places, m_allowance));
     s2sHostLink * const links[] = {&*m_link};
     s2s_wait_for(links, -1, std::chrono::milliseconds(0));
     return std::nullopt;
+}
+
+void s2sHostAtWork::allow_free_memory(s2sLimits const & limits)
+{
+    auto const allowed = s2s_allowed_memory(limits, 1);
+    if (allowed <= m_allowance.memory)
+        return;
+    m_allowance.memory = allowed;
+    m_link->send(nlohmann::json{{"command", "memory"}, {"limit", allowed}}.dump());
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -8,6 +7,7 @@
 
 #include "s2s/s2sHostLink.h"
 #include "s2s/s2sHostProcess.h"
+#include "s2s/s2sLimits.h"
 #include "s2s/s2sStagingFolder.h"
 #include "s2s/s2sTranslationChecks.h"
 
@@ -16,9 +16,16 @@
 class s2sHostAtWork {
 public:
     /// Makes the folder, starts `program` and sends the job. The host removes the folder, and those of
-    /// `others`, when this process is gone. To be called once.
+    /// `others`, when this process is gone. It shares the free memory with other hosts, `hosts` with itself.
+    /// To be called once.
     std::optional<s2sRefusal> start(std::string const & program, s2sTranslationElements const & elements,
-                                    std::uint64_t memory_limit, std::vector<std::string> const & others);
+                                    s2sLimits const & limits, int hosts,
+                                    std::vector<std::string> const & others);
+
+    /// For a host that need share the free memory no longer: it may have all that is free now, unless it has
+    /// more already or a setting says how much.
+    void allow_free_memory(s2sLimits const & limits);
+    s2sAllowance const & allowance() const { return m_allowance; }
 
     s2sHostProcess & process() { return m_process; }
     s2sHostLink & link() { return *m_link; } ///< only after a start without refusal
@@ -30,4 +37,5 @@ private:
     s2sStagingFolder m_staging;
     s2sHostProcess m_process;
     std::optional<s2sHostLink> m_link;
+    s2sAllowance m_allowance;
 };

@@ -1,6 +1,7 @@
 #include "s2s/s2sHostConversation.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 
 #include "s2s/s2sThreadComm.h"
@@ -25,7 +26,8 @@ constexpr std::size_t longest_quote = 200;
 s2sHostConversation::s2sHostConversation(s2sEngineParts const & parts, utString const & output,
                                          s2sHostAtWork & host, s2sSideWork & side_work)
     : m_parts(parts), m_output(output), m_process(host.process()), m_link(host.link()),
-      m_side_work(side_work), m_wake(parts.comm.termination_descriptor())
+      m_side_work(side_work), m_longest_silence(host.allowance().patience),
+      m_silence(m_longest_silence, Clock::now()), m_wake(parts.comm.termination_descriptor())
 {
 }
 
@@ -45,18 +47,35 @@ void s2sHostConversation::listen()
     while (!m_end && (!m_link.closed() || m_link.has_line())) {
         pass_on_termination();
         if (m_deadline && Clock::now() >= *m_deadline) {
-            m_process.kill();
-            m_killed = true;
+            end_host();
             return;
         }
+        auto const before = Clock::now();
         wait();
-        for (int i = 0; i < lines_at_once && !m_end; ++i) {
-            auto const line = m_link.next_line();
-            if (!line)
-                break;
-            take(*line);
+        take_waiting_lines();
+        // Whoever was silent for too long already has been listened to once more.
+        if (!m_end && !m_deadline && m_silence.too_long(before)) {
+            end_host();
+            m_end = silent_for_too_long();
         }
     }
+}
+
+void s2sHostConversation::end_host()
+{
+    m_process.kill();
+    m_killed = true;
+}
+
+void s2sHostConversation::take_waiting_lines()
+{
+    for (int i = 0; i < lines_at_once && !m_end; ++i) {
+        auto const line = m_link.next_line();
+        if (!line)
+            break;
+        take(*line);
+    }
+    m_silence.settle(Clock::now());
 }
 
 void s2sHostConversation::wait()
@@ -84,14 +103,16 @@ std::optional<milliseconds> s2sHostConversation::patience() const
 {
     if (m_deadline)
         return std::chrono::ceil<milliseconds>(std::max(*m_deadline - Clock::now(), Clock::duration::zero()));
+    auto const silence = m_silence.left(Clock::now());
     if (m_parts.comm.termination_descriptor() < 0)
-        return look_again;
-    return std::nullopt;
+        return silence ? std::min(*silence, look_again) : look_again;
+    return silence;
 }
 
 void s2sHostConversation::take(std::string_view line)
 {
     auto const event = s2s_parse_host_event(line);
+    m_silence.hear(event, line);
     if (auto const message = std::get_if<s2sHostMessage>(&event)) {
         take_event(*message);
     } else if (auto const progress = std::get_if<s2sHostProgress>(&event)) {
@@ -141,11 +162,22 @@ utString s2sHostConversation::text_of(s2sHostFinding const & event) const
     return m_parts.text(event.domain, key, event.arguments);
 }
 
+s2sHostEnd s2sHostConversation::silent_for_too_long()
+{
+    bool const writing = m_parts.comm.writing();
+    m_parts.say_error(s2sMessages::host_silent(std::chrono::ceil<std::chrono::seconds>(*m_longest_silence),
+                                               writing, m_parts.comm.currentFile().str()));
+    return {writing ? s2sThreadWriteError : s2sThreadReadError};
+}
+
 s2sHostEnd s2sHostConversation::ended_without_word(s2sHostExit const & exit)
 {
     if (m_deadline)
         return {s2sThreadCancelled};
     bool const writing = m_parts.comm.writing();
-    m_parts.say_error(s2sMessages::host_died(exit.text(), writing, m_parts.comm.currentFile().str()));
+    auto const text_for = exit.is_signal(SIGKILL)   ? s2sMessages::host_killed
+                          : exit.is_signal(SIGXCPU) ? s2sMessages::host_out_of_time
+                                                    : s2sMessages::host_died;
+    m_parts.say_error(text_for(exit.text(), writing, m_parts.comm.currentFile().str()));
     return {writing ? s2sThreadWriteError : s2sThreadReadError};
 }

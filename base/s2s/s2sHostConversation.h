@@ -9,6 +9,7 @@
 #include "s2s/s2sHostAtWork.h"
 #include "s2s/s2sHostEvent.h"
 #include "s2s/s2sSideWork.h"
+#include "s2s/s2sSilence.h"
 #include "s2s/s2sVerification.h"
 
 /// What passes between the engine and the host of the translation whose turn it is: gives what the host says
@@ -31,13 +32,16 @@ private:
     void listen();
     void wait();
     void pass_on_termination();
+    void end_host();
     std::optional<std::chrono::milliseconds> patience() const;
     void take(std::string_view line);
+    void take_waiting_lines();
     void take_event(s2sHostFile const & event);
     void take_event(s2sHostProgress const & event);
     void take_event(s2sHostMessage const & event);
     void take_event(s2sHostFinding const & event);
     utString text_of(s2sHostFinding const & event) const;
+    s2sHostEnd silent_for_too_long();
     s2sHostEnd ended_without_word(s2sHostExit const & exit);
 
     using Clock = std::chrono::steady_clock;
@@ -47,6 +51,8 @@ private:
     s2sHostProcess & m_process;
     s2sHostLink & m_link;
     s2sSideWork & m_side_work;
+    std::optional<std::chrono::milliseconds> m_longest_silence;
+    s2sSilence m_silence;
     int m_wake; // descriptor that tells of a request to stop; -1 for none
     std::optional<s2sHostEnd> m_end;
     s2sVerification m_verification;

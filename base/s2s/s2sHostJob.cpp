@@ -48,7 +48,7 @@ json side(s2sTranslatorElements const & elements)
 } // namespace
 
 std::string s2s_host_job(s2sTranslationElements const & elements, s2sOutputPlaces const & places,
-                         std::uint64_t memory_limit)
+                         s2sAllowance const & allowance)
 {
     auto inputs = json::array();
     for (auto const & element : elements.input_elements()) {
@@ -60,10 +60,13 @@ std::string s2s_host_job(s2sTranslationElements const & elements, s2sOutputPlace
     output["file"] = places.file.native();
     output["final"] = places.final.native();
 
-    json const job = {{"job", 1},
-                      {"inputs", std::move(inputs)},
-                      {"output", std::move(output)},
-                      {"staging", places.staging.native()},
-                      {"memory_limit", memory_limit}};
+    json job = {{"job", 1},
+                {"inputs", std::move(inputs)},
+                {"output", std::move(output)},
+                {"staging", places.staging.native()},
+                {"memory_limit", allowance.memory},
+                {"file_size_limit", allowance.file_size}};
+    if (allowance.patience)
+        job["silence"] = std::chrono::duration<double>(*allowance.patience).count();
     return job.dump(-1, ' ', false, json::error_handler_t::replace);
 }

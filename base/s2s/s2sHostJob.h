@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 
+#include "s2s/s2sLimits.h"
 #include "s2s/s2sTranslationElements.h"
 
 /// Where the parts of one translation's output go.
@@ -15,4 +15,4 @@ struct s2sOutputPlaces {
 
 /// The job of docs/host-protocol.md as one line.
 std::string s2s_host_job(s2sTranslationElements const & elements, s2sOutputPlaces const & places,
-                         std::uint64_t memory_limit);
+                         s2sAllowance const & allowance);

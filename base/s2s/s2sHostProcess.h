@@ -13,6 +13,7 @@ struct s2sHostExit {
     int number = 0; ///< exit status or signal
 
     std::string text() const; ///< "SIGSEGV", "exit status 3"
+    bool is_signal(int one) const { return kind == Kind::signal && number == one; }
 };
 
 /// One running translator host and this side of the socket pair that joins us to it. The host runs in a

@@ -1,5 +1,7 @@
 #include "s2s/s2sMessage.h"
 
+#include "sdu/sduStartupKeys.h"
+
 namespace {
 
 template <class... T>
@@ -156,6 +158,46 @@ s2sMessage host_died(std::string const & how, bool writing, path const & file)
                : message("engine::The translator ended unexpectedly (%s) while reading %s. The file may be "
                          "damaged; try to save it again in the program that made it.\n",
                          how, file.native());
+}
+
+s2sMessage host_killed(std::string const & how, bool writing, path const & file)
+{
+    auto const key =
+        writing
+            ? "engine::The translator was killed (%s) while writing %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n"
+            : "engine::The translator was killed (%s) while reading %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n";
+    return message(key, how, file.native(), std::string(sduTRANSLATIONMEMORY));
+}
+
+s2sMessage host_out_of_time(std::string const & how, bool writing, path const & file)
+{
+    auto const key = writing ? "engine::The translator was ended (%s) while writing %s, because it had used "
+                               "up the processor time "
+                               "that is allowed (ulimit -t). Allow more time, or translate less at once.\n"
+                             : "engine::The translator was ended (%s) while reading %s, because it had used "
+                               "up the processor time "
+                               "that is allowed (ulimit -t). Allow more time, or translate less at once.\n";
+    return message(key, how, file.native());
+}
+
+s2sMessage host_silent(std::chrono::seconds how_long, bool writing, path const & file)
+{
+    auto const seconds = static_cast<std::int64_t>(how_long.count());
+    return writing
+               ? message("engine::The translator was ended because it said nothing new for %d seconds while "
+                         "writing %s. No output was produced. Try other options or another format; for a "
+                         "model that takes longer, raise the setting %s.\n",
+                         seconds, file.native(), std::string(sduTRANSLATIONPATIENCE))
+               : message("engine::The translator was ended because it said nothing new for %d seconds while "
+                         "reading %s. The file may be damaged; for one that takes longer, raise the setting "
+                         "%s.\n",
+                         seconds, file.native(), std::string(sduTRANSLATIONPATIENCE));
 }
 
 s2sMessage host_not_understood(std::string const & line)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -43,6 +44,9 @@ s2sMessage module_of_other_version(std::filesystem::path const & module);
 s2sMessage host_missing(std::filesystem::path const & program);
 s2sMessage host_not_started(std::filesystem::path const & program, std::string const & reason);
 s2sMessage host_died(std::string const & how, bool writing, std::filesystem::path const & file);
+s2sMessage host_killed(std::string const & how, bool writing, std::filesystem::path const & file);
+s2sMessage host_out_of_time(std::string const & how, bool writing, std::filesystem::path const & file);
+s2sMessage host_silent(std::chrono::seconds how_long, bool writing, std::filesystem::path const & file);
 s2sMessage host_not_understood(std::string const & line);
 s2sMessage not_verified(std::string const & output);
 s2sMessage output_absent(std::string const & output);

@@ -93,7 +93,7 @@ s2sHostEnd s2sTranslationRun::attempt(std::unique_ptr<s2sHostAtWork> host)
     if (!host) {
         host = std::make_unique<s2sHostAtWork>();
         if (auto const refusal = host->start(s2s_host_program(m_parts.app_info).str(), m_elements,
-                                             m_parts.context.memory_limit(), m_side_work.folders_in_use()))
+                                             m_parts.context.limits(), 1, m_side_work.folders_in_use()))
             return refuse(*refusal);
     }
     return translate(*host);

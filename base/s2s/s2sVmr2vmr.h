@@ -1,17 +1,18 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
+
+#include "s2s/s2sLimits.h"
 
 /// What holds for all the translations of one driver.
 class s2sVmr2vmr {
 public:
-    s2sVmr2vmr(); ///< with the physical memory of the machine as limit and one host for each processor
+    s2sVmr2vmr(); ///< with the limits of an installation without settings and one host for each processor
 
-    /// Bytes that one translation may occupy; 0 means as much as it likes. A translation that needs more ends
-    /// as s2sThreadFileTooBig.
-    std::uint64_t memory_limit() const { return m_memory_limit; }
-    void set_memory_limit(std::uint64_t bytes) { m_memory_limit = bytes; }
+    /// A translation that needs more memory ends as s2sThreadFileTooBig; one that says nothing new for too
+    /// long, or that writes too much, as an error of reading or writing.
+    s2sLimits const & limits() const { return m_limits; }
+    void set_limits(s2sLimits const & limits) { m_limits = limits; }
 
     /// How many translations of a batch may be at work at the same time; with 1 each begins when the one
     /// before it has ended.
@@ -19,6 +20,6 @@ public:
     void set_hosts(int number) { m_hosts = std::max(1, number); }
 
 private:
-    std::uint64_t m_memory_limit;
+    s2sLimits m_limits;
     int m_hosts;
 };

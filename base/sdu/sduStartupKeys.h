@@ -13,3 +13,8 @@ inline constexpr char const * sduGRADUATEDBACKGROUND = "graduated_background";
 inline constexpr char const * sduFACECOLOUR = "face_colour";
 inline constexpr char const * sduBACKFACECOLOUR = "back_face_colour";
 inline constexpr char const * sduSELECTIONCOLOUR = "selection_colour";
+/// What one translation may take: seconds without anything new, and megabytes of memory and of an output
+/// file.
+inline constexpr char const * sduTRANSLATIONPATIENCE = "translation_patience";
+inline constexpr char const * sduTRANSLATIONMEMORY = "translation_memory";
+inline constexpr char const * sduTRANSLATIONOUTPUTSIZE = "translation_output_size";

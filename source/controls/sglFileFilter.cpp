@@ -44,3 +44,18 @@ wxString sgl_toolkit_filter(wxString const & filter)
         parts[at] = toolkit_patterns(parts[at]);
     return wxJoin(parts, '|', '\0');
 }
+
+std::vector<std::vector<std::string>> sgl_filter_endings(wxString const & filter)
+{
+    std::vector<std::vector<std::string>> result;
+    wxArrayString const parts = wxSplit(filter, '|', '\0');
+    for (std::size_t at = 1; at < parts.size() && !parts[at - 1].empty(); at += 2) {
+        auto & endings = result.emplace_back();
+        for (wxString pattern : wxSplit(parts[at], ';', '\0')) {
+            wxString ending;
+            if (pattern.Trim(true).Trim(false).StartsWith("*.", &ending) && ending != "*")
+                endings.push_back(ending.utf8_string());
+        }
+    }
+    return result;
+}

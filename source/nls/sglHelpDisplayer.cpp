@@ -14,6 +14,7 @@
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpdlg.h>
+#include <wx/html/helpfrm.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlwin.h>
 #include <wx/log.h>
@@ -85,6 +86,15 @@ void open_contents(wxWindow & help)
         tree->Expand(book);
 }
 
+/// Everything has its size before the window is shown: GTK complains of what has not.
+void prepare(wxTopLevelWindow & top, wxHtmlHelpWindow & help)
+{
+    // The pages have the colours of the desktop at this moment.
+    help.GetHtmlWindow()->AddProcessor(new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
+    make_roomy(top, help);
+    open_contents(help);
+}
+
 bool a_dialog_is_modal()
 {
     for (wxWindow const * const window : wxTopLevelWindows)
@@ -149,36 +159,42 @@ void sglHelpDisplayer::choose_window()
     m_FrameStyle = wxHF_DEFAULT_STYLE | (modal ? wxHF_DIALOG | wxHF_MODAL : wxHF_FRAME);
 }
 
-wxWindow * sglHelpDisplayer::CreateHelpWindow()
-{
-    bool const is_new = !GetHelpWindow();
-    auto * const window = wxHtmlHelpController::CreateHelpWindow();
-    if (is_new && GetHelpWindow()) {
-        // The pages have the colours of the desktop at this moment.
-        GetHelpWindow()->GetHtmlWindow()->AddProcessor(
-            new sglHelpColours(wxSystemSettings::GetAppearance().IsDark()));
-        if (auto * const top = dynamic_cast<wxTopLevelWindow *>(FindTopLevelWindow()))
-            make_roomy(*top, *GetHelpWindow());
-        open_contents(*GetHelpWindow());
-    }
-    return window;
-}
-
 wxHtmlHelpDialog * sglHelpDisplayer::CreateHelpDialog(wxHtmlHelpData * data)
 {
     auto * const dialog = wxHtmlHelpController::CreateHelpDialog(data);
     // The toolkit gives only the frame a title after its format.
     if (auto const & books = data->GetBookRecArray(); !books.empty())
         dialog->SetTitle(wxString::Format(title_format(), books[0].GetTitle()));
+    prepare(*dialog, *dialog->GetHelpWindow());
     m_dialog = dialog;
     return dialog;
 }
 
-/// The toolkit forgets its dialog when the user closes it, and does not delete it.
+/// A help window that belongs to nothing else goes when Esc is pressed, as the one over a dialog does.
+wxHtmlHelpFrame * sglHelpDisplayer::CreateHelpFrame(wxHtmlHelpData * data)
+{
+    auto * const frame = wxHtmlHelpController::CreateHelpFrame(data);
+    prepare(*frame, *frame->GetHelpWindow());
+    frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent & event) {
+        if (event.GetKeyCode() == WXK_ESCAPE && event.GetModifiers() == wxMOD_NONE)
+            frame->Close();
+        else
+            event.Skip();
+    });
+    return frame;
+}
+
+/// The toolkit does not delete its dialog when the user closes it, and forgets it only when that is done by
+/// the frame: with Esc or the dialog's button it would go on with a window that is gone.
 void sglHelpDisplayer::remove_closed_dialog()
 {
-    if (m_dialog && !m_dialog->IsShown())
-        m_dialog->Destroy();
+    if (!m_dialog || m_dialog->IsShown())
+        return;
+    if (GetHelpWindow()) {
+        wxCloseEvent event(wxEVT_CLOSE_WINDOW, m_dialog->GetId());
+        OnCloseFrame(event);
+    }
+    m_dialog->Destroy();
 }
 
 utString sglHelpDisplayer::language() const

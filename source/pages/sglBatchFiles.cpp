@@ -4,10 +4,10 @@
 #include "sglComboBox.h"
 #include "sglResourceString.h"
 
+#include "pages/sglBatchList.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
-#include <wx/listbox.h>
 #include <wx/listctrl.h>
 #include <wx/xrc/xmlres.h>
 
@@ -24,14 +24,17 @@ wxBEGIN_EVENT_TABLE(sglBatchFiles, sglTranslateDialog)
     EVT_BUTTON(XRCID("IDC_BATCH_ADD_BUTTON"), sglBatchFiles::OnAddDetails)
     EVT_BUTTON(XRCID("IDC_BATCH_SAVE_BUTTON"), sglBatchFiles::OnSaveDetails)
     EVT_BUTTON(XRCID("IDC_BATCH_REMOVE_BUTTON"), sglBatchFiles::OnRemoveDetails)
-    EVT_LISTBOX(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
-    EVT_LISTBOX_DCLICK(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
+    EVT_LIST_ITEM_SELECTED(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
+    EVT_LIST_ITEM_DESELECTED(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
+    EVT_LIST_ITEM_ACTIVATED(XRCID("IDC_BATCH_BATCH_LIST"), sglBatchFiles::OnClickBatchList)
 wxEND_EVENT_TABLE()
 
 sglBatchFiles::sglBatchFiles(wxWindow * parent) : sglTranslateDialog(parent)
 {
     m_caption = sglResourceString("vmrgrlib", 1268);
 }
+
+sglBatchFiles::~sglBatchFiles() = default;
 
 int sglBatchFiles::find_children()
 {
@@ -42,7 +45,9 @@ int sglBatchFiles::find_children()
     m_output_combo = XRCCTRL(*this, "IDC_BATCH_OUTPUT_FORMAT_COMBO", sglComboBox);
     m_output_resource_button = XRCCTRL(*this, "IDC_BATCH_OUTPUT_RESOURCE_BUTTON", wxButton);
     m_translate_button = XRCCTRL(*this, "IDC_BATCH_TRANSLATE_BUTTON", wxButton);
-    m_batch_list = XRCCTRL(*this, "IDC_BATCH_BATCH_LIST", wxListBox);
+    m_batch_list = XRCCTRL(*this, "IDC_BATCH_BATCH_LIST", wxListCtrl);
+    m_lines = std::make_unique<sglBatchList>(*m_batch_list);
+    m_batch_list->Bind(wxEVT_CHAR_HOOK, &sglBatchFiles::OnListKey, this);
     m_add_button = XRCCTRL(*this, "IDC_BATCH_ADD_BUTTON", wxButton);
     m_save_button = XRCCTRL(*this, "IDC_BATCH_SAVE_BUTTON", wxButton);
     m_remove_button = XRCCTRL(*this, "IDC_BATCH_REMOVE_BUTTON", wxButton);
@@ -58,8 +63,11 @@ void sglBatchFiles::sort_button_status()
     m_input_resource_button->Enable(input_ok);
     m_output_resource_button->Enable(output_ok);
     m_add_button->Enable(input_ok && output_ok);
-    m_save_button->Enable(input_ok && output_ok && !m_items.empty());
-    m_remove_button->Enable(m_batch_list->GetSelection() != wxNOT_FOUND);
+    auto const selected = m_lines->selected();
+    // Details of none of them can only take the place of one.
+    m_save_button->Enable(input_ok && output_ok && !m_items.empty() &&
+                          (selected.size() < 2 || selected == m_shown));
+    m_remove_button->Enable(!selected.empty());
     m_translate_button->Enable(!m_items.empty());
 }
 
@@ -87,9 +95,12 @@ bool sglBatchFiles::has_details() const
 
 void sglBatchFiles::OnInputBrowse(wxCommandEvent & event)
 {
+    if (!ask_about_changes())
+        return;
     auto output = std::make_shared<sglRow>();
     if (sglTranslateDialog::OnInputBrowse(event, *output) != wxID_OK)
         return;
+    begin_new_details();
     if (m_input_details.nothing_selected()) {
         forget_input();
         return;
@@ -102,42 +113,55 @@ void sglBatchFiles::OnInputBrowse(wxCommandEvent & event)
 
 void sglBatchFiles::OnOutputBrowse(wxCommandEvent & event)
 {
+    if (!reduce_to_first())
+        return;
     auto output = std::make_shared<sglRow>();
     if (sglTranslateDialog::OnOutputBrowse(event, *output) != wxID_OK || m_output_details.nothing_selected())
         return;
     m_current_output_row = std::move(output);
+    note_change(&Changes::files);
     sort_and_allow(true, true);
 }
 
 void sglBatchFiles::OnInputResource(wxCommandEvent & event)
 {
     // Held here too: the page may get another row while the dialog is open.
-    if (sglRowcoPrf const row = m_current_input_row)
-        sglTranslateDialog::OnInputResource(event, *row, 0);
+    sglRowcoPrf const row = m_current_input_row;
+    if (row && sglTranslateDialog::OnInputResource(event, *row, 0) == wxID_OK)
+        note_change(&Changes::input_options);
     sort_button_status();
 }
 
 void sglBatchFiles::OnOutputResource(wxCommandEvent & event)
 {
-    if (sglRowcoPrf const row = m_current_output_row)
-        sglTranslateDialog::OnOutputResource(event, *row);
+    sglRowcoPrf const row = m_current_output_row;
+    if (row && sglTranslateDialog::OnOutputResource(event, *row) == wxID_OK)
+        note_change(&Changes::output_options);
     sort_button_status();
 }
 
 void sglBatchFiles::OnSelChangeInputFormat(wxCommandEvent &)
 {
     m_input_details.format_closed();
+    bool const changes =
+        m_current_input_row && m_current_input_row->file_type() != m_input_combo->selected_item();
+    if (changes && !reduce_to_first()) {
+        m_input_details.show_row(*m_current_input_row);
+        return;
+    }
     m_input_combo->load_selected();
     m_input_details.set_resource_file();
     if (!m_current_input_row)
         m_current_input_row = std::make_shared<sglRow>();
     sglRowcoPrf const row = m_current_input_row;
+    utString const before = row->file_type();
     if (row->update_is_ok(m_input_combo->selected_item(), 1)) {
         row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
     } else {
-        int failed = 0;
-        m_input_details.set_details(row->filename(), failed);
+        m_input_details.show_row(*row);
     }
+    if (row->file_type() != before)
+        note_change(&Changes::files);
     sort_button_status();
 }
 
@@ -148,12 +172,16 @@ void sglBatchFiles::OnSelChangeOutputFormat(wxCommandEvent &)
     if (!m_current_output_row)
         m_current_output_row = std::make_shared<sglRow>();
     sglRowcoPrf const row = m_current_output_row;
+    utString const before = row->file_type();
     m_output_details.set_row_details(*row);
+    if (row->file_type() != before)
+        note_change(&Changes::output_format);
     sort_button_status();
 }
 
 int sglBatchFiles::create_details(utString const & input_file)
 {
+    begin_new_details();
     int failed = 0;
     m_input_details.set_details(input_file, failed);
     if (m_input_details.nothing_selected()) {
@@ -172,32 +200,10 @@ int sglBatchFiles::create_details(utString const & input_file)
 
 void sglBatchFiles::handle_dropped_files(wxArrayString const & files)
 {
-    if (files.empty() || files[0].empty())
+    if (files.empty() || files[0].empty() || !ask_about_changes())
         return;
     utString const file = wxtStringConverter::path_to_ut(files[0]);
     create_details(file);
     sort_and_allow(true, false);
     tell_of_folder(file);
-}
-
-void sglBatchFiles::show_file(wxListCtrl & list, sglRow const & row)
-{
-    if (list.GetItemCount() > 0)
-        list.DeleteItem(0);
-    list.InsertItem(0, wxtStringConverter::path_to_wx(row.filename()));
-    set_resource_file(row, &list, 0);
-}
-
-void sglBatchFiles::OnClickBatchList(wxCommandEvent &)
-{
-    int const selection = m_batch_list->GetSelection();
-    if (selection == wxNOT_FOUND)
-        return;
-    m_current_input_row.reset(input_row(selection).clone());
-    m_current_output_row.reset(output_row(selection).clone());
-    show_file(*m_input_list, *m_current_input_row);
-    show_file(*m_output_list, *m_current_output_row);
-    m_input_combo->SetStringSelection(wxtStringConverter::to_wx(m_current_input_row->file_type()));
-    m_output_combo->SetStringSelection(wxtStringConverter::to_wx(m_current_output_row->file_type()));
-    sort_and_allow(false, false);
 }

@@ -6,27 +6,41 @@
 #include "sglBatchTranslation.h"
 #include "sglDropFiles.h"
 #include "sglMessageBox.h"
+#include "sglNlsHelp.h"
 
 #include "ann/annDocument.h"
+#include "nls/sglShownMessage.h"
+#include "pages/sglBatchList.h"
 #include "pages/sglOccupiedPage.h"
+#include "pages/sglReachedFile.h"
 #include "sdu/sduFileFunctions.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <wx/button.h>
-#include <wx/listbox.h>
+#include <wx/listctrl.h>
 
 namespace {
 
-/// Whether two different paths lead to one file, there or yet to be written, through links among their
-/// folders. The second output would take the place of the first without a word.
-bool is_one_file(utString const & a, utString const & b)
+sglBatchState state_of(s2sTranslationDetails const & details)
 {
-    std::filesystem::path const one = a.str(), other = b.str();
-    std::error_code none;
-    return one.filename() == other.filename() &&
-           std::filesystem::equivalent(one.parent_path(), other.parent_path(), none);
+    switch (details.status()) {
+    case s2sThreadCompleted:
+        if (details.num_processed() == 0)
+            return sglBatchState::failed;
+        return details.verdict() == sdbVerdictLosses || details.verdict() == sdbVerdictDiffers
+                   ? sglBatchState::done_with_differences
+                   : sglBatchState::done;
+    case s2sThreadCancelled:
+        return sglBatchState::cancelled;
+    default:
+        return sglBatchState::failed;
+    }
+}
+
+bool is_done(sglBatchState state)
+{
+    return state == sglBatchState::done || state == sglBatchState::done_with_differences;
 }
 
 } // namespace
@@ -39,23 +53,29 @@ sglBatchItem sglBatchFiles::details() const
 int sglBatchFiles::current_details_valid(int exclude)
 {
     utString const name = m_current_output_row->filename(); // a box may be open for long
+    return output_goes_with_queue(name, exclude) ? 1 : 0;
+}
+
+bool sglBatchFiles::output_goes_with_queue(utString const & name, int exclude)
+{
     auto const refuse = [&](unsigned int message) {
         sglMessageBox("vmrgrlib", message, wxOK | wxICON_ERROR, name);
-        return 0;
+        return false;
     };
+    sglReachedFile const file(name);
     // An output that is not there yet cannot overwrite an input, as long as it stays away until the run: the
     // run itself makes sure of that.
     if (sdu_check_file_exists(name) == sduFileExists) {
         if (std::any_of(m_items.begin(), m_items.end(),
-                        [&](auto const & item) { return item.input_row()->filename() == name; }))
+                        [&](auto const & item) { return file.is(item.input_row()->filename()); }))
             return refuse(1271);
-        if (sglMessageBox("vmrgrlib", 1270, wxYES_NO, name) == wxID_NO)
-            return 0;
+        if (sglMessageBox("vmrgrlib", 1270, wxYES_NO | wxNO_DEFAULT, name) != wxID_YES)
+            return false;
     }
     for (int i = 0; i < m_items.count(); ++i)
-        if (i != exclude && (output_row(i).filename() == name || is_one_file(output_row(i).filename(), name)))
+        if (i != exclude && file.is(output_row(i).filename()))
             return refuse(1272);
-    return 1;
+    return true;
 }
 
 int sglBatchFiles::add_details_to_batch()
@@ -63,7 +83,7 @@ int sglBatchFiles::add_details_to_batch()
     if (!has_details() || !current_details_valid(-1))
         return 0;
     m_items.append(details());
-    m_batch_list->Append(wxtStringConverter::path_to_wx(m_current_input_row->filename()));
+    m_lines->append(m_items[m_items.count() - 1]);
     return 1;
 }
 
@@ -71,29 +91,33 @@ void sglBatchFiles::OnAddDetails(wxCommandEvent &)
 {
     if (!add_details_to_batch())
         return;
-    m_batch_list->SetSelection(m_items.count() - 1);
+    drop_changes();
+    choose({m_items.count() - 1});
     sort_and_allow(false, false);
 }
 
 void sglBatchFiles::OnSaveDetails(wxCommandEvent &)
 {
-    int const selection = m_batch_list->GetSelection();
-    if (selection == wxNOT_FOUND || !has_details() || !current_details_valid(selection))
+    auto const lines = m_lines->selected();
+    if (lines.empty() || !save_changes(lines))
         return;
-    m_items[selection] = details();
     m_add_button->Disable();
     m_save_button->Disable();
 }
 
 void sglBatchFiles::OnRemoveDetails(wxCommandEvent &)
 {
-    if (m_batch_list->GetSelection() != wxNOT_FOUND)
-        remove_translation(m_batch_list->GetSelection());
+    auto const lines = m_lines->selected();
+    m_changes = {};
+    m_shown.clear();
+    m_chosen.clear();
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line)
+        remove_translation(*line);
 }
 
 void sglBatchFiles::remove_translation(int index)
 {
-    m_batch_list->Delete(static_cast<unsigned int>(index));
+    m_lines->remove(index);
     m_items.remove(index);
     sort_button_status();
     m_save_button->Disable();
@@ -101,19 +125,25 @@ void sglBatchFiles::remove_translation(int index)
 
 void sglBatchFiles::files_dropped_into_list(wxArrayString const & files)
 {
+    if (!ask_about_changes())
+        return;
     sglOccupiedPage const occupied(*this);
     int added = 0;
+    bool last_added = false;
     utString failures;
     for (auto const & file : files) {
         utString const name = wxtStringConverter::path_to_ut(file);
-        if (!name.empty() && create_details(name) && add_details_to_batch()) {
+        last_added = !name.empty() && create_details(name) && add_details_to_batch();
+        if (last_added) {
             ++added;
             continue;
         }
         failures = failures + (failures.empty() ? "  " : "\n  ") + name;
     }
     if (added) {
-        m_batch_list->SetSelection(m_items.count() - 1);
+        choose({m_items.count() - 1});
+        if (!last_added)
+            m_shown.clear(); // what is shown is the file that was refused
         sort_and_allow(false, false);
     } else {
         sort_and_allow(true, false);
@@ -124,6 +154,8 @@ void sglBatchFiles::files_dropped_into_list(wxArrayString const & files)
 
 void sglBatchFiles::OnBatchTranslate(wxCommandEvent &)
 {
+    if (!ask_about_changes())
+        return;
     std::vector<std::unique_ptr<annDocument>> documents;
     sglBatchTranslation batch;
     for (int i = 0; i < m_items.count(); ++i) {
@@ -140,7 +172,29 @@ void sglBatchFiles::OnBatchTranslate(wxCommandEvent &)
     }
     sglBatchProgressDialog progress(m_info, this);
     batch.progress(&progress);
-    batch.execute();
+    if (batch.execute().value() == sglTranslationResult::started)
+        show_outcome(batch);
+}
+
+void sglBatchFiles::show_outcome(sglBatchTranslation const & batch)
+{
+    for (int i = 0; i < m_items.count(); ++i)
+        m_lines->set_state(i, state_of(batch.communicator().translation_details(i)));
+}
+
+bool sglBatchFiles::may_leave()
+{
+    int waiting = 0;
+    for (int i = 0; i < m_items.count(); ++i)
+        waiting += !is_done(m_lines->state(i));
+    if (waiting == 0)
+        return true;
+    utString const text = getNlsHelp()->gsprintf("vmrgrlib",
+                                                 "d.batch.messagebox::Translations of the batch that have "
+                                                 "not been made: %d\nThe batch is not kept. Do "
+                                                 "you want to leave all the same?",
+                                                 waiting);
+    return sgl_show_message(this, text, wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION) == wxID_YES;
 }
 
 bool sglBatchDropFiles::OnDropFiles(wxCoord, wxCoord, wxArrayString const & files)

@@ -178,6 +178,16 @@ int sglFileDialog::initialise_row(sglRow & row) const
     return row.initialise(dlls(), *m_combo, *m_list, 0);
 }
 
+utString sglFileDialog::proposal(utString const & name)
+{
+    utString const result = sgl_numbered_name(name, m_is_input);
+    if (result != name) {
+        m_wanted = name;
+        m_numbered = result;
+    }
+    return result;
+}
+
 int sglFileDialog::create_output_details(utString const & input_format, utString const & input_file,
                                          sglRow & row)
 {
@@ -186,27 +196,37 @@ int sglFileDialog::create_output_details(utString const & input_format, utString
         chosen = unknown_format();
     utString name;
     int const ok = outfile_name(input_format, input_file, m_combo, chosen, name);
-    if (!row.update_is_ok(chosen, 1))
-        name = row.filename();
+    bool const kept = !row.update_is_ok(chosen, 1);
     if (!ok)
         return 0;
+    if (kept) {
+        show_row(row);
+        if (has_row())
+            m_list->SetItem(0, 0, wxtStringConverter::path_to_wx(proposal(row.filename())));
+        return 1;
+    }
     int failed = 0;
-    set_details(name, failed);
+    set_details(proposal(name), failed);
     m_resource_button->Enable(!failed);
     return 1;
 }
 
+utString sglFileDialog::name_for_format(utString const & file, utString const & format)
+{
+    utString const & wanted = file == m_numbered ? m_wanted : file;
+    auto const * const translator = translator_for_format(format);
+    return proposal(translator ? sgl_change_extension(*translator, wanted) : wanted);
+}
+
 void sglFileDialog::set_row_details(sglRow & row)
 {
-    utString name = row.filename(); // before the user's consent clears the row
+    utString const name = row.filename(); // before the user's consent clears the row
     if (name.empty())
         return;
     utString const chosen = format();
     if (row.update_is_ok(chosen, 1)) {
-        if (auto const * const translator = translator_for_format(chosen))
-            name = sgl_change_extension(*translator, name);
         int failed = 0;
-        set_details(name, failed);
+        set_details(name_for_format(name, chosen), failed);
         initialise_row(row);
     } else {
         m_combo->SetStringSelection(wxtStringConverter::to_wx(row.file_type()));
@@ -214,9 +234,34 @@ void sglFileDialog::set_row_details(sglRow & row)
     m_resource_button->Enable(!row.invalid());
 }
 
+void sglFileDialog::show_row(sglRow const & row)
+{
+    bool const known = !row.file_type().empty() && row.file_type() != unknown_format();
+    if (known) {
+        m_combo->SetStringSelection(wxtStringConverter::to_wx(row.file_type()));
+        m_combo->delete_unknown();
+    } else {
+        m_combo->add_and_select_unknown();
+    }
+    if (row.filename().empty()) {
+        m_list->DeleteAllItems();
+    } else {
+        show_file(row.filename());
+        utString const resources =
+            known ? ExtractFile(row.resource_table().resource_file()) : unknown_string();
+        m_list->SetItem(0, 1, wxtStringConverter::path_to_wx(resources));
+    }
+    m_resource_button->Enable(!row.invalid());
+}
+
 int sglFileDialog::edit_resources(vmrTableInstance & table)
 {
-    auto const * const translator = translator_for_format(format());
+    return edit_resources(table, format());
+}
+
+int sglFileDialog::edit_resources(vmrTableInstance & table, utString const & format_name)
+{
+    auto const * const translator = translator_for_format(format_name);
     if (!translator) {
         sglMessageBox("vmrgrlib", m_type & input ? 1165 : 1166, wxICON_ERROR);
         return wxID_CANCEL;

@@ -5,6 +5,7 @@
 #include "sglPathText.h"
 
 #include "ap/apPathSeparator.h"
+#include "ap/apSplitPath.h"
 #include "sdu/sduStartupKeys.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -55,6 +56,23 @@ int file_is_writable(utString const & path)
     if (opened)
         probe.Discard();
     return opened ? 1 : 0;
+}
+
+utString sgl_numbered_name(utString const & path, std::function<bool(utString const &)> const & is_taken)
+{
+    if (!is_taken(path))
+        return path;
+    utString directory, name, extension;
+    apSplitPath::split_path(path, directory, name, extension);
+    utString const tail = extension.empty() ? extension : "." + extension;
+    utString const head = path.substring(0, path.length() - tail.length());
+    utString numbered;
+    int number = 2;
+    do {
+        numbered = head + "-";
+        numbered << number++ << tail;
+    } while (is_taken(numbered));
+    return numbered;
 }
 
 utString sgl_change_extension(sdbTranslatorInfo const & translator, utString const & path)

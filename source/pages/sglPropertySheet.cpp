@@ -117,7 +117,8 @@ void sglPropertySheet::handle_edit_command(wxCommandEvent & event, int id)
 void sglPropertySheet::check_startup_menu_item(utString const & item_id, utString const & field,
                                                int checked_is_yes, int checked)
 {
-    sglStartupItemChecker(GetMenuBar()).check_startup_menu_item(item_id, field, checked_is_yes, checked);
+    if (wxMenuBar * const bar = GetMenuBar())
+        sglStartupItemChecker(bar).check_startup_menu_item(item_id, field, checked_is_yes, checked);
 }
 
 void sglPropertySheet::check_menus()
@@ -138,26 +139,35 @@ void sglPropertySheet::check_menus()
         bar.Enable(id, selection);
 }
 
-void sglPropertySheet::OnClose(wxCloseEvent &)
+void sglPropertySheet::leave(int code)
 {
-    end_dialog(wxID_CANCEL);
+    if (may_leave())
+        end_dialog(code);
+}
+
+void sglPropertySheet::OnClose(wxCloseEvent & event)
+{
+    if (event.CanVeto() && !may_leave())
+        event.Veto();
+    else
+        end_dialog(wxID_CANCEL);
 }
 
 void sglPropertySheet::OnExit(wxCommandEvent &)
 {
-    end_dialog(wxID_CANCEL);
+    leave(wxID_CANCEL);
 }
 
 void sglPropertySheet::OnExpert(wxCommandEvent &)
 {
     // The code is not the item's own identifier.
     if (!m_expert)
-        end_dialog(XRCID("ID_VIEW_EXPERT"));
+        leave(XRCID("ID_VIEW_EXPERT"));
 }
 
 void sglPropertySheet::OnGraphics(wxCommandEvent &)
 {
-    end_dialog(XRCID("IDM_VIEW_GRAPHICS"));
+    leave(XRCID("IDM_VIEW_GRAPHICS"));
 }
 
 void sglPropertySheet::OnAbout(wxCommandEvent & event)

@@ -33,6 +33,19 @@ void sglRow::clear()
     m_table.reset();
 }
 
+void sglRow::take_options(sglRow const & other)
+{
+    copy_table(other.m_table, m_table);
+}
+
+void sglRow::take_format(sglRow const & other, utString const & file)
+{
+    m_dlls = other.m_dlls;
+    m_file_type = other.m_file_type;
+    take_options(other);
+    m_file_name = file;
+}
+
 int sglRow::initialise(sdbTranslatorDlls const * dlls, sglComboBox const & combo, wxListCtrl const & list,
                        int index)
 {

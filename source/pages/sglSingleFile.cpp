@@ -5,6 +5,7 @@
 #include "sglResourceString.h"
 
 #include "pages/sglListCell.h"
+#include "pages/sglReachedFile.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/button.h>
@@ -40,7 +41,7 @@ int sglSingleFile::find_children()
     return 1;
 }
 
-bool sglSingleFile::shows_input() const
+bool sglSingleFile::shows_file() const
 {
     auto const file = sgl_list_cell(*m_input_list, 0, 0);
     return file && !file->empty();
@@ -53,29 +54,36 @@ int sglSingleFile::InitialiseInputRow()
         m_input_resource_button->Enable(!m_input_row.invalid());
         return 1;
     }
-    int failed = 0;
-    m_input_details.set_details(m_input_row.filename(), failed);
-    m_input_resource_button->Enable();
+    m_input_details.show_row(m_input_row);
     return 0;
 }
 
-void sglSingleFile::take_input()
+// The row may still be that of the file before.
+bool sglSingleFile::is_input(utString const & path) const
 {
-    if (!m_input_details.nothing_selected())
-        InitialiseInputRow();
+    return shows_input(sglReachedFile(path));
+}
+
+void sglSingleFile::take_input(sglRow const & before)
+{
+    if (!m_input_details.nothing_selected() && !InitialiseInputRow()) {
+        m_output_row = before;
+        m_output_details.show_row(m_output_row);
+    }
     enableTranslateButton();
 }
 
 void sglSingleFile::enableTranslateButton()
 {
-    sglTranslateDialog::enableTranslateButton(shows_input() &&
+    sglTranslateDialog::enableTranslateButton(shows_file() &&
                                               m_input_combo->selected_item() != unknown_format());
 }
 
 void sglSingleFile::OnInputBrowse(wxCommandEvent & event)
 {
+    sglRow const before = m_output_row;
     if (sglTranslateDialog::OnInputBrowse(event, m_output_row) == wxID_OK)
-        take_input();
+        take_input(before);
 }
 
 void sglSingleFile::OnOutputBrowse(wxCommandEvent & event)
@@ -99,13 +107,9 @@ void sglSingleFile::OnSelChangeInputFormat(wxCommandEvent &)
     m_input_details.format_closed();
     m_input_combo->load_selected();
     m_input_details.set_resource_file();
-    if (!shows_input())
+    if (!shows_file())
         return;
-    if (!InitialiseInputRow()) {
-        utString const & format = m_input_row.file_type();
-        m_input_combo->SetStringSelection(wxtStringConverter::to_wx(format));
-        m_input_details.set_resource_file(format);
-    }
+    InitialiseInputRow();
     enableTranslateButton();
 }
 
@@ -121,10 +125,11 @@ void sglSingleFile::handle_dropped_files(wxArrayString const & files)
     if (files.empty() || files[0].empty())
         return;
     utString const file = wxtStringConverter::path_to_ut(files[0]);
+    sglRow const before = m_output_row;
     int failed = 0;
     m_input_details.set_details(file, failed);
     if (!m_user_edited)
         fill_output_fields(file, m_output_row);
-    take_input();
+    take_input(before);
     tell_of_folder(file);
 }

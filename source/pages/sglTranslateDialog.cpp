@@ -10,6 +10,7 @@
 #include "controls/sglButtonPictures.h"
 #include "pages/sglLabelKeys.h"
 #include "pages/sglListCell.h"
+#include "pages/sglReachedFile.h"
 #include "sdu/sduFileFunctions.h"
 #include "wxt/wxtStringConverter.h"
 
@@ -43,6 +44,7 @@ int sglTranslateDialog::create()
     m_output_details.set_combo_box(m_output_combo);
     m_output_details.set_resource_button(m_output_resource_button);
     m_output_details.set_type(sglFileDialog::output);
+    m_output_details.set_is_input([this](utString const & path) { return is_input(path); });
 
     m_input_resource_button->Disable();
     m_output_resource_button->Disable();
@@ -96,6 +98,21 @@ int sglTranslateDialog::fill_output_fields(utString const & input_file, sglRow &
     return filled;
 }
 
+bool sglTranslateDialog::shows_input(sglReachedFile const & file) const
+{
+    auto const shown = sgl_list_cell(*m_input_list, 0, 0);
+    return shown && file.is(*shown);
+}
+
+bool sglTranslateDialog::is_input(utString const & path) const
+{
+    sglReachedFile const file(path);
+    bool found = shows_input(file);
+    for (int i = 0; i < num_input_rows() && !found; ++i)
+        found = file.is(input_row(i).filename());
+    return found;
+}
+
 int sglTranslateDialog::OnInputBrowse(wxCommandEvent &, sglRow & output_row)
 {
     utString name;
@@ -110,16 +127,20 @@ int sglTranslateDialog::OnOutputBrowse(wxCommandEvent &, sglRow & output_row)
     return m_output_details.output_browse(output_row, m_user_edited);
 }
 
-void sglTranslateDialog::OnInputResource(wxCommandEvent &, sglRow & row, int index)
+int sglTranslateDialog::OnInputResource(wxCommandEvent &, sglRow & row, int index)
 {
-    if (m_input_details.edit_resources(row.resource_table()) == wxID_OK)
+    int const code = m_input_details.edit_resources(row.resource_table());
+    if (code == wxID_OK)
         set_resource_file(row, m_input_list, index);
+    return code;
 }
 
-void sglTranslateDialog::OnOutputResource(wxCommandEvent &, sglRow & row)
+int sglTranslateDialog::OnOutputResource(wxCommandEvent &, sglRow & row)
 {
-    if (m_output_details.edit_resources(row.resource_table()) == wxID_OK)
+    int const code = m_output_details.edit_resources(row.resource_table());
+    if (code == wxID_OK)
         set_resource_file(row, m_output_list, 0);
+    return code;
 }
 
 void sglTranslateDialog::set_resource_file(sglRow const & row, wxListCtrl * list, int index)

@@ -10,9 +10,9 @@
 
 bool sglTranslateDialog::may_overwrite(utString const & file) const
 {
-    if (m_user_edited || sdu_check_file_exists(file) != sduFileExists)
+    if (m_output_details.confirmed(file) || sdu_check_file_exists(file) != sduFileExists)
         return true;
-    return sglMessageBox("vmrgrlib", 1118, wxYES_NO | wxICON_QUESTION, file) != wxID_NO;
+    return sglMessageBox("vmrgrlib", 1118, wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION, file) == wxID_YES;
 }
 
 void sglTranslateDialog::OnTranslate(wxCommandEvent &)
@@ -45,6 +45,7 @@ void sglTranslateDialog::OnTranslate(wxCommandEvent &)
     switch (translation.execute().value()) {
     case sglTranslationResult::started:
         m_user_edited = 0;
+        m_output_details.forget_confirmed();
         break;
     case sglTranslationResult::no_input_translator:
         sglMessageBox("vmrgrlib", 1165, wxICON_ERROR);

@@ -19,15 +19,19 @@ std::string label_of(std::string const & entry)
     return entry.ends_with(tail) ? entry.substr(0, entry.size() - tail.size()) : entry;
 }
 
-/// The catalogues of texts hold the labels, which stay when a format gets another extension.
+/// A whole entry may have a translation; else the label has, which stays when a format gets another
+/// extension.
 utString translated(sdbUntranslatedFilterElement const & element)
 {
     std::string const entry = element.filter_string().str();
     if (entry.empty())
         return utString();
+    auto const * const help = getNlsHelp();
+    utString const whole = help->gsprintf(element.tag().c_str(), entry.c_str());
+    if (whole != help->gsprintf("DO_NOT_TRANSLATE", entry.c_str()))
+        return whole;
     auto const label = label_of(entry);
-    return getNlsHelp()->gsprintf(element.tag().c_str(), label.c_str()) +
-           utString(entry.substr(label.size()));
+    return help->gsprintf(element.tag().c_str(), label.c_str()) + utString(entry.substr(label.size()));
 }
 
 } // namespace

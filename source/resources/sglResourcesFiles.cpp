@@ -16,6 +16,7 @@
 #include "sglOptionsDialog.h"
 #include "vmr/coResourceIterator.h"
 #include "vmr/vmrResourceFile.h"
+#include "vmr/vmrResourceRegistry.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <wx/filedlg.h>
@@ -58,6 +59,16 @@ wxString file_directory()
 wxString file_filter(char const * tail)
 {
     return sgl_toolkit_filter(wxtStringConverter::to_wx(sglResourceString("vmrgrlib", 1214)) + tail);
+}
+
+bool hold_the_same(coResourceTable & one, coResourceTable const & other)
+{
+    if (one.count() != other.count())
+        return false;
+    for (coResourceIterator resource(&one); ++resource;)
+        if (other.value(resource()->key->name) != resource()->value_text())
+            return false;
+    return true;
 }
 
 bool holds(coResourceTable * table, utString const & name)
@@ -130,8 +141,20 @@ void sglResources::OnLoadCustom(wxCommandEvent &)
     load_and_tell(file);
 }
 
+/// What is on the screen is saved, and what is typed into a field counts once the field has lost the focus.
+void sglResources::apply_pages()
+{
+    coResourceTable before = *m_working.table();
+    wxCommandEvent event(wxEVT_BUTTON, XRCID("IDC_OPTIONS_APPLY"));
+    event.StopPropagation();
+    m_options->ProcessWindowEvent(event);
+    if (!hold_the_same(before, *m_working.table()))
+        enable_save(true);
+}
+
 void sglResources::OnSave(wxCommandEvent &)
 {
+    apply_pages();
     utString const file = m_working.resource_file();
     utString const installed = sglApp::app().installation_resource_file(*m_translator);
     // However the path is written, the installation file is not to be changed.
@@ -148,6 +171,7 @@ void sglResources::OnSave(wxCommandEvent &)
 
 void sglResources::OnSaveAs(wxCommandEvent &)
 {
+    apply_pages();
     resource_directory().create_user_dir();
     utString const file = file_to_save();
     if (file.empty())
@@ -172,10 +196,8 @@ void sglResources::go_on_with(utString const & file)
 
 void sglResources::Save(utString const & file)
 {
-    auto const target = file_of(file);
-    if (target.file_type() == sdbFileNothing)
-        target.create_file(2);
-    if (is_default_rsc_file(file) && sglMessageBox("vmrgrlib", 1213, wxYES_NO | wxICON_WARNING) != wxID_YES)
+    bool const is_default = is_default_rsc_file(file) || becomes_default_rsc_file(file);
+    if (is_default && sglMessageBox("vmrgrlib", 1213, wxYES_NO | wxICON_WARNING) != wxID_YES)
         return;
     if (!write_values(file)) {
         tell_problems("d.resources.messagebox::The file %s could not be written.", file, {});
@@ -214,6 +236,20 @@ int sglResources::is_default_rsc_file(utString const & file) const
     return 0;
 }
 
+/// A file of the user's that is not there yet is found before that of the installation once it is written.
+bool sglResources::becomes_default_rsc_file(utString const & file) const
+{
+    for (auto names = sglApp::app().input_dlls().resource_file_names(); ++names;)
+        if (is_in_user_directory(file, names().utf8()))
+            return true;
+    return false;
+}
+
+bool sglResources::is_in_user_directory(utString const & file, utString const & name) const
+{
+    return file_of(user_directory() + "/" + name) == file_of(file);
+}
+
 void sglResources::OnScrapChanges(wxCommandEvent & event)
 {
     event.SetId(XRCID("IDC_OPTIONS_DEFAULTS"));
@@ -240,9 +276,15 @@ int sglResources::do_on_factory_settings()
     utString const installed = sglApp::app().installation_resource_file(*m_translator);
     if (installed.empty())
         return 1;
-    // A file of the user's that lies elsewhere stays.
-    if (file_of(user_directory() + "/" + file_name_of(file)) == file_of(file))
+    // A file of the user's that lies elsewhere stays, and so does one with a name of its own.
+    utString const name = m_translator->resource_file_name().utf8();
+    if (is_in_user_directory(file, name) || is_in_user_directory(file, vmr_default_resources_name))
         sdu_remove_file(file);
+    // An empty one would hide the factory settings from the format, and holds nothing of the user's.
+    utString const copy = user_directory() + "/" + name;
+    std::string content;
+    if (file_of(copy).read(content) && content.empty())
+        sdu_remove_file(copy);
     m_working.initialise(installed);
     m_table.initialise(installed);
     update_name(installed);

@@ -50,6 +50,7 @@ sglTranslation::sglTranslation()
       m_translator_loader(std::make_unique<s2sTranslatorLoader>(
           utObserverPtr<apILibraryLoaderOperations const>(sgl_library_loader_operations(*m_info))))
 {
+    m_context.set_limits(s2s_limits(m_app.startup_info()));
 }
 
 sglTranslation::~sglTranslation()

@@ -8,7 +8,7 @@ constexpr char const * whole = R"({"job": 1,
  "inputs": [{"file": "/a.step", "module": "/m/step.so", "format": "STEP", "options": {"x": "true"},
   "refused": {"y": "1e-08"}}],
  "output": {"file": "/s/b.igs", "final": "/b.igs", "module": "/m/iges.so", "format": "IGES"},
- "staging": "/s", "memory_limit": 12, "patience": 0.25}
+ "staging": "/s", "memory_limit": 12, "file_size_limit": 13, "silence": 2.5, "patience": 0.25}
 )";
 
 hostJobState state(std::string const & text)
@@ -37,6 +37,8 @@ TEST(HostJob, ReadsAllFields)
     EXPECT_EQ(job.final_name, "/b.igs");
     EXPECT_EQ(job.staging, "/s");
     EXPECT_EQ(job.memory_limit, 12U);
+    EXPECT_EQ(job.file_size_limit, 13U);
+    EXPECT_EQ(job.silence, std::chrono::milliseconds(2500));
     EXPECT_EQ(job.least_patience, std::chrono::milliseconds(250));
 }
 
@@ -51,6 +53,8 @@ TEST(HostJob, HasDefaultsForWhatIsOptional)
     EXPECT_EQ(job.final_name, "b");
     EXPECT_TRUE(job.staging.empty());
     EXPECT_EQ(job.memory_limit, 0U);
+    EXPECT_EQ(job.file_size_limit, 0U);
+    EXPECT_EQ(job.silence, std::nullopt);
     EXPECT_EQ(job.least_patience, std::chrono::seconds(5));
 }
 

@@ -1,6 +1,6 @@
 #include "HostRun.h"
+#include "hostSource.h"
 
-#include "kit/kitTempFolder.h"
 #include "sdk/sdkDocument.h"
 #include "translators/kit/kitParts.h"
 
@@ -11,7 +11,6 @@
 #include <BRepPrimAPI_MakeWedge.hxx>
 #include <GeomAPI_PointsToBSplineSurface.hxx>
 #include <Geom_BSplineSurface.hxx>
-#include <STEPCAFControl_Writer.hxx>
 #include <TColgp_Array2OfPnt.hxx>
 
 #include <gtest/gtest.h>
@@ -78,21 +77,6 @@ void fill(sdkDocument & document, std::string const & what)
     sources.at(what)();
 }
 
-std::string write_source(kitTempFolder const & folder, std::string const & what)
-{
-    auto const file = folder / "source.step";
-    sdkDocument document;
-    fill(document, what);
-    STEPCAFControl_Writer writer;
-    writer.SetColorMode(Standard_True);
-    writer.SetNameMode(Standard_True);
-    writer.SetLayerMode(Standard_True);
-    if (!writer.Transfer(document.handle()) || writer.Write(file.c_str()) != IFSelect_RetDone) {
-        throw std::runtime_error("no source");
-    }
-    return file;
-}
-
 struct FineLie {
     std::string told;
     std::string source;
@@ -114,7 +98,9 @@ protected:
     void run(std::string const & told)
     {
         HostJob job;
-        job.input(write_source(folder, GetParam().source), TRANSLATORS "/step.so", "STEP");
+        job.input(
+            host_write_source(folder, [&](sdkDocument & document) { fill(document, GetParam().source); }),
+            TRANSLATORS "/step.so", "STEP");
         job.output(folder / "out.lie", LIES_MODULE, GetParam().format, {{"lieTold", told}});
         HostRun host;
         host.send(job.line());

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 using nlohmann::json;
@@ -165,6 +167,33 @@ TEST_F(HostProcess, DiesOfACrashWithoutAnEnd)
     EXPECT_TRUE(WIFSIGNALED(host.wait()));
 }
 
+TEST_F(HostProcess, SaysEverythingBeforeItCrashes)
+{
+    for (auto const & [format, signal] :
+         {std::pair("ChattersAndCrashes", SIGSEGV), std::pair("ChattersAndOverflows", SIGSEGV),
+          std::pair("ChattersAndIsTold", SIGTERM)}) {
+        HostRun run;
+        run.send(job(format).line());
+        int next = 0;
+        for (auto const & event : run.rest()) {
+            if (event["event"] == "message" && event["stream"] == "error") {
+                EXPECT_EQ(event["args"][0], next++);
+            }
+        }
+        EXPECT_EQ(next, 1000) << format;
+        auto const status = run.wait();
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << format;
+    }
+}
+
+TEST_F(HostProcess, HasSaidWhatItWasAboutToSayWhenItIsKilled)
+{
+    host.send(job("IsKilled").line());
+    auto const events = host.rest();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back().value("key", ""), "odd::The reader %s has begun\n");
+}
+
 TEST_F(HostProcess, IgnoresTheSignalsOfATerminal)
 {
     begin(job("Waits"));
@@ -189,8 +218,75 @@ TEST_F(HostProcess, SaysThatAFileIsTooBigForTheMemoryAllowed)
     EXPECT_EQ(events.back()["status"], "too_big");
     EXPECT_EQ(events[events.size() - 2]["key"], "host::Not verified: %s was not written\n");
     EXPECT_EQ(events[events.size() - 3], json({{"event", "verdict"}, {"verdict", "not_verified"}}));
-    EXPECT_EQ(events[events.size() - 5]["args"][0], "/in/a.odd");
+    EXPECT_EQ(events[events.size() - 5]["args"], json({1024, "/in/a.odd", "translation_memory"}));
     EXPECT_TRUE(host.exits_with(0));
+}
+
+TEST_F(HostProcess, NeverTakesMoreMemoryThanItWasGivenFromOutside)
+{
+    if (sanitized) {
+        GTEST_SKIP() << "sanitizers reserve more address space than any limit allows";
+    }
+    for (auto const kind : {RLIMIT_DATA, RLIMIT_AS}) {
+        rlimit before{};
+        ASSERT_EQ(::getrlimit(kind, &before), 0);
+        rlimit const given{1ULL << 30, before.rlim_max};
+        ASSERT_EQ(::setrlimit(kind, &given), 0);
+        HostRun run;
+        ::setrlimit(kind, &before);
+        auto generous = job("Hungry");
+        generous.value()["memory_limit"] = 8ULL << 30;
+        run.send(generous.line());
+        auto const events = run.rest();
+        ASSERT_GE(events.size(), 5U);
+        EXPECT_EQ(events.back()["status"], "too_big");
+        EXPECT_EQ(events[events.size() - 5]["args"], json({1024, "/in/a.odd", "translation_memory"}));
+    }
+}
+
+TEST_F(HostProcess, TakesMoreMemoryWhenItIsAllowedMore)
+{
+    if (sanitized) {
+        GTEST_SKIP() << "sanitizers reserve more address space than any limit allows";
+    }
+    auto limited = job("WaitsForMemory");
+    limited.value()["memory_limit"] = 1ULL << 30;
+    begin(limited);
+    host.send("{\"command\": \"memory\", \"limit\": \"all\"}\n");
+    host.send("{\"command\": \"memory\", \"limit\": " + std::to_string(2ULL << 30) + "}\n");
+    EXPECT_EQ(host.rest().back()["status"], "completed");
+}
+
+TEST_F(HostProcess, WritesNoFileLargerThanAllowed)
+{
+    auto limited = job("Box");
+    limited.value()["output"]["format"] = "WritesMuch";
+    limited.value()["file_size_limit"] = 3 << 20;
+    host.send(limited.line());
+    auto const events = host.rest();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back()["status"], "write_error");
+    auto const told = std::find_if(events.begin(), events.end(),
+                                   [](json const & event) { return event.value("stream", "") == "error"; });
+    ASSERT_NE(told, events.end());
+    EXPECT_EQ((*told)["args"], json({out, 3.0, "translation_output_size"}));
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+TEST_F(HostProcess, WritesNoFileLargerThanItWasGivenFromOutside)
+{
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    rlimit const given{2 << 20, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &given), 0);
+    HostRun run;
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    auto generous = job("Box");
+    generous.value()["output"]["format"] = "WritesMuch";
+    generous.value()["file_size_limit"] = 3 << 20;
+    run.send(generous.line());
+    EXPECT_EQ(run.rest().back()["status"], "write_error");
+    EXPECT_TRUE(run.exits_with(0)) << "and not by a signal";
 }
 
 TEST_F(HostProcess, DoesNotBlameTheFileWhenALibraryHidesThatTheMemoryRanOut)

@@ -75,6 +75,8 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         promise.triangles = 5'000'000'000;
         promise.read_back = {{"stlReadUnit", "in"}};
         promise.made = promise.exact_curves = promise.ascii_names = promise.hidden = promise.checked = flag;
+        promise.annotations = flag;
+        promise.lost_annotations = {{0, 7}, {1, 5'000'000'000}};
         auto & holds = promise.holds;
         holds = {flag, flag, flag, flag, flag, flag, flag, flag, flag, flag};
         return question;
@@ -86,11 +88,13 @@ TEST(HostQuestion, ArrivesAsItWasSentWithEveryFlag)
         EXPECT_EQ(promise.deflection, 0.25);
         EXPECT_EQ(promise.triangles, 5'000'000'000);
         EXPECT_EQ(promise.read_back, (std::map<std::string, std::string>{{"stlReadUnit", "in"}}));
+        EXPECT_EQ(promise.lost_annotations,
+                  (std::set<std::pair<std::int64_t, std::int64_t>>{{0, 7}, {1, 5'000'000'000}}));
         auto const & holds = promise.holds;
         for (bool const read_flag :
              {promise.made, promise.exact_curves, promise.ascii_names, promise.hidden, promise.checked,
-              holds.structure, holds.names, holds.colours, holds.layers, holds.curves, holds.points,
-              holds.surfaces, holds.visibility, holds.transparency, holds.solids}) {
+              promise.annotations, holds.structure, holds.names, holds.colours, holds.layers, holds.curves,
+              holds.points, holds.surfaces, holds.visibility, holds.transparency, holds.solids}) {
             EXPECT_EQ(read_flag, flag);
         }
     }

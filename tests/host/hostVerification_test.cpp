@@ -1,9 +1,7 @@
 #include "HostRun.h"
+#include "hostSource.h"
 
-#include "kit/kitTempFolder.h"
 #include "translators/kit/kitParts.h"
-
-#include <STEPCAFControl_Writer.hxx>
 
 #include <gtest/gtest.h>
 
@@ -14,22 +12,6 @@
 using nlohmann::json;
 
 namespace {
-
-// A STEP file with the assembly of kit_add_assembly().
-std::string write_source(kitTempFolder const & folder)
-{
-    auto const file = folder / "source.step";
-    sdkDocument document;
-    kit_add_assembly(document);
-    STEPCAFControl_Writer writer;
-    writer.SetColorMode(Standard_True);
-    writer.SetNameMode(Standard_True);
-    writer.SetLayerMode(Standard_True);
-    if (!writer.Transfer(document.handle()) || writer.Write(file.c_str()) != IFSelect_RetDone) {
-        throw std::runtime_error("no source");
-    }
-    return file;
-}
 
 struct Lie {
     std::string told;
@@ -48,7 +30,10 @@ std::ostream & operator<<(std::ostream & stream, Lie const & lie)
 
 class HostVerification : public testing::Test {
 protected:
-    HostVerification() { job.input(write_source(folder), TRANSLATORS "/step.so", "STEP"); }
+    HostVerification()
+    {
+        job.input(host_write_source(folder, kit_add_assembly), TRANSLATORS "/step.so", "STEP");
+    }
 
     void run(std::map<std::string, std::string> const & options, std::string const & format = "LIE")
     {
@@ -241,6 +226,16 @@ TEST_F(HostVerification, WaitsForTheReaderOnlySoLong)
     EXPECT_EQ(verdict(), "not_verified");
     ASSERT_EQ(findings("not-read-back").size(), 1U);
     EXPECT_NE(findings("not-read-back")[0]["key"].get<std::string>().find("took longer"), std::string::npos);
+}
+
+TEST_F(HostVerification, GivesTheReaderUpBeforeTheEngineWouldEndItAll)
+{
+    job.value()["patience"] = 60;
+    job.value()["silence"] = 0.5;
+    run({{"lieReads", "hang"}, {"lieChecked", "true"}});
+    EXPECT_EQ(status(), "completed");
+    EXPECT_EQ(verdict(), "not_verified");
+    EXPECT_TRUE(std::filesystem::exists(out));
 }
 
 TEST_F(HostVerification, CannotBeOfAFormatThatNobodyReads)

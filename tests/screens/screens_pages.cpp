@@ -5,7 +5,7 @@
 #include "sglTabDlg.h"
 
 #include <wx/dnd.h>
-#include <wx/listbox.h>
+#include <wx/listctrl.h>
 #include <wx/notebook.h>
 
 namespace {
@@ -100,11 +100,9 @@ TEST_F(Pages, BatchWithASelectedLine)
 {
     auto * const batch = page_with<sglBatchFiles>(
         "IDC_BATCH_BATCH_LIST", {step("housing.step"), step("shaft.step")}, "page-batch-two");
-    auto * const list = find<wxListBox>(*batch, "IDC_BATCH_BATCH_LIST");
-    list->SetSelection(0);
-    wxCommandEvent event(wxEVT_LISTBOX, list->GetId());
-    event.SetEventObject(list);
-    list->ProcessWindowEvent(event);
+    auto * const list = find<wxListCtrl>(*batch, "IDC_BATCH_BATCH_LIST");
+    list->SetItemState(1, 0, wxLIST_STATE_SELECTED);
+    list->SetItemState(0, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     settle();
     picture(*batch, "page-batch-selected");
 }

@@ -2,6 +2,7 @@
 
 #include "iges/igesSolids.h"
 #include "sdk/geometry/sdkJoin.h"
+#include "sdk/geometry/sdkSolids.h"
 #include "sdk/sdkAttributes.h"
 
 #include <BRepBuilderAPI_Sewing.hxx>
@@ -20,20 +21,10 @@ bool can_be_sewn(TopoDS_Shape const & shape)
     return shape.ShapeType() == TopAbs_FACE || shape.ShapeType() == TopAbs_SHELL;
 }
 
-TopoDS_Shell shell_of(TopoDS_Shape const & face)
-{
-    TopoDS_Shell shell;
-    BRep_Builder builder;
-    builder.MakeShell(shell);
-    builder.Add(shell, face);
-    shell.Closed(BRep_Tool::IsClosed(shell));
-    return shell;
-}
-
 // A ball or a torus may be one face, which bounds a body by itself.
 bool is_closed_face(TopoDS_Shape const & face)
 {
-    return BRep_Tool::IsClosed(shell_of(face));
+    return BRep_Tool::IsClosed(sdk_shell_of(face));
 }
 
 // Files give such a face two edges where it meets itself, which have to be sewn to each other.
@@ -158,7 +149,7 @@ void igesSewing::sew_faces(std::vector<TopoDS_Shape> const & faces, std::vector<
     std::vector<TopoDS_Shape> alone;
     append(whole, TopAbs_FACE, TopAbs_SHELL, alone);
     for (auto const & face : alone) {
-        sewn.push_back(is_closed_face(face) ? shell_of(face) : face);
+        sewn.push_back(is_closed_face(face) ? sdk_shell_of(face) : face);
     }
     if (faces.size() == 1 && sewn.front().ShapeType() == TopAbs_FACE) {
         results.push_back(faces.front());

@@ -19,5 +19,8 @@ sdkResult sdk_check_written(std::string const & path, std::string const & shown)
 // written.
 bool sdk_file_passes(std::string const & path, std::function<bool(std::string_view)> const & is_whole);
 
+// A write error for an errno that writing gave, with what to do about it; `shown` is the name for the user.
+sdkResult sdk_not_written(std::string const & shown, int error_number);
+
 // The system's text for an errno, such as "No space left on device".
 std::string sdk_system_text(int error_number);

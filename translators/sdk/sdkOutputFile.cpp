@@ -39,8 +39,7 @@ sdkResult sdkOutputFile::close(std::string const & shown)
     }
     m_descriptor = -1;
     if (m_error != 0) {
-        return sdkResult::write_error(
-            sdkText("host::%s could not be written: %s", shown, sdk_system_text(m_error)));
+        return sdk_not_written(shown, m_error);
     }
     if (m_cancelled) {
         return sdkResult::cancelled();

@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 
 // What a writer says of its output, with the options that it has, so that the output can be read back and
 // held against the document. A writer that makes no promise is judged by the geometry that is found in its
@@ -26,4 +28,9 @@ struct sdkPromise {
     bool checked = false;
     // How many triangles the output holds; negative where the writer does not say.
     std::int64_t triangles = -1;
+    // The output holds the dimensions, tolerances and other annotations of the document, but for those that
+    // are lost, each by the index of its set and its index within (sdkAnnotations.h). The account names
+    // these. Otherwise all are lost.
+    bool annotations = false;
+    std::set<std::pair<std::int64_t, std::int64_t>> lost_annotations;
 };

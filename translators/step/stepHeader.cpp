@@ -20,4 +20,7 @@ void stepHeader::apply(Handle(StepData_StepModel) const & model) const
     header.SetAuthorValue(1, text_of(author));
     header.SetOrganizationValue(1, text_of(organisation));
     header.SetAuthorisation(text_of(""));
+    if (!schema.empty()) {
+        header.SetSchemaIdentifiersValue(1, text_of(schema));
+    }
 }

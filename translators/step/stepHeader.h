@@ -11,6 +11,7 @@ struct stepHeader {
     std::string file;
     std::string author;
     std::string organisation;
+    std::string schema = {}; // with its edition; that of the writer when it is empty
 
     void apply(Handle(StepData_StepModel) const & model) const;
 };

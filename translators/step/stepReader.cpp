@@ -99,11 +99,16 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
                     m_context.file()));
     }
     m_links = stepTextualLinks(reader.StepModel(), file.text());
+    m_losses = step_count_losses(reader.StepModel());
+    if (m_losses.has_pmi()) {
+        m_pmi = std::make_shared<stepPmiSource>(file.text());
+    }
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());
     auto const made_good = [&](auto const & entity) {
         return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
-               settled.count(entity.get()) > 0;
+               settled.count(entity.get()) > 0 ||
+               (m_pmi && m_pmi->has(reader.StepModel()->IdentLabel(entity)));
     };
     sdk_report_load(reader.WS(), m_context, made_good);
     stepDamage damage(reader.WS(), faults.numbers, made_good, m_context);
@@ -194,8 +199,12 @@ sdkResult stepReader::transfer(sdkDocument & document, Message_ProgressRange con
         return without_shapes();
     }
     step_report_units(m_reader->Reader().Model(), m_context);
-    findings.take(m_reader->Reader().WS(), instances);
-    step_check_validation(*m_reader, document, m_context);
+    findings.take(m_reader->Reader().WS(), instances, m_losses);
+    if (m_pmi) {
+        m_pmi->take_shapes(*m_reader);
+        step_add_annotations(document, m_pmi);
+    }
+    step_check_validation(*m_reader, m_pmi.get(), document, m_context);
     if (options.text("stepReadStructure") == "flat") {
         if (int const assemblies = sdk_flatten(document, added, sdkPlacing::geometry); assemblies > 0) {
             m_context.reporter().output("step::%s: %d assemblies were taken apart", m_context.file(),

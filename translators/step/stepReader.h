@@ -4,10 +4,13 @@
 #include "sdk/sdkInputFile.h"
 #include "sdk/sdkModule.h"
 #include "step/stepGaps.h"
+#include "step/stepLosses.h"
 #include "step/stepMappings.h"
+#include "step/stepPmiSource.h"
 
 #include <STEPCAFControl_Reader.hxx>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,4 +37,6 @@ private:
     std::string m_schema;
     stepTextualLinks m_links;
     std::vector<stepMappings::Copy> m_copies;
+    stepLosses m_losses;
+    std::shared_ptr<stepPmiSource> m_pmi; // null when the file has none
 };

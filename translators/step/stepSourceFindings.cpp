@@ -21,9 +21,10 @@ stepSourceFindings::stepSourceFindings(sdkDocument & document, sdkContext & cont
 {
 }
 
-void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances)
+void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances,
+                              stepLosses const & losses)
 {
-    take_information(session);
+    take_information(losses);
     if (m_context.options().boolean("stepReadNames")) {
         take_names(session);
     }
@@ -31,9 +32,8 @@ void stepSourceFindings::take(Handle(XSControl_WorkSession) const & session, ste
     take_visibility(session, instances);
 }
 
-void stepSourceFindings::take_information(Handle(XSControl_WorkSession) const & session)
+void stepSourceFindings::take_information(stepLosses const & losses)
 {
-    auto const losses = step_count_losses(session->Model());
     if (losses.has_pmi()) {
         m_context.account().add(
             {.weight = sdkWeight::loss,

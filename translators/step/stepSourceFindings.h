@@ -9,6 +9,7 @@
 
 class XSControl_WorkSession;
 class stepInstances;
+struct stepLosses;
 
 // Adds to the account what a file has besides shapes and what became of it: product and manufacturing
 // information, names, materials, hidden bodies. Make it before the transfer, for the document may have such
@@ -18,10 +19,11 @@ public:
     stepSourceFindings(sdkDocument & document, sdkContext & context);
 
     // After the transfer. Reads the visibility that the toolkit has not read.
-    void take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances);
+    void take(Handle(XSControl_WorkSession) const & session, stepInstances const & instances,
+              stepLosses const & losses);
 
 private:
-    void take_information(Handle(XSControl_WorkSession) const & session);
+    void take_information(stepLosses const & losses);
     void take_names(Handle(XSControl_WorkSession) const & session);
     void take_materials(Handle(XSControl_WorkSession) const & session);
     void take_visibility(Handle(XSControl_WorkSession) const & session, stepInstances const & instances);

@@ -134,7 +134,9 @@ stepStatedProperties properties_of(Handle(StepRepr_PropertyDefinition) const & d
 
 } // namespace
 
-stepStatements step_stated_properties(Handle(Interface_InterfaceModel) const & model)
+stepStatements step_stated_properties(
+    Handle(Interface_InterfaceModel) const & model,
+    std::function<bool(Handle(Standard_Transient) const & definition)> const & told_elsewhere)
 {
     stepStatements all;
     for (int number = 1; number <= model->NbEntities(); ++number) {
@@ -145,12 +147,13 @@ stepStatements step_stated_properties(Handle(Interface_InterfaceModel) const & m
             continue;
         }
         auto const name = lower(definition->Name());
+        bool const counted = !told_elsewhere || !told_elsewhere(definition);
         if (name != "geometric validation property") {
-            all.others += name.ends_with("validation property") ? 1 : 0;
+            all.others += counted && name.ends_with("validation property") ? 1 : 0;
             continue;
         }
         auto stated = properties_of(definition, link->UsedRepresentation());
-        all.others += stated.others;
+        all.others += counted ? stated.others : 0;
         if (stated.amounts() + stated.unclear > 0) {
             stated.place = model->StringLabel(definition)->ToCString();
             all.properties.push_back(std::move(stated));

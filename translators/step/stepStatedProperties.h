@@ -4,6 +4,7 @@
 #include <StepRepr_PropertyDefinition.hxx>
 #include <gp_Pnt.hxx>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,4 +37,7 @@ struct stepStatements {
     int others = 0;
 };
 
-stepStatements step_stated_properties(Handle(Interface_InterfaceModel) const & model);
+// Those of other kinds are not counted where `told_elsewhere` says so of their definition; it may be empty.
+stepStatements step_stated_properties(
+    Handle(Interface_InterfaceModel) const & model,
+    std::function<bool(Handle(Standard_Transient) const & definition)> const & told_elsewhere);

@@ -23,7 +23,7 @@ void print(Handle(StepData_StepModel) const & model, std::ostream & stream, Fill
 } // namespace
 
 void step_write_text(Handle(StepData_StepModel) const & model, Handle(StepData_Protocol) const & protocol,
-                     std::ostream & stream)
+                     std::string_view more_definitions, std::ostream & stream)
 {
     // A header by itself comes without the line in front of it.
     stream << "ISO-10303-21;\n";
@@ -38,6 +38,7 @@ void step_write_text(Handle(StepData_StepModel) const & model, Handle(StepData_P
             }
         });
     }
+    stream << more_definitions;
     print(model, stream, [](StepData_StepWriter & text) {
         text.EndSec();
         text.EndFile();

@@ -1,6 +1,7 @@
 #include "step/stepValidationCheck.h"
 
 #include "sdk/sdkStated.h"
+#include "step/stepPmiSource.h"
 #include "step/stepPropertyTargets.h"
 #include "step/stepStatedProperties.h"
 
@@ -193,14 +194,17 @@ private:
 
 } // namespace
 
-void step_check_validation(STEPCAFControl_Reader const & reader, sdkDocument const & document,
-                           sdkContext & context)
+void step_check_validation(STEPCAFControl_Reader const & reader, stepPmiSource const * annotations,
+                           sdkDocument const & document, sdkContext & context)
 {
     bool const wanted = context.options().boolean("stepReadValidation");
     stepPropertyTargets const targets(reader, document.shapes());
     Check check(context);
     NCollection_Map<Handle(Standard_Transient)> products;
-    auto const statements = step_stated_properties(reader.Reader().Model());
+    auto const model = Handle(StepData_StepModel)::DownCast(reader.Reader().Model());
+    auto const statements = step_stated_properties(model, [&](auto const & definition) {
+        return annotations != nullptr && annotations->has(model->IdentLabel(definition));
+    });
     for (auto const & stated : statements.properties) {
         auto const target = targets.find(stated.definition);
         if (wanted) {

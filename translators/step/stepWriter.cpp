@@ -108,6 +108,7 @@ sdkResult stepWriter::transfer(sdkDocument & document, Message_ProgressRange con
     reporter.processed(entities - failed);
     write_visibility(document, hidden_instances);
     add_validation(document);
+    m_annotations = step_write_annotations(m_writer->ChangeWriter().WS(), document, m_context);
     reporter.output("step::Length unit of the output is %s",
                     sdk_length_unit(options.text("vmrOptOutputUnits"))->name);
     return sdkResult::completed();
@@ -166,13 +167,14 @@ sdkResult stepWriter::write(std::string const & path, Message_ProgressRange cons
     auto const model = writer.Model();
     auto const & options = m_context.options();
     stepHeader{sdk_file_name(m_context.file()), options.text("stepWriteAuthor"),
-               options.text("stepWriteOrganisation")}
+               options.text("stepWriteOrganisation"), m_annotations.schema}
         .apply(model);
 
     sdkOutputFile file(path, range);
     stepTextEncoding encoding(file);
     std::ostream stream(&encoding);
-    step_write_text(model, Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), stream);
+    step_write_text(model, Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()),
+                    m_annotations.definitions, stream);
     encoding.finish();
     auto result = file.close(m_context.file());
     m_context.promise().checked = result && sdk_file_passes(path, [](std::string_view content) {

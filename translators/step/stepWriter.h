@@ -2,6 +2,7 @@
 
 #include "sdk/exchange/sdkStatics.h"
 #include "sdk/sdkModule.h"
+#include "step/stepPmiWriting.h"
 
 #include <STEPCAFControl_Writer.hxx>
 
@@ -22,4 +23,5 @@ private:
     sdkContext & m_context;
     sdkStatics m_statics;
     std::optional<STEPCAFControl_Writer> m_writer;
+    stepPmiText m_annotations;
 };

@@ -2,12 +2,14 @@
 // what the option "script" of the first input tells it.
 //
 //   say TEXT              the text as a line
+//   repeat TEXT           the same for ever
 //   bytes HEX             these bytes, without a line end
 //   ready                 a message with the key "ready"
 //   flood N               N messages, of which every tenth is for the error stream
 //   write NAME TEXT       a file in the staging folder
 //   chief TEXT            the output itself
 //   keep-job FILE         a copy of the job
+//   keep-command FILE     waits for a command and keeps a copy
 //   list FILE             the descriptors that are open here
 //   copy FILE             the output itself, with the content of the file
 //   make FILE             an empty file
@@ -124,6 +126,10 @@ void do_step(std::string const & verb, std::istringstream & words, json const & 
     if (verb == "say") {
         std::getline(words >> std::ws, word);
         print(word + "\n");
+    } else if (verb == "repeat") {
+        std::getline(words >> std::ws, word);
+        for (;;)
+            print(word + "\n");
     } else if (verb == "bytes") {
         words >> word;
         print_bytes(word);
@@ -176,6 +182,12 @@ void do_step(std::string const & verb, std::istringstream & words, json const & 
     } else if (verb == "keep-job") {
         words >> word;
         std::ofstream(word) << job.dump();
+    } else if (verb == "keep-command") {
+        words >> word;
+        std::string line;
+        std::fflush(stdout);
+        std::getline(std::cin, line);
+        std::ofstream(word) << line;
     } else if (verb == "list") {
         words >> word;
         list_descriptors(word);

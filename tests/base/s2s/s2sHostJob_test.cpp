@@ -18,7 +18,8 @@ TEST(HostJob, HoldsEverythingThatTheHostNeeds)
     options.add_resource("testHealing", "true");
     s2sTranslationElements const elements({{"/in/a.cad", &options, "/lib/a.so", 0, "A"}},
                                           {"/out/b.cad", nullptr, "/lib/b.so", nullptr, 0, "B"});
-    auto const text = s2s_host_job(elements, {"/out/b.cad", "/out/.vmr-1", "/out/.vmr-1/b.cad"}, 1000);
+    auto const text = s2s_host_job(elements, {"/out/b.cad", "/out/.vmr-1", "/out/.vmr-1/b.cad"},
+                                   {1000, 2000, std::chrono::milliseconds(2500)});
     EXPECT_EQ(text.find('\n'), std::string::npos);
     json const expected = {{"job", 1},
                            {"inputs",
@@ -33,7 +34,9 @@ TEST(HostJob, HoldsEverythingThatTheHostNeeds)
                              {"format", "B"},
                              {"options", json::object()}}},
                            {"staging", "/out/.vmr-1"},
-                           {"memory_limit", 1000}};
+                           {"memory_limit", 1000},
+                           {"file_size_limit", 2000},
+                           {"silence", 2.5}};
     EXPECT_EQ(json::parse(text), expected);
 }
 
@@ -41,7 +44,7 @@ TEST(HostJob, MakesPathsAbsolute)
 {
     s2sTranslationElements const elements({{"a.cad", nullptr, "a.so", 0, "A"}},
                                           {"b.cad", nullptr, "b.so", nullptr, 0, "B"});
-    auto const job = json::parse(s2s_host_job(elements, {"/b.cad", "/.vmr-1", "/.vmr-1/b.cad"}, 0));
+    auto const job = json::parse(s2s_host_job(elements, {"/b.cad", "/.vmr-1", "/.vmr-1/b.cad"}, {}));
     EXPECT_EQ(job["inputs"][0]["file"], (std::filesystem::current_path() / "a.cad").native());
     EXPECT_EQ(job["output"]["module"], (std::filesystem::current_path() / "b.so").native());
 }
@@ -59,7 +62,8 @@ TEST(HostJob, LeavesOutTheDefaultsOfOtherFormatsInAFileOfAll)
         options.set_resource_file(utString(folder / file));
         s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
                                               {"/b", nullptr, "/b.so", nullptr, 0, "B"});
-        return json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0))["inputs"][0]["options"];
+        return json::parse(
+            s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, {}))["inputs"][0]["options"];
     };
     EXPECT_EQ(sent("Default", "as it is"), json::object());
     EXPECT_EQ(sent("Default", "changed"), (json{{"testHostJobOther", "changed"}}));
@@ -76,7 +80,7 @@ TEST(HostJob, SendsTheOverrideInPlaceOfTheValueOfTheFile)
     options.add_resource("testTolerance", "2");
     s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
                                           {"/b", nullptr, "/b.so", nullptr, 0, "B"});
-    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0));
+    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, {}));
     EXPECT_EQ(job["inputs"][0]["options"], (json{{"testTolerance", "2"}, {"testColour", "red"}}));
 }
 
@@ -89,7 +93,7 @@ TEST(HostJob, SendsRefusedOverridesBesideTheValuesThatHold)
     options.add_as_it_stands("vmrTolTriangulate3d", "1e-08");
     s2sTranslationElements const elements({{"/a", &options, "/a.so", 0, "A"}},
                                           {"/b", nullptr, "/b.so", nullptr, 0, "B"});
-    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, 0));
+    auto const job = json::parse(s2s_host_job(elements, {"/b", "/.vmr-1", "/.vmr-1/b"}, {}));
     EXPECT_EQ(job["inputs"][0]["options"], (json{{"vmrTolTriangulate3d", "0.25"}}));
     EXPECT_EQ(job["inputs"][0]["refused"], (json{{"vmrTolTriangulate3d", "1e-08"}}));
     EXPECT_FALSE(job["output"].contains("refused"));

@@ -55,6 +55,31 @@ TEST_F(WrapperFailure, NamesTheOutputWhenTheHostCrashesWhileWriting)
     EXPECT_THAT(error_stream.text(), HasSubstr("(SIGABRT) while writing " + folder / "out/part.cad"));
 }
 
+TEST_F(WrapperFailure, BlamesTheMemoryAndNotTheFileWhenTheHostIsKilled)
+{
+    EXPECT_EQ(run_script("signal " + std::to_string(SIGKILL)), 0);
+    expect_failed(s2sThreadReadError);
+    EXPECT_THAT(error_stream.text(), HasSubstr("was killed (SIGKILL) while reading " + folder / "in.cad"));
+    EXPECT_THAT(error_stream.text(), HasSubstr("lower the setting translation_memory."));
+    comm.reset();
+    EXPECT_EQ(run_script(writing + "signal " + std::to_string(SIGKILL)), 0);
+    expect_failed(s2sThreadWriteError);
+    EXPECT_THAT(error_stream.text(),
+                HasSubstr("was killed (SIGKILL) while writing " + folder / "out/part.cad"));
+}
+
+TEST_F(WrapperFailure, BlamesTheTimeAllowedWhenTheHostHasUsedItUp)
+{
+    EXPECT_EQ(run_script("signal " + std::to_string(SIGXCPU)), 0);
+    expect_failed(s2sThreadReadError);
+    EXPECT_THAT(error_stream.text(), HasSubstr("ended (SIGXCPU) while reading " + folder / "in.cad"));
+    comm.reset();
+    EXPECT_EQ(run_script(writing + "signal " + std::to_string(SIGXCPU)), 0);
+    expect_failed(s2sThreadWriteError);
+    EXPECT_THAT(error_stream.text(), HasSubstr("(SIGXCPU) while writing " + folder / "out/part.cad"));
+    EXPECT_THAT(error_stream.text(), HasSubstr("(ulimit -t)"));
+}
+
 TEST_F(WrapperFailure, NamesTheExitStatusWhenTheHostLeavesWithoutALastWord)
 {
     EXPECT_EQ(run_script("exit 3"), 0);

@@ -1,16 +1,19 @@
 #include "sdk/sdkModule.h"
+#include "sdk/sdkOutputFile.h"
 
 #include <BRep_Builder.hxx>
 #include <Message_ProgressScope.hxx>
 #include <Standard_Failure.hxx>
 #include <TopoDS_Vertex.hxx>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <sys/resource.h>
 #include <unistd.h>
 #include <vector>
 
@@ -37,6 +40,22 @@ void eat_memory()
     for (;;) {
         all.emplace_back(16 * 1024 * 1024, 'x');
     }
+}
+
+// Until this process may have more than a gigabyte of data.
+void wait_for_memory()
+{
+    rlimit limit{};
+    while (::getrlimit(RLIMIT_DATA, &limit) == 0 && limit.rlim_cur <= 1ULL << 30) {
+        ::usleep(1000);
+    }
+}
+
+// Until the stack is used up.
+int recurse(int depth)
+{
+    int volatile place[1024] = {depth};
+    return depth < 0 ? 0 : recurse(depth + 1) + place[0];
 }
 
 class Reader : public sdkReader {
@@ -67,6 +86,26 @@ public:
         }
         if (m_format == "Crashes") {
             std::abort();
+        }
+        if (m_format.starts_with("Chatters")) {
+            for (int i = 0; i < 1000; ++i) {
+                m_context.reporter().error("odd::Message %d", i);
+            }
+        }
+        if (m_format == "ChattersAndCrashes") {
+            ::raise(SIGSEGV);
+        }
+        if (m_format == "ChattersAndOverflows") {
+            recurse(1);
+        }
+        if (m_format == "ChattersAndIsTold") {
+            ::raise(SIGTERM);
+        }
+        if (m_format == "IsKilled") {
+            ::raise(SIGKILL);
+        }
+        if (m_format == "WaitsForMemory") {
+            wait_for_memory();
         }
         if (m_format == "Hungry") {
             eat_memory();
@@ -155,6 +194,11 @@ public:
                                  std::nullopt,
                                  std::nullopt,
                                  sdkText("odd::%s is written", m_context.file())});
+        if (m_format == "WritesMuch") {
+            sdkOutputFile file(path, {});
+            std::ostream(&file) << std::string(8 * 1024 * 1024, 'x');
+            return file.close(m_context.file());
+        }
         std::ofstream stream(path);
         if (m_format == "WritesEmpty") {
             return sdkResult::completed();

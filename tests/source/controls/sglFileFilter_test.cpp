@@ -20,3 +20,12 @@ TEST(FileFilter, StandsForBothCasesOfALetter)
     EXPECT_EQ(sgl_toolkit_filter("S|*.IGS"), "S|*.[iI][gG][sS]");
     EXPECT_EQ(sgl_toolkit_filter("S|*.[ab]c"), "S|*.[ab]c");
 }
+
+TEST(FileFilter, TellsTheEndingsOfEachOfItsPatterns)
+{
+    using Endings = std::vector<std::vector<std::string>>;
+    EXPECT_EQ(sgl_filter_endings("STEP (*.stp)|*.stp; *.step|One|part.*;*.a.b|All (*.*)|*.*||"),
+              (Endings{{"stp", "step"}, {"a.b"}, {}}));
+    EXPECT_EQ(sgl_filter_endings("All|*"), Endings{{}});
+    EXPECT_EQ(sgl_filter_endings(""), Endings{});
+}

@@ -79,6 +79,22 @@ TEST_F(OutputName, KeepsTheBytesOfAName)
     EXPECT_EQ(name("ALPHA", "BETA", "/data/M\xc3\xbcller \xff.alpha"), "/data/M\xc3\xbcller \xff.beta");
 }
 
+TEST_F(OutputName, GetsTheFirstNumberThatIsFreeBeforeItsExtension)
+{
+    auto const numbered = [](char const * path, std::vector<std::string> const & taken) {
+        return sgl_numbered_name(path, [&](utString const & name) {
+            return std::find(taken.begin(), taken.end(), name.str()) != taken.end();
+        });
+    };
+    EXPECT_EQ(numbered("/d.x/a.igs", {}), utString("/d.x/a.igs"));
+    EXPECT_EQ(numbered("/d.x/a.igs", {"/d.x/a.igs"}), utString("/d.x/a-2.igs"));
+    EXPECT_EQ(numbered("/d.x/a.igs", {"/d.x/a.igs", "/d.x/a-2.igs", "/d.x/a-3.igs"}),
+              utString("/d.x/a-4.igs"));
+    EXPECT_EQ(numbered("/d.x/a", {"/d.x/a"}), utString("/d.x/a-2"));
+    EXPECT_EQ(numbered("/d.x/.a", {"/d.x/.a"}), utString("/d.x/.a-2"));
+    EXPECT_EQ(numbered("/a.b.igs", {"/a.b.igs"}), utString("/a.b-2.igs"));
+}
+
 TEST_F(OutputName, IsWritableWhereAFileCanBeMadeAndNothingIsLeft)
 {
     utString const path(folder() / "free/new.beta");

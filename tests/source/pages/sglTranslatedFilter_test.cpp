@@ -110,6 +110,15 @@ TEST_F(TranslatedFilter, TranslatesTheLabelAndKeepsThePatterns)
               "Öffnen von B (*.b;*.bb)|*.b;*.bb|All Files (*.*)|*.*||");
 }
 
+TEST_F(TranslatedFilter, HasTheTranslationOfAWholeEntryWhereThereIsOne)
+{
+    speak_german("format.filter\x04"
+                 "B Files (*.b)|*.b",
+                 "Alles von B|*.b;*.B");
+    EXPECT_EQ(text({entry("format.filter::B Files (*.b)|*.b")}),
+              "Alles von B|*.b;*.B|All Files (*.*)|*.*||");
+}
+
 TEST_F(TranslatedFilter, IsInTheOrderOfTheTranslatedTexts)
 {
     speak_german("format.filter\x04"

@@ -383,3 +383,13 @@ TEST_F(Driver, NamesTheTranslatorsThatDoNotLoadInOneText)
     status.add_file_failure(apPathName::from_utf8("/lib/b.so"), "it is not there");
     EXPECT_EQ(told(status), "Tester: Error : unable to load /lib/a.so\nError : unable to load /lib/b.so\n");
 }
+
+TEST_F(Driver, GivesTheEngineTheLimitsOfTheSettings)
+{
+    struct Request : kitRequest {
+        using kitRequest::context;
+    };
+    EXPECT_EQ(Request().context().limits().patience, std::chrono::seconds(120));
+    app().startup_info().add_field_without_saving("translation_patience", "17");
+    EXPECT_EQ(Request().context().limits().patience, std::chrono::seconds(17));
+}

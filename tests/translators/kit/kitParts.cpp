@@ -74,17 +74,30 @@ TopoDS_Shape kit_facet_cube()
     // The corners are numbered by the bits of x, y and z; each row is one side, seen from outside.
     constexpr int sides[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
                                  {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
-    Handle(Poly_Triangulation) const triangles = new Poly_Triangulation(8, 12, Standard_False);
+    std::vector<gp_Pnt> points;
     for (int corner = 0; corner < 8; ++corner) {
-        triangles->SetNode(corner + 1, gp_Pnt(10. * (corner & 1), 5. * (corner & 2), 2.5 * (corner & 4)));
+        points.emplace_back(10. * (corner & 1), 5. * (corner & 2), 2.5 * (corner & 4));
     }
-    for (int side = 0; side < 6; ++side) {
-        auto const & corners = sides[side];
-        triangles->SetTriangle(2 * side + 1, {corners[0] + 1, corners[1] + 1, corners[2] + 1});
-        triangles->SetTriangle(2 * side + 2, {corners[0] + 1, corners[2] + 1, corners[3] + 1});
+    std::vector<Poly_Triangle> triangles;
+    for (auto const & corners : sides) {
+        triangles.emplace_back(corners[0] + 1, corners[1] + 1, corners[2] + 1);
+        triangles.emplace_back(corners[0] + 1, corners[2] + 1, corners[3] + 1);
+    }
+    return kit_mesh(points, triangles);
+}
+
+TopoDS_Face kit_mesh(std::vector<gp_Pnt> const & points, std::vector<Poly_Triangle> const & triangles)
+{
+    Handle(Poly_Triangulation) const mesh = new Poly_Triangulation(
+        static_cast<int>(points.size()), static_cast<int>(triangles.size()), Standard_False);
+    for (int at = 1; at <= mesh->NbNodes(); ++at) {
+        mesh->SetNode(at, points[static_cast<std::size_t>(at - 1)]);
+    }
+    for (int at = 1; at <= mesh->NbTriangles(); ++at) {
+        mesh->SetTriangle(at, triangles[static_cast<std::size_t>(at - 1)]);
     }
     TopoDS_Face face;
-    BRep_Builder().MakeFace(face, triangles);
+    BRep_Builder().MakeFace(face, mesh);
     return face;
 }
 

@@ -2,9 +2,11 @@
 
 #include "sdk/sdkDocument.h"
 
+#include <Poly_Triangle.hxx>
 #include <Quantity_Color.hxx>
 #include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
+#include <gp_Pnt.hxx>
 
 #include <vector>
 
@@ -18,6 +20,8 @@ TopoDS_Shape kit_hollow_cube();
 TopoDS_Shape kit_wire();
 // A cube of 10 as one face without a surface, with twelve triangles.
 TopoDS_Shape kit_facet_cube();
+// Triangles, which count the points from 1, as one face without a surface.
+TopoDS_Face kit_mesh(std::vector<gp_Pnt> const & points, std::vector<Poly_Triangle> const & triangles);
 
 // Copies of the faces of a shape, none of which shares an edge with another.
 std::vector<TopoDS_Shape> kit_loose_faces(TopoDS_Shape const & shape);

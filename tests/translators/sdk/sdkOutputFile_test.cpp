@@ -38,7 +38,8 @@ TEST(OutputFile, RemembersAFullDisk)
     stream << "x";
     auto const result = file.close("part.stp");
     EXPECT_EQ(result.status(), sdkStatus::write_error);
-    EXPECT_EQ(result.text().formatted(), "part.stp could not be written: No space left on device");
+    EXPECT_EQ(result.text().formatted(), "part.stp could not be written: No space left on device; make room "
+                                         "on the disk or choose another folder");
 }
 
 TEST(OutputFile, StopsTakingDataAfterAnError)

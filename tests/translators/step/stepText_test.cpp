@@ -16,7 +16,7 @@ namespace {
 std::string written_in_parts(STEPControl_Writer & writer)
 {
     std::ostringstream stream;
-    step_write_text(writer.Model(), Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), stream);
+    step_write_text(writer.Model(), Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), {}, stream);
     return stream.str();
 }
 
@@ -56,6 +56,6 @@ TEST(StepText, EndsWhenTheStreamTakesNoMore)
     writer.Transfer(kit_cube(10), STEPControl_AsIs);
     std::ostringstream stream;
     stream.setstate(std::ios::badbit);
-    step_write_text(writer.Model(), Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), stream);
+    step_write_text(writer.Model(), Handle(StepData_Protocol)::DownCast(writer.WS()->Protocol()), {}, stream);
     EXPECT_TRUE(stream.str().empty());
 }

@@ -43,10 +43,15 @@ public:
     /// The file or folder that would be taken; empty until there is one.
     std::string path() const
     {
-        char * const name = call<char *(void *)>("gtk_file_chooser_get_filename")(m_chooser);
-        std::string const text = name ? name : "";
-        g_free(name);
-        return text;
+        return taken(call<char *(void *)>("gtk_file_chooser_get_filename")(m_chooser));
+    }
+    std::string folder() const ///< that is shown
+    {
+        return taken(call<char *(void *)>("gtk_file_chooser_get_current_folder")(m_chooser));
+    }
+    std::string name() const ///< in the field for the name of a new file
+    {
+        return taken(call<char *(void *)>("gtk_file_chooser_get_current_name")(m_chooser));
     }
     /// What the user types into the field for the name of a new file.
     void type_name(std::string const & name) const
@@ -60,6 +65,12 @@ private:
     static constexpr int display_name_given = 4;
     static constexpr int response_accept = -3;
 
+    static std::string taken(char * text)
+    {
+        std::string const result = text ? text : "";
+        g_free(text);
+        return result;
+    }
     template <class Function>
     static Function * call(char const * name)
     {

@@ -40,6 +40,7 @@ public:
     {
         kit_have_display();
         setenv("LC_ALL", "C.UTF-8", 1);
+        setenv("XDG_CONFIG_HOME", (m_folder / "config").c_str(), 1);
         m_app = new kitApp(VMR_BUILD_TREE, m_folder / "user");
         m_app->use_display(true);
         m_app->SetExitOnFrameDelete(false);

@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <optional>
 #include <wx/html/helpdata.h>
+#include <wx/html/helpfrm.h>
 #include <wx/wfstream.h>
 #include <wx/zipstrm.h>
 
@@ -316,6 +317,60 @@ TEST_F(HelpBook, OpensOverTheOptionsWhichGoOnWhenItIsClosed)
                        click(*find<wxButton>(dialog, "IDC_OPTIONS_OK"));
                    }),
               wxID_OK);
+}
+
+TEST_F(HelpBook, KeepsTheOtherWindowsFromClicksOverADialogAndSoDoesTheDialogAfterwards)
+{
+    // In a corner of the screen, where no dialog covers it.
+    auto * const other = new wxFrame(nullptr, wxID_ANY, "other", wxPoint(0, 700), wxSize(200, 200));
+    auto * const button = new wxButton(other, wxID_ANY, "Press");
+    int pressed = 0;
+    button->Bind(wxEVT_BUTTON, [&](wxCommandEvent &) { ++pressed; });
+    other->Show();
+    run_until([&] { return button->IsShownOnScreen(); }, 20, "the other window");
+    settle();
+    click(*button);
+    ASSERT_EQ(pressed, 1) << "without a dialog it can be pressed";
+
+    for (auto const & close : {close_with_escape, close_with_its_button, close_with_its_frame}) {
+        sglAboutDlg about(m_frame);
+        show_modal(about, [&] {
+            for (int time = 0; time < 2; ++time) {
+                help_page([] { key(WXK_F1); },
+                          [&](wxHtmlHelpDialog & help) {
+                              click(*button);
+                              EXPECT_EQ(pressed, 1) << "below the help";
+                              help.Raise();
+                              focus(*help.GetHelpWindow());
+                              close(help);
+                          });
+                click(*button);
+                EXPECT_EQ(pressed, 1) << "below the dialog";
+                about.Raise();
+                focus(*find<wxWindow>(about, "wxID_OK"));
+            }
+            key(WXK_ESCAPE);
+        });
+        click(*button);
+        EXPECT_EQ(pressed, 2) << "nothing is above it";
+        pressed = 1;
+    }
+}
+
+TEST_F(HelpBook, OpensInAWindowThatEscapeCloses)
+{
+    {
+        sglHelpDisplayer help(&app(), m_frame);
+        for (int time = 0; time < 2; ++time) {
+            help.show_help();
+            auto * const window = kit_help_window<wxHtmlHelpFrame>();
+            ASSERT_TRUE(window);
+            focus(*help.GetHelpWindow()->GetHtmlWindow());
+            key(WXK_ESCAPE);
+            run_until([] { return kit_help_window<wxHtmlHelpFrame>() == nullptr; }, 20, "the help to go");
+        }
+    }
+    settle();
 }
 
 TEST_F(HelpBook, OpensAtTheOptionsWithTheirButtonAndWithF1)

@@ -122,6 +122,12 @@ protected:
     {
         return folder().write(name, "ISO-10303-21;\nHEADER;\n");
     }
+    std::string iges_file(std::string const & name) const
+    {
+        std::string line(72, ' ');
+        line += "S      1\n";
+        return folder().write(name, line);
+    }
     /// One of the installed samples, copied into the folder of the test.
     std::string sample(std::string const & name, std::string const & as) const
     {

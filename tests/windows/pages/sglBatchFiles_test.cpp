@@ -34,8 +34,8 @@ TEST_F(BatchPage, QueuesTheFileThatIsBrowsedFor)
     EXPECT_FALSE(can_translate());
     add();
     EXPECT_EQ(queued(), 1);
-    EXPECT_EQ(queue().GetString(0).utf8_string(), folder() / "part.stp");
-    EXPECT_EQ(queue().GetSelection(), 0);
+    EXPECT_EQ(line(0), folder() / "part.stp");
+    EXPECT_THAT(chosen(), testing::ElementsAre(0));
     EXPECT_EQ(queued_output(0), folder() / "part.igs");
     EXPECT_FALSE(can_add());
     EXPECT_FALSE(can_save());
@@ -64,7 +64,7 @@ TEST_F(BatchPage, QueuesEveryFileDroppedOnTheQueueAndTellsOfTheOthers)
     EXPECT_EQ(boxes.said()[0], "The following files could not be added to the batch:\n\n  " + text + "\n  " +
                                    (folder() / "parts"));
     EXPECT_EQ(queued(), 2);
-    EXPECT_EQ(queue().GetSelection(), 1);
+    EXPECT_THAT(chosen(), testing::ElementsAre(1));
     EXPECT_FALSE(can_add());
     EXPECT_FALSE(can_save());
     EXPECT_TRUE(can_translate());
@@ -79,9 +79,10 @@ TEST_F(BatchPage, CountsARefusedOverwriteAsAFileThatWasNotAdded)
     drop_on_queue({step_file("a.stp")});
     EXPECT_EQ(boxes.said()[0],
               "The file " + (folder() / "a.igs") + " already exists. Do you want to overwrite it?");
+    EXPECT_TRUE(boxes.styles()[0] & wxNO_DEFAULT);
     EXPECT_THAT(boxes.said()[1], testing::EndsWith("\n\n  " + (folder() / "a.stp")));
     EXPECT_EQ(queued(), 0);
-    EXPECT_EQ(queue().GetSelection(), wxNOT_FOUND);
+    EXPECT_THAT(chosen(), testing::ElementsAre());
 }
 
 TEST_F(BatchPage, SavesAnItemAgainstItselfButAsksAboutItsExistingOutput)
@@ -171,7 +172,7 @@ TEST_F(BatchPage, KeepsTheDetailsOfAnItemThatIsRemoved)
     add();
     press(*m_page, "IDC_BATCH_REMOVE_BUTTON");
     EXPECT_EQ(queued(), 0);
-    EXPECT_EQ(queue().GetCount(), 0u);
+    EXPECT_EQ(queue().GetItemCount(), 0);
     EXPECT_EQ(input_file(), folder() / "a.stp");
     EXPECT_EQ(output_file(), folder() / "a.igs");
     EXPECT_TRUE(can_add());
@@ -229,7 +230,7 @@ TEST_F(BatchPage, BringsTheItemBackThatTheArrowKeysSelect)
     focus(queue());
     key(WXK_UP);
     run_until([&] { return input_file() == folder() / "a.stp"; }, 20, "the details of the first item");
-    EXPECT_EQ(queue().GetSelection(), 0);
+    EXPECT_THAT(chosen(), testing::ElementsAre(0));
     EXPECT_FALSE(can_add());
 }
 
@@ -240,7 +241,7 @@ TEST_F(BatchPage, LeavesTheLineOfASavedItemAsItWas)
     browse_output(folder() / "b.igs");
     save();
     EXPECT_EQ(m_batch->input_row(0).filename(), utString(folder() / "b.stp"));
-    EXPECT_EQ(queue().GetString(0).utf8_string(), folder() / "a.stp");
+    EXPECT_EQ(line(0), folder() / "a.stp");
 }
 
 TEST_F(BatchPage, RenamesTheOutputAfterItsFormat)
@@ -265,6 +266,7 @@ TEST_F(BatchPage, ShowsTheFileAgainWhoseEditedOptionsTheUserKeeps)
     drop_on_queue({step_file("a.stp")});
     auto & options = const_cast<sglRow &>(m_batch->input_row(0)).resource_table();
     ASSERT_TRUE(options.add_resource("stepReadNames", "false"));
+    choose_lines({});
     click_line(0);
     {
         kitModal boxes;
@@ -343,7 +345,7 @@ TEST_F(BatchPage, TakesNoInputWhileItQueuesSeveralFiles)
     kitModal const no_boxes;
     focus(queue());
     struct Seen {
-        wxListBox & queue;
+        wxListCtrl & queue;
         int times = 0;
         bool enabled = true;
     } seen{queue()};
@@ -360,7 +362,7 @@ TEST_F(BatchPage, TakesNoInputWhileItQueuesSeveralFiles)
     EXPECT_FALSE(seen.enabled);
     EXPECT_TRUE(queue().IsEnabled());
     EXPECT_EQ(queued(), 2);
-    run_until([&] { return queue().HasFocus(); }, 20, "the focus to come back");
+    run_until([&] { return queue().IsDescendant(wxWindow::FindFocus()); }, 20, "the focus to come back");
 }
 
 TEST_F(BatchPage, QueuesNoFileThatItNoLongerShows)
@@ -407,6 +409,7 @@ TEST_F(BatchPage, LeavesAddOffAfterARemovalWhereTheDetailsAreIncomplete)
     add();
     boxes.expect_file(folder() / "mine.igs");
     press(*m_page, ids.output_browse);
+    boxes.expect_message(wxID_NO); // to the question about the new output of the first
     boxes.expect_file(step_file("b.stp"));
     press(*m_page, ids.input_browse);
     EXPECT_FALSE(can_add());
@@ -422,9 +425,9 @@ TEST_F(BatchPage, SelectsNothingAfterARemovalFromSeveral)
     click_line(1);
     press(*m_page, "IDC_BATCH_REMOVE_BUTTON");
     ASSERT_EQ(queued(), 2);
-    EXPECT_EQ(queue().GetString(0).utf8_string(), folder() / "a.stp");
-    EXPECT_EQ(queue().GetString(1).utf8_string(), folder() / "c.stp");
-    EXPECT_EQ(queue().GetSelection(), wxNOT_FOUND);
+    EXPECT_EQ(line(0), folder() / "a.stp");
+    EXPECT_EQ(line(1), folder() / "c.stp");
+    EXPECT_THAT(chosen(), testing::ElementsAre());
     EXPECT_FALSE(can_remove());
 }
 

@@ -9,6 +9,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
+constexpr int cad_filter = 0, step_filter = 3, stl_filter = 4, all_filter = 5;
+
 class Browse : public kitSideTest {
 protected:
     /// Answers the next file dialog with Cancel after a look at it.
@@ -39,6 +41,34 @@ protected:
         kitModal boxes;
         boxes.expect_file(path);
         return dialog.output_browse(row, edited);
+    }
+    static void expect_folder(wxFileDialog & dialog, std::string const & wanted)
+    {
+        kitFileChooser const chooser(dialog);
+        run_until([&] { return chooser.folder() == wanted; }, 20, "the folder");
+        EXPECT_EQ(chooser.folder(), wanted);
+    }
+    /// The name of the output after that name was typed and that filter chosen, where "part.stl" was offered.
+    std::string named(char const * format, std::string const & typed, int filter)
+    {
+        auto dialog = again(2);
+        sglRow row;
+        m_box->SetStringSelection(format);
+        dialog.create_output_details("STEP", utString(folder() / "part.stp"), row);
+        kitModal boxes;
+        boxes.expect([&](wxDialog * shown) {
+            auto & files = dynamic_cast<wxFileDialog &>(*shown);
+            files.SetFilterIndex(filter);
+            kitFileChooser const chooser(files);
+            chooser.type_name(typed);
+            run_until([&] { return chooser.path() == folder() / typed; }, 20, "the name");
+            return static_cast<int>(wxID_OK);
+        });
+        int edited = 0;
+        EXPECT_EQ(dialog.output_browse(row, edited), static_cast<int>(wxID_OK));
+        std::filesystem::path const path = row.filename().str();
+        EXPECT_EQ(path.parent_path(), folder().path());
+        return path.filename().string();
     }
     /// An output side whose row has options that the user has set.
     sglFileDialog edited_output(sglRow & row)
@@ -82,9 +112,9 @@ TEST_F(Browse, OffersTheFormatsInOrderAndAllFilesLast)
         EXPECT_TRUE(shown.HasFlag(wxFD_FILE_MUST_EXIST));
         EXPECT_FALSE(kitFileChooser(shown).several());
         EXPECT_THAT(kitFileChooser(shown).labels(),
-                    ElementsAre(testing::StartsWith("BREP Files (*."), testing::StartsWith("IGES Files (*."),
-                                testing::StartsWith("STEP Files (*."), testing::StartsWith("STL Files (*."),
-                                "All Files (*.*)"));
+                    ElementsAre("All CAD Files", testing::StartsWith("BREP Files (*."),
+                                testing::StartsWith("IGES Files (*."), testing::StartsWith("STEP Files (*."),
+                                testing::StartsWith("STL Files (*."), "All Files (*.*)"));
     });
     dialog.input_browse(file);
 }
@@ -96,11 +126,15 @@ TEST_F(Browse, ShowsNamesInCapitalsAndWithAllFilesThoseWithoutADot)
     utString file;
     look(boxes, [](wxFileDialog & shown) {
         kitFileChooser const chooser(shown);
-        constexpr std::size_t step = 2, all = 4;
+        constexpr std::size_t cad = 0, step = 3, all = 5;
         for (auto const * name : {"part.stp", "PART.STP", "Part.Stp", "a.STEP"})
             EXPECT_TRUE(chooser.shows(step, name)) << name;
         for (auto const * name : {"part.igs", "stp", "part.stpx", "README"})
             EXPECT_FALSE(chooser.shows(step, name)) << name;
+        for (auto const * name : {"part.stp", "PART.IGS", "mesh.stl", "a.brep", "b.STEP"})
+            EXPECT_TRUE(chooser.shows(cad, name)) << name;
+        for (auto const * name : {"README", "notes.txt"})
+            EXPECT_FALSE(chooser.shows(cad, name)) << name;
         for (auto const * name : {"README", "part.stp", ".hidden", "a.b.c"})
             EXPECT_TRUE(chooser.shows(all, name)) << name;
     });
@@ -270,4 +304,86 @@ TEST_F(Browse, TakesTheChosenFileWhereTheUserGivesUpTheOptions)
     EXPECT_EQ(row.file_type(), utString("IGES"));
     EXPECT_EQ(row.filename(), utString(folder() / "out.igs"));
     EXPECT_FALSE(row.resource_table().modified());
+}
+
+TEST_F(Browse, OpensWhereTheLastInputWasChosen)
+{
+    std::filesystem::create_directory(folder() / "parts");
+    auto dialog = side(1);
+    kitModal boxes;
+    utString file;
+    boxes.expect_file(step_file("parts/a.stp"));
+    dialog.input_browse(file);
+    look(boxes, [&](wxFileDialog & shown) { expect_folder(shown, folder() / "parts"); });
+    dialog.input_browse(file);
+    m_list->DeleteAllItems();
+    look(boxes, [&](wxFileDialog & shown) { expect_folder(shown, folder() / "parts"); });
+    dialog.input_browse(file);
+}
+
+TEST_F(Browse, OpensInTheFolderOfTheFileThatIsShown)
+{
+    std::filesystem::create_directory(folder() / "dropped");
+    auto dialog = side(1);
+    int failed = 0;
+    dialog.set_details(utString(step_file("dropped/a.stp")), failed);
+    kitModal boxes;
+    utString file;
+    look(boxes, [&](wxFileDialog & shown) { expect_folder(shown, folder() / "dropped"); });
+    dialog.input_browse(file);
+}
+
+TEST_F(Browse, OpensWithoutAFolderThatIsNotThereAnyMore)
+{
+    std::filesystem::create_directory(folder() / "gone");
+    auto dialog = side(1);
+    kitModal boxes;
+    utString file;
+    boxes.expect_file(step_file("gone/a.stp"));
+    dialog.input_browse(file);
+    std::filesystem::remove_all(folder() / "gone");
+    look(boxes, [&](wxFileDialog & shown) { EXPECT_EQ(shown.GetDirectory(), ""); });
+    dialog.input_browse(file);
+}
+
+TEST_F(Browse, OffersTheOutputThatIsProposed)
+{
+    auto dialog = side(2);
+    sglRow row;
+    m_box->SetStringSelection("STL");
+    dialog.create_output_details("STEP", utString(folder() / "part.stp"), row);
+    kitModal boxes;
+    look(boxes, [&](wxFileDialog & shown) {
+        expect_folder(shown, folder().path().string());
+        EXPECT_EQ(kitFileChooser(shown).name(), "part.stl");
+    });
+    int edited = 0;
+    dialog.output_browse(row, edited);
+}
+
+TEST_F(Browse, OpensWhereTheLastOutputWentWhereNoneIsProposed)
+{
+    std::filesystem::create_directory(folder() / "out");
+    auto dialog = side(2);
+    sglRow row;
+    int edited = 0;
+    browse_output(dialog, row, folder() / "out/a.stl", edited);
+    m_list->DeleteAllItems();
+    kitModal boxes;
+    look(boxes, [&](wxFileDialog & shown) {
+        expect_folder(shown, folder() / "out");
+        EXPECT_EQ(kitFileChooser(shown).name(), "");
+    });
+    dialog.output_browse(row, edited);
+}
+
+TEST_F(Browse, GivesANameTheEndingOfTheFilterThatIsChosen)
+{
+    EXPECT_EQ(named("STL", "typed", step_filter), "typed.stp");
+    EXPECT_EQ(named("STL", "typed", cad_filter), "typed.stl") << "the format of the box";
+    EXPECT_EQ(named("STL", "typed", all_filter), "typed");
+    EXPECT_EQ(named("STL", "typed.machine", step_filter), "typed.machine");
+    EXPECT_EQ(named("STL", "part.stl", step_filter), "part.stp") << "the name that was offered";
+    EXPECT_EQ(named("STL", "part.stl", stl_filter), "part.stl");
+    EXPECT_EQ(named("STL", "other.igs", step_filter), "other.igs") << "an ending of the user's own";
 }

@@ -4,12 +4,15 @@
 
 #include <gmock/gmock.h>
 #include <wx/display.h>
+#include <wx/dnd.h>
 #include <wx/listctrl.h>
 #include <wx/notebook.h>
 
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class TabDlg : public kitWindowTest {
 protected:
@@ -56,15 +59,20 @@ TEST_F(TabDlg, HasItsPagesInTheOrderInWhichTheyAreUsed)
     EXPECT_TRUE(window.is_expert());
 }
 
-TEST_F(TabDlg, OpensWithoutPagesAndMenuWhenTheInstallationDoesNotDescribeThem)
+TEST_F(TabDlg, OpensWithoutPagesAndMenuAndTellsItWhenTheInstallationDoesNotDescribeThem)
 {
     wxXmlResource * const installed = wxXmlResource::Set(new wxXmlResource);
     {
         wxLogNull const no_messages;
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
         sglTabDlg & window = *show_window();
         EXPECT_EQ(window.GetMenuBar(), nullptr);
         EXPECT_EQ(notebook(window).GetPageCount(), 0u);
-        for (auto const * const command : {"IDM_EDIT_COPY", "IDM_EDIT_UNDO", "IDM_VIEW_EXPERT"})
+        EXPECT_THAT(boxes.said(), ElementsAre(StartsWith("These pages cannot be shown")));
+        EXPECT_THAT(boxes.said()[0], HasSubstr("\nSingle File\nMultiple Files\nBatch Files\n"));
+        for (auto const * const command :
+             {"IDM_EDIT_COPY", "IDM_EDIT_UNDO", "IDM_VIEW_EXPERT", "IDM_VIEWER_STARTUP"})
             choose_menu(window, command);
         wxArrayString files;
         for (auto const * const name : {"a.step", "b.step"}) {
@@ -221,6 +229,53 @@ TEST_F(TabDlg, HasTheTranslateButtonOfThePageThatIsShownForEnter)
         pages.SetSelection(page);
         EXPECT_EQ(window.GetDefaultItem()->GetId(), XRCID(buttons[page])) << page;
     }
+}
+
+TEST_F(TabDlg, AsksBeforeItLeavesABatchThatHasNotBeenRun)
+{
+    sglTabDlg & window = *show_window();
+    int ended = 0;
+    app().at_end_of_main_window([&] { ++ended; });
+    notebook(window).SetSelection(2);
+    auto * const queue = find<wxListCtrl>(window, "IDC_BATCH_BATCH_LIST");
+    wxArrayString files;
+    files.push_back(wxString::FromUTF8(folder().write("a.step", "ISO-10303-21;\nHEADER;\n")));
+    files.push_back(wxString::FromUTF8(folder().write("b.step", "ISO-10303-21;\nHEADER;\n")));
+    dynamic_cast<wxFileDropTarget &>(*queue->GetDropTarget()).OnDropFiles(1, 1, files);
+    settle();
+    {
+        kitModal boxes;
+        for (int way = 0; way < 3; ++way)
+            boxes.expect_message(wxID_NO);
+        window.Close();
+        settle();
+        ASSERT_EQ(ended, 0);
+        choose_menu(window, "IDM_FILE_EXIT");
+        ASSERT_EQ(ended, 0);
+        wxCommandEvent close(wxEVT_BUTTON, wxID_CLOSE);
+        window.ProcessWindowEvent(close);
+        EXPECT_EQ(boxes.said()[0],
+                  "Translations of the batch that have not been made: 2\nThe batch is not kept. "
+                  "Do you want to leave all the same?");
+        EXPECT_TRUE(boxes.styles()[0] & wxNO_DEFAULT);
+    }
+    EXPECT_EQ(ended, 0);
+    EXPECT_TRUE(window.IsShown());
+    kitModal boxes;
+    boxes.expect_message(wxID_YES);
+    window.Close();
+    settle();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(TabDlg, LeavesWithoutAQuestionWhereNothingWaitsOrNobodyCanAnswer)
+{
+    kitModal const no_boxes;
+    int ended = 0;
+    app().at_end_of_main_window([&] { ++ended; });
+    show_window()->Close();
+    settle();
+    EXPECT_EQ(ended, 1);
 }
 
 TEST_F(TabDlg, GivesNoCommandToAPageThatIsAtWork)

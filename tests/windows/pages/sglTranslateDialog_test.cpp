@@ -233,11 +233,10 @@ TEST_F(TranslatePage, AsksBeforeAProposedNameOverwritesAFile)
     EXPECT_EQ(m_page->m_user_edited, 0);
 }
 
-TEST_F(TranslatePage, DoesNotAskForANameThatIsTheUsersOwnAndTellsOfAnUnknownOutput)
+TEST_F(TranslatePage, TellsOfAnUnknownOutputAndKeepsTheNameOfTheUser)
 {
     create();
     choose(step_file("part.stp"));
-    folder().write("part.stl", "old");
     m_page->UserEdited(1);
     m_page->m_output_combo->Append("NOSUCH");
     m_page->m_output_combo->SetStringSelection("NOSUCH");
@@ -247,7 +246,6 @@ TEST_F(TranslatePage, DoesNotAskForANameThatIsTheUsersOwnAndTellsOfAnUnknownOutp
     translate();
     EXPECT_THAT(boxes.said(), testing::ElementsAre("An invalid output format was detected"));
     EXPECT_EQ(m_page->m_user_edited, 1);
-    EXPECT_EQ(folder().read("part.stl"), "old");
 }
 
 TEST_F(TranslatePage, TellsOfAnUnknownInput)
@@ -282,6 +280,7 @@ TEST_F(TranslatePage, TranslatesAndProposesNamesAgainAfterwards)
     m_page->UserEdited(1);
     folder().write("screw.stl", "old");
     kitModal boxes;
+    boxes.expect_message(wxID_YES); // to the question about the old file
     boxes.expect_message(wxID_OK);
     m_page->CallAfter([] {
         wxWindow * ok = nullptr;

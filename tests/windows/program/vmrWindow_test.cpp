@@ -244,15 +244,32 @@ TEST_F(ProgramWindow, ShowsTheUsageDataAndTheAboutBoxFromItsMenu)
 TEST_F(ProgramWindow, OpensItsHelpWithF1OverTheAboutBox)
 {
     expect_silent_good_end(run({}, [&] {
-        key('H', wxMOD_ALT);
-        key('A');
-        wait_for_title("About Crosswalk");
-        key(WXK_F1);
-        wait_for_title("Crosswalk: ");
-        key(WXK_F4, wxMOD_ALT);
-        wait_for_title("About Crosswalk");
-        key(WXK_ESCAPE);
-        wait_for_main_window();
+        for (int time = 0; time < 2; ++time) {
+            key('H', wxMOD_ALT);
+            key('A');
+            wait_for_title("About Crosswalk");
+            for (bool const escape : {true, false, true}) {
+                key(WXK_F1);
+                wait_for_title("Crosswalk: ");
+                escape ? key(WXK_ESCAPE) : key(WXK_F4, wxMOD_ALT);
+                wait_for_title("About Crosswalk");
+            }
+            key(WXK_ESCAPE);
+            wait_for_main_window();
+        }
+        quit();
+    }));
+}
+
+TEST_F(ProgramWindow, OpensItsHelpInAWindowThatEscapeCloses)
+{
+    expect_silent_good_end(run({}, [&] {
+        for (int time = 0; time < 2; ++time) {
+            key(WXK_F1);
+            wait_for_title("Crosswalk: ");
+            key(WXK_ESCAPE);
+            wait_for_main_window();
+        }
         quit();
     }));
 }

@@ -11,6 +11,8 @@
 
 #include <wx/checkbox.h>
 #include <wx/menu.h>
+#include <wx/stattext.h>
+#include <wx/treectrl.h>
 
 /// The dialog with what it keeps to itself.
 class kitResources : public sglResources {
@@ -101,6 +103,20 @@ protected:
         }
         return nullptr;
     }
+    /// The field of that label, on whatever page it is, which is shown.
+    static wxTextCtrl * edit_box(wxWindow & dialog, char const * label)
+    {
+        auto * const field = field_of(dialog, label);
+        auto & tree = *find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE");
+        wxTreeItemIdValue cookie;
+        for (auto item = tree.GetFirstChild(tree.GetRootItem(), cookie); field && item.IsOk();
+             item = next_item(tree, item)) {
+            if (field->IsShownOnScreen())
+                break;
+            tree.SelectItem(item);
+        }
+        return field;
+    }
     /// Clicks the check box of that label on whatever page it is.
     static void toggle(wxWindow & dialog, char const * label)
     {
@@ -132,6 +148,36 @@ protected:
         return enabled;
     }
 
+private:
+    static bool is_label(wxWindow const & window, char const * text)
+    {
+        auto const * const label = dynamic_cast<wxStaticText const *>(&window);
+        return label && label->GetLabelText() == text;
+    }
+    static wxTextCtrl * field_of(wxWindow & window, char const * label)
+    {
+        wxTextCtrl * before = nullptr; // a label is made after its field
+        for (wxWindow * const child : window.GetChildren()) {
+            if (before && is_label(*child, label))
+                return before;
+            before = dynamic_cast<wxTextCtrl *>(child);
+            if (auto * const found = field_of(*child, label))
+                return found;
+        }
+        return nullptr;
+    }
+    static wxTreeItemId next_item(wxTreeCtrl & tree, wxTreeItemId item)
+    {
+        wxTreeItemIdValue cookie;
+        if (tree.ItemHasChildren(item))
+            return tree.GetFirstChild(item, cookie);
+        for (; item.IsOk() && item != tree.GetRootItem(); item = tree.GetItemParent(item))
+            if (auto const next = tree.GetNextSibling(item); next.IsOk())
+                return next;
+        return {};
+    }
+
+protected:
     wxFrame * m_frame = nullptr;
     sdbTranslatorInfo const * m_step = nullptr;
     vmrTableInstance m_table; // the caller's

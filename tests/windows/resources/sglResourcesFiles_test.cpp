@@ -134,15 +134,48 @@ TEST_F(ResourceFiles, AreSavedAsANewFileWithoutAQuestionAndTheDialogStaysOnTheOl
     kitResources dialog(m_table, m_frame, m_step);
     show(dialog, [&] {
         apply(dialog, "Names");
-        toggle(dialog, "Colours"); // not applied, not saved
+        toggle(dialog, "Colours"); // not applied yet
         EXPECT_THAT(choose_file(dialog, "IDM_OPTIONS_SAVE_AS", target), IsEmpty());
+        EXPECT_FALSE(check_box(dialog, "Colours")->GetValue());
         EXPECT_EQ(dialog.GetTitle(), "Output Resources - step.rsc");
         EXPECT_EQ(dialog.working_table().resource_file(), installed());
         EXPECT_TRUE(save_is_enabled(dialog));
     });
     EXPECT_EQ(value_in(utString(target), "stepWriteNames"), "false");
-    EXPECT_EQ(value_in(utString(target), "stepWriteColours"), "true");
+    EXPECT_EQ(value_in(utString(target), "stepWriteColours"), "false");
     EXPECT_TRUE(std::filesystem::is_directory(user_resources())) << "made for the dialog to begin in";
+}
+
+TEST_F(ResourceFiles, AreSavedWithWhatIsTypedAtThatMoment)
+{
+    for (char const * const command : {"IDM_OPTIONS_SAVE_AS", "IDM_OPTIONS_SAVE"}) {
+        auto const target = folder() / "mine.rsc";
+        folder().write("mine.rsc", "stepWriteNames = true\n");
+        m_table.initialise(utString(target));
+        in_dialog([&](kitResources & dialog) {
+            apply(dialog, "Names");
+            auto & field = *edit_box(dialog, "Author");
+            focus(field);
+            field.ChangeValue("a user"); // and the field keeps the focus
+            if (std::string(command) == "IDM_OPTIONS_SAVE")
+                choose_menu(dialog, command);
+            else
+                choose_file(dialog, command, target);
+            EXPECT_EQ(field.GetValue(), "a user");
+        });
+        EXPECT_EQ(value_in(utString(target), "stepWriteAuthor"), "a user") << command;
+    }
+}
+
+TEST_F(ResourceFiles, CanBeSavedInTheFileInUseOnceTheyWereSavedElsewhereFromTheScreen)
+{
+    in_dialog([&](kitResources & dialog) {
+        choose_file(dialog, "IDM_OPTIONS_SAVE_AS", folder() / "as-it-is.rsc");
+        EXPECT_FALSE(save_is_enabled(dialog)) << "nothing differs from the file in use";
+        toggle(dialog, "Names");
+        choose_file(dialog, "IDM_OPTIONS_SAVE_AS", folder() / "mine.rsc");
+        EXPECT_TRUE(save_is_enabled(dialog));
+    });
 }
 
 TEST_F(ResourceFiles, AreSavedOverAFormatsDefaultFileAfterAQuestionOnly)
@@ -159,14 +192,28 @@ TEST_F(ResourceFiles, AreSavedOverAFormatsDefaultFileAfterAQuestionOnly)
     EXPECT_EQ(value_in(utString(user_copy()), "stepWriteNames"), "false");
 }
 
-TEST_F(ResourceFiles, OfTheNameOfADefaultFileStayEmptyWhenTheAnswerIsNo)
+TEST_F(ResourceFiles, OfTheNameOfADefaultFileAreNotMadeWhenTheAnswerIsNo)
 {
     std::filesystem::create_directories(user_resources());
     kitResources dialog(m_table, m_step);
     kitModal boxes;
     boxes.expect_message(wxID_NO);
     dialog.Save(utString(user_copy()));
-    EXPECT_EQ(std::filesystem::file_size(user_copy()), 0u);
+    EXPECT_EQ(boxes.said(), std::vector<std::string>{question});
+    EXPECT_TRUE(std::filesystem::is_empty(user_resources()));
+}
+
+TEST_F(ResourceFiles, ThatCannotBeWrittenAreNotMade)
+{
+    auto const target = folder() / "mine.rsc";
+    kitResources dialog(m_table, m_step);
+    kitModal boxes;
+    boxes.expect_message(wxID_OK);
+    {
+        FullDisk const full(8);
+        dialog.Save(utString(target));
+    }
+    EXPECT_EQ(folder().count(), 0);
 }
 
 TEST_F(ResourceFiles, AreDefaultFilesWhateverLinkLeadsToThem)
@@ -265,6 +312,30 @@ TEST_F(ResourceFiles, OfTheUserAreRemovedByAFactoryResetAndTheCallerHasIt)
     EXPECT_FALSE(std::filesystem::exists(user_copy()));
     EXPECT_EQ(m_table.resource_file(), installed());
     EXPECT_EQ(value(m_table, "stepWriteNames"), "true");
+}
+
+TEST_F(ResourceFiles, OfTheUsersOwnNameStayAfterAFactoryReset)
+{
+    write_users("machine shop.rsc", "stepWriteNames = false\n");
+    write_users("step.rsc", "stepWriteColours = false\n");
+    utString const preset(user_resources() + "/machine shop.rsc");
+    m_table.initialise(preset);
+    kitResources dialog(m_table, m_step);
+    EXPECT_EQ(dialog.do_on_factory_settings(), 0);
+    EXPECT_EQ(m_table.resource_file(), installed());
+    EXPECT_EQ(read(preset), "stepWriteNames = false\n");
+    EXPECT_EQ(read(utString(user_copy())), "stepWriteColours = false\n");
+}
+
+TEST_F(ResourceFiles, ThatWereLeftEmptyGoWithAFactoryReset)
+{
+    write_users("step.rsc", "");
+    write_users("Default", "stepWriteNames = false\n");
+    m_table.initialise(utString(user_resources() + "/Default")); // what a page finds instead
+    kitResources dialog(m_table, m_step);
+    EXPECT_EQ(dialog.do_on_factory_settings(), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(user_resources()));
+    EXPECT_EQ(app().rsc_dir(m_step->resource_file_name()), installed());
 }
 
 TEST_F(ResourceFiles, ElsewhereStayAfterAFactoryReset)

@@ -1,6 +1,7 @@
 #include "sdk/exchange/sdkTurnedEllipses.h"
 
 #include "sdk/exchange/sdkRepairCheck.h"
+#include "sdk/geometry/sdkEdgeRange.h"
 #include "sdk/geometry/sdkPartEdit.h"
 #include "sdk/geometry/sdkReShapeHistory.h"
 
@@ -40,13 +41,8 @@ bool is_turned(double first, double last)
 
 bool is_turned_ellipse(TopoDS_Edge const & edge)
 {
-    double first = 0;
-    double last = 0;
-    TopLoc_Location location;
-    if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull()) {
-        return false;
-    }
-    return is_turned(first, last) && BRep_Tool::SameRange(edge) &&
+    auto const range = sdk_edge_range(edge);
+    return range && is_turned(range->first, range->last) && BRep_Tool::SameRange(edge) &&
            BRepAdaptor_Curve(edge).GetType() == GeomAbs_Ellipse;
 }
 

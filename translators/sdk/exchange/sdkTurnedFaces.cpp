@@ -1,6 +1,7 @@
 #include "sdk/exchange/sdkTurnedFaces.h"
 
 #include "sdk/geometry/sdkPartEdit.h"
+#include "sdk/geometry/sdkSolids.h"
 
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
@@ -8,16 +9,6 @@
 #include <TopoDS_Shell.hxx>
 
 namespace {
-
-TopoDS_Shell shell_of(TopoDS_Shape const & face)
-{
-    TopoDS_Shell shell;
-    BRep_Builder builder;
-    builder.MakeShell(shell);
-    builder.Add(shell, face);
-    shell.Closed(BRep_Tool::IsClosed(shell));
-    return shell;
-}
 
 TopoDS_Shell unturned(TopoDS_Shape const & turned)
 {
@@ -39,7 +30,7 @@ std::optional<TopoDS_Shape> in_shells(TDF_Label const &, TopoDS_Shape const & sh
         return std::nullopt;
     }
     if (shape.ShapeType() == TopAbs_FACE) {
-        return shell_of(shape);
+        return sdk_shell_of(shape);
     }
     return shape.ShapeType() == TopAbs_SHELL ? std::optional<TopoDS_Shape>(unturned(shape)) : std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "sdk/exchange/sdkZeroEdges.h"
 
 #include "sdk/exchange/sdkRepairCheck.h"
+#include "sdk/geometry/sdkEdgeRange.h"
 #include "sdk/geometry/sdkPartEdit.h"
 #include "sdk/geometry/sdkReShapeHistory.h"
 
@@ -21,17 +22,14 @@ namespace {
 
 bool has_no_length(TopoDS_Edge const & edge)
 {
-    double first = 0;
-    double last = 0;
-    TopLoc_Location location;
-    if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull() ||
-        Precision::IsInfinite(first) || Precision::IsInfinite(last)) {
+    auto const range = sdk_bounded_range(edge);
+    if (!range) {
         return false;
     }
     BRepAdaptor_Curve const curve(edge);
-    auto const begin = curve.Value(first);
+    auto const begin = curve.Value(range->first);
     for (double const part : {1.0, 0.5, 0.25, 0.75}) {
-        if (curve.Value(first + part * (last - first)).Distance(begin) > Precision::Confusion()) {
+        if (curve.Value(range->at(part)).Distance(begin) > Precision::Confusion()) {
             return false;
         }
     }

@@ -1,5 +1,7 @@
 #include "sdk/geometry/sdkPolylines.h"
 
+#include "sdk/geometry/sdkEdgeRange.h"
+
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepBuilderAPI_MakeVertex.hxx>
@@ -96,10 +98,7 @@ public:
 private:
     bool append(TopoDS_Edge const & edge, std::vector<TopoDS_Shape> & edges)
     {
-        double first = 0;
-        double last = 0;
-        TopLoc_Location location;
-        if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull()) {
+        if (!sdk_edge_range(edge)) {
             edges.push_back(edge);
             return false;
         }

@@ -139,3 +139,13 @@ std::vector<TopoDS_Shape> sdk_make_solids(std::vector<TopoDS_Shape> const & shel
     result.insert(result.end(), open.begin(), open.end());
     return result;
 }
+
+TopoDS_Shell sdk_shell_of(TopoDS_Shape const & face)
+{
+    TopoDS_Shell shell;
+    BRep_Builder builder;
+    builder.MakeShell(shell);
+    builder.Add(shell, face);
+    shell.Closed(BRep_Tool::IsClosed(shell));
+    return shell;
+}

@@ -20,17 +20,6 @@ namespace {
 
 using Findings = std::vector<sdkFinding>;
 
-sdkBodies bodies_of(sdkInventory const & inventory, sdkBodyKind kind)
-{
-    sdkBodies bodies;
-    for (auto const & body : inventory.bodies) {
-        if (body.kind == kind) {
-            bodies.push_back(&body);
-        }
-    }
-    return bodies;
-}
-
 class Comparison {
 public:
     Comparison(sdkInventory const & source, sdkInventory const & output, sdkComparisonOptions const & options)
@@ -100,8 +89,7 @@ private:
         sdkBodies extra;
         for (auto const kind :
              {sdkBodyKind::solid, sdkBodyKind::shell, sdkBodyKind::face, sdkBodyKind::mesh}) {
-            auto const pairs =
-                sdk_pair_bodies(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options.tolerances);
+            auto const pairs = sdk_pair_bodies(m_source.of(kind), m_output.of(kind), m_options.tolerances);
             for (auto const & [from, to] : pairs.same) {
                 if (kind != sdkBodyKind::mesh) {
                     m_shapes.compare(*from, *to, m_findings);
@@ -259,8 +247,7 @@ private:
         for (auto const kind : {sdkBodyKind::curve, sdkBodyKind::point}) {
             bool const curve = kind == sdkBodyKind::curve;
             if ((curve ? holds.curves : holds.points) && !(curve && !m_options.promise.exact_curves)) {
-                sdk_compare_loose(bodies_of(m_source, kind), bodies_of(m_output, kind), m_options,
-                                  m_findings);
+                sdk_compare_loose(m_source.of(kind), m_output.of(kind), m_options, m_findings);
             } else if (!(curve ? holds.curves : holds.points) && m_source.count(kind) > 0) {
                 // The writer has told of them; here they only count.
                 double const number = static_cast<double>(m_source.count(kind));

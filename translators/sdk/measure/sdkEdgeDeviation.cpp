@@ -1,5 +1,6 @@
 #include "sdk/measure/sdkEdgeDeviation.h"
 
+#include "sdk/geometry/sdkEdgeRange.h"
 #include "sdk/measure/sdkSurfaceDistance.h"
 
 #include <BRepAdaptor_Curve.hxx>
@@ -39,16 +40,14 @@ bool has_surface(TopoDS_Face const & face)
 
 double deviation(sdkSurfaceDistance & surface, TopoDS_Face const & face, TopoDS_Edge const & edge)
 {
-    TopLoc_Location location;
-    double first = 0;
-    double last = 0;
-    if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull()) {
+    auto const range = sdk_edge_range(edge);
+    if (!range) {
         return 0;
     }
     BRepAdaptor_Curve const curve(edge);
     Handle(Geom2d_Curve) on_surface;
-    double begin = first;
-    double end = last;
+    double begin = range->first;
+    double end = range->last;
     if (!surface.exact()) {
         on_surface = BRep_Tool::CurveOnSurface(edge, face, begin, end);
         if (on_surface.IsNull()) {
@@ -59,7 +58,7 @@ double deviation(sdkSurfaceDistance & surface, TopoDS_Face const & face, TopoDS_
     int const count = samples(curve);
     for (int at = 0; at < count; ++at) {
         double const part = static_cast<double>(at) / (count - 1);
-        auto const point = curve.Value(first + part * (last - first));
+        auto const point = curve.Value(range->at(part));
         farthest = sdk_larger_deviation(
             farthest, surface.exact() ? surface.of(point)
                                       : surface.of(point, on_surface->Value(begin + part * (end - begin))));

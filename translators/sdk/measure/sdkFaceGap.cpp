@@ -1,5 +1,6 @@
 #include "sdk/measure/sdkFaceGap.h"
 
+#include "sdk/geometry/sdkEdgeRange.h"
 #include "sdk/measure/sdkSurfaceDistance.h"
 
 #include <BRepAdaptor_Curve.hxx>
@@ -68,16 +69,13 @@ void add_edges(TopoDS_Face const & face, std::vector<Sample> & samples)
     constexpr int points = 4;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
         auto const & edge = TopoDS::Edge(one.Current());
-        TopLoc_Location location;
-        double first = 0;
-        double last = 0;
-        if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull() ||
-            Precision::IsInfinite(first) || Precision::IsInfinite(last)) {
+        auto const range = sdk_bounded_range(edge);
+        if (!range) {
             continue;
         }
         BRepAdaptor_Curve const curve(edge);
         for (int at = 0; at < points; ++at) {
-            samples.push_back({curve.Value(first + (last - first) * at / points), {}, false});
+            samples.push_back({curve.Value(range->at(static_cast<double>(at) / points)), {}, false});
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "sdk/measure/sdkFacetAllowance.h"
 
+#include "sdk/geometry/sdkEdgeRange.h"
+
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepTools.hxx>
@@ -97,20 +99,17 @@ double bent_length(TopoDS_Face const & face)
     double length = 0;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More(); one.Next()) {
         auto const & edge = TopoDS::Edge(one.Current());
-        TopLoc_Location location;
-        double first = 0;
-        double last = 0;
-        if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull() ||
-            Precision::IsInfinite(first) || Precision::IsInfinite(last)) {
+        auto const range = sdk_bounded_range(edge);
+        if (!range) {
             continue;
         }
         BRepAdaptor_Curve const curve(edge);
         if (curve.GetType() == GeomAbs_Line) {
             continue;
         }
-        auto before = curve.Value(first);
+        auto before = curve.Value(range->first);
         for (int at = 1; at <= pieces; ++at) {
-            auto const after = curve.Value(first + (last - first) * at / pieces);
+            auto const after = curve.Value(range->at(static_cast<double>(at) / pieces));
             length += before.Distance(after);
             before = after;
         }

@@ -241,6 +241,17 @@ private:
 
 } // namespace
 
+std::vector<sdkBody const *> sdkInventory::of(sdkBodyKind kind) const
+{
+    std::vector<sdkBody const *> found;
+    for (auto const & body : bodies) {
+        if (body.kind == kind) {
+            found.push_back(&body);
+        }
+    }
+    return found;
+}
+
 std::int64_t sdkInventory::count(sdkBodyKind kind) const
 {
     return std::count_if(bodies.begin(), bodies.end(),

@@ -24,6 +24,7 @@ struct sdkInventory {
     sdkMeasureLevel level = sdkMeasureLevel::full;
     bool cancelled = false;
 
+    std::vector<sdkBody const *> of(sdkBodyKind kind) const;
     std::int64_t count(sdkBodyKind kind) const;
     // Of all bodies of the kind.
     double volume() const; // of solids

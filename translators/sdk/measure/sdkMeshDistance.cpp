@@ -1,5 +1,6 @@
 #include "sdk/measure/sdkMeshDistance.h"
 
+#include "sdk/geometry/sdkEdgeRange.h"
 #include "sdk/geometry/sdkMeasures.h"
 #include "sdk/sdkVisibility.h"
 
@@ -57,16 +58,14 @@ void add_edges(TopoDS_Face const & face, int most, std::vector<gp_Pnt> & points)
     int taken = 0;
     for (TopExp_Explorer one(face, TopAbs_EDGE); one.More() && taken < most; one.Next()) {
         auto const & edge = TopoDS::Edge(one.Current());
-        TopLoc_Location location;
-        double first = 0;
-        double last = 0;
-        if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, first, last).IsNull()) {
+        auto const range = sdk_edge_range(edge);
+        if (!range) {
             continue;
         }
         BRepAdaptor_Curve const curve(edge);
         int const count = curve.GetType() == GeomAbs_Line ? 2 : 6;
         for (int at = 0; at < count; ++at, ++taken) {
-            points.push_back(curve.Value(first + (last - first) * at / count));
+            points.push_back(curve.Value(range->at(static_cast<double>(at) / count)));
         }
     }
 }

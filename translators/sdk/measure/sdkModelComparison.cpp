@@ -26,17 +26,6 @@ bool no_triangles(sdkInventory const & inventory)
                                                           0;
 }
 
-sdkBodies bodies_of(sdkInventory const & inventory, sdkBodyKind kind)
-{
-    sdkBodies bodies;
-    for (auto const & body : inventory.bodies) {
-        if (body.kind == kind) {
-            bodies.push_back(&body);
-        }
-    }
-    return bodies;
-}
-
 class Comparison {
 public:
     Comparison(sdkInventory const & a, sdkInventory const & b, sdkTolerances const & tolerances,
@@ -130,7 +119,7 @@ private:
     // A body that only one of two models has twice at one place is one that the other has not.
     sdkBodyPairs pairs_of(sdkBodyKind kind) const
     {
-        auto pairs = sdk_pair_bodies(bodies_of(m_a, kind), bodies_of(m_b, kind), m_tolerances);
+        auto pairs = sdk_pair_bodies(m_a.of(kind), m_b.of(kind), m_tolerances);
         for (auto const & coincident : pairs.coincident) {
             pairs.missing.push_back(coincident.first);
         }

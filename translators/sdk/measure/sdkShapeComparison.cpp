@@ -2,7 +2,7 @@
 
 #include "sdk/measure/sdkFaceGap.h"
 #include "sdk/measure/sdkFacePairs.h"
-#include "sdk/measure/sdkTightExtent.h"
+#include "sdk/measure/sdkBodyExtent.h"
 
 #include <BRepBndLib.hxx>
 #include <BRep_Tool.hxx>

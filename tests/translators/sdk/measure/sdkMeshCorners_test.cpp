@@ -56,17 +56,7 @@ TopoDS_Shape triangles_of(TopoDS_Shape const & shape, Change const & change)
             triangles.emplace_back(base + a, base + b, base + c);
         }
     }
-    Handle(Poly_Triangulation) const mesh = new Poly_Triangulation(
-        static_cast<int>(points.size()), static_cast<int>(triangles.size()), Standard_False);
-    for (int at = 1; at <= mesh->NbNodes(); ++at) {
-        mesh->SetNode(at, points[static_cast<std::size_t>(at - 1)]);
-    }
-    for (int at = 1; at <= mesh->NbTriangles(); ++at) {
-        mesh->SetTriangle(at, triangles[static_cast<std::size_t>(at - 1)]);
-    }
-    TopoDS_Face face;
-    BRep_Builder().MakeFace(face, mesh);
-    return face;
+    return kit_mesh(points, triangles);
 }
 
 std::vector<sdkFinding> compare(TopoDS_Shape const & shape, Change const & change)

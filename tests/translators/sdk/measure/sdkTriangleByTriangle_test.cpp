@@ -35,17 +35,7 @@ TopoDS_Shape ring(Change const & change)
         triangles.push_back(found->Triangle(at));
     }
     change(points, triangles);
-    Handle(Poly_Triangulation) const mesh = new Poly_Triangulation(
-        static_cast<int>(points.size()), static_cast<int>(triangles.size()), Standard_False);
-    for (int at = 1; at <= mesh->NbNodes(); ++at) {
-        mesh->SetNode(at, points[static_cast<std::size_t>(at - 1)]);
-    }
-    for (int at = 1; at <= mesh->NbTriangles(); ++at) {
-        mesh->SetTriangle(at, triangles[static_cast<std::size_t>(at - 1)]);
-    }
-    TopoDS_Face result;
-    BRep_Builder().MakeFace(result, mesh);
-    return result;
+    return kit_mesh(points, triangles);
 }
 
 void nothing(std::vector<gp_Pnt> &, std::vector<Poly_Triangle> &) {}

@@ -1,4 +1,4 @@
-#include "sdk/measure/sdkTightExtent.h"
+#include "sdk/measure/sdkBodyExtent.h"
 #include "translators/kit/kitParts.h"
 
 #include <BRepAlgoAPI_Common.hxx>
