@@ -115,8 +115,7 @@ TEST_F(TranslatedFilter, HasTheTranslationOfAWholeEntryWhereThereIsOne)
     speak_german("format.filter\x04"
                  "B Files (*.b)|*.b",
                  "Alles von B|*.b;*.B");
-    EXPECT_EQ(text({entry("format.filter::B Files (*.b)|*.b")}),
-              "Alles von B|*.b;*.B|All Files (*.*)|*.*||");
+    EXPECT_EQ(text({entry("format.filter::B Files (*.b)|*.b")}), "Alles von B|*.b;*.B|All Files (*.*)|*.*||");
 }
 
 TEST_F(TranslatedFilter, IsInTheOrderOfTheTranslatedTexts)

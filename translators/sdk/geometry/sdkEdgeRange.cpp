@@ -13,8 +13,7 @@ std::optional<sdkEdgeRange> sdk_edge_range(TopoDS_Edge const & edge)
 {
     TopLoc_Location location;
     sdkEdgeRange range;
-    if (BRep_Tool::Degenerated(edge) ||
-        BRep_Tool::Curve(edge, location, range.first, range.last).IsNull()) {
+    if (BRep_Tool::Degenerated(edge) || BRep_Tool::Curve(edge, location, range.first, range.last).IsNull()) {
         return std::nullopt;
     }
     return range;

@@ -1,8 +1,8 @@
 #include "sdk/measure/sdkShapeComparison.h"
 
+#include "sdk/measure/sdkBodyExtent.h"
 #include "sdk/measure/sdkFaceGap.h"
 #include "sdk/measure/sdkFacePairs.h"
-#include "sdk/measure/sdkBodyExtent.h"
 
 #include <BRepBndLib.hxx>
 #include <BRep_Tool.hxx>
