@@ -5,6 +5,7 @@
 #include "sdb/sdbTranslatorDllsFactory.h"
 #include "sdb/sdbTranslatorInfoFactory.h"
 #include "sdb/sdbTranslatorSearchPath.h"
+#include "sdu/sduStartupInfo.h"
 
 namespace {
 
@@ -45,4 +46,14 @@ std::vector<std::string> cmpInstallation::language_folders() const
 std::string cmpInstallation::host_program() const
 {
     return s2s_host_program(m_info).str();
+}
+
+s2sLimits cmpInstallation::limits() const
+{
+    bool found = false;
+    auto const folder = m_directories.search_path(sdbHRKDirectory::resources).directory_path(found);
+    sduStartupInfo settings;
+    if (found)
+        settings.load(folder.adjoin(apFileName(L"startup.hrk")).utf8().c_str());
+    return s2s_limits(settings);
 }

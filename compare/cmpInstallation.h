@@ -7,6 +7,7 @@
 #include "ap/apPosixOperations.h"
 #include "ap/apStringCompareInsensitive.h"
 #include "ap/apStringUTF8Encoding.h"
+#include "s2s/s2sLimits.h"
 #include "s2s/s2sTranslatorLoader.h"
 #include "sdb/sdbAppDirMap.h"
 #include "sdb/sdbTranslatorDlls.h"
@@ -21,6 +22,7 @@ public:
     sdbTranslatorDlls const & formats() const { return *m_input; } ///< those that can be read
     std::vector<std::string> language_folders() const;
     std::string host_program() const;
+    s2sLimits limits() const; ///< as the user's settings say
 
 private:
     apPosixFileOperations m_files;

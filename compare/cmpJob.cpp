@@ -8,7 +8,6 @@
 
 #include "compare/cmpInstallation.h"
 #include "compare/cmpTexts.h"
-#include "s2s/s2sMemory.h"
 
 namespace fs = std::filesystem;
 
@@ -150,6 +149,6 @@ std::optional<std::string> cmp_make_job(cmpOptions const & options, cmpInstallat
         if (wanted)
             comparison[name] = *wanted;
     json const job = {
-        {"job", 1}, {"compare", comparison}, {"memory_limit", s2s_memory_share(s2s_memory(), 1)}};
+        {"job", 1}, {"compare", comparison}, {"memory_limit", s2s_allowed_memory(installation.limits(), 1)}};
     return job.dump();
 }

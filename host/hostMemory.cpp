@@ -64,6 +64,15 @@ void host_limit_memory(std::uint64_t bytes)
               2 * bytes + space_at_first + std::thread::hardware_concurrency() * reserved_by_thread);
 }
 
+void host_limit_memory_of_fork()
+{
+    auto const allowed = host_memory_limit();
+    auto const taken = status_field("VmData:");
+    if (taken < allowed) {
+        host_limit_memory(taken + (allowed - taken) / 2);
+    }
+}
+
 std::uint64_t host_memory_limit()
 {
     auto const least = std::min(limit_of(RLIMIT_DATA).rlim_cur, limit_of(RLIMIT_AS).rlim_cur);

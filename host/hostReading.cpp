@@ -2,6 +2,7 @@
 
 #include "host/hostGuard.h"
 #include "host/hostModule.h"
+#include "sdk/geometry/sdkFinite.h"
 #include "sdk/sdkFiles.h"
 
 #include <Message_ProgressScope.hxx>
@@ -46,8 +47,16 @@ sdkResult hostReading::read(sdkDocument & document, Message_ProgressRange const 
     auto const result = host_guard(
         [&] {
             auto const reader = module->make_reader(context);
-            auto parsed = reader->parse(m_input.file, scope.Next());
-            return parsed ? reader->transfer(document, scope.Next()) : parsed;
+            auto done = reader->parse(m_input.file, scope.Next());
+            if (done) {
+                done = reader->transfer(document, scope.Next());
+            }
+            // Before anything measures, meshes or writes it.
+            if (done && sdk_drop_not_finite(document, context) > 0 && document.empty()) {
+                return sdkResult::read_error(
+                    sdkText("host::%s has no shape whose numbers are finite; export it again", m_input.file));
+            }
+            return done;
         },
         [this] { return hostSubject{m_input.file}; });
     m_findings = context.account().findings();

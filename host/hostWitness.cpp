@@ -1,5 +1,6 @@
 #include "host/hostWitness.h"
 
+#include "host/hostMemory.h"
 #include "host/hostWitnessWork.h"
 
 #include <cerrno>
@@ -64,6 +65,7 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         for (int const descriptor : own_descriptors) {
             ::close(descriptor);
         }
+        host_limit_memory_of_fork();
         // Not taken apart at the end: the end of the process does that faster.
         hostWitnessWork work(document, evidence, question[0], answer[1]);
         work.run();

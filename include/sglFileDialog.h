@@ -84,6 +84,7 @@ public:
     /// Opens the resources dialog for the format in the box; its code, or wxID_CANCEL when that has none, of
     /// which the user is told.
     int edit_resources(vmrTableInstance & table);
+    int edit_resources(vmrTableInstance & table, utString const & format_name); ///< whatever the box shows
     int nothing_selected() const; ///< whether the side has no file that can be translated
 
 private:

@@ -29,13 +29,14 @@ private:
     void enableTranslateButton();
     void add_multiple_files(utStringcoPageArr files); ///< its own: what is handled meanwhile may change them
     int selected_line() const;                        ///< or -1
+    void enable_line_buttons();                       ///< those that act on the selected line
+    void move_line(int from, int to);                 ///< to the place of a neighbour, which takes its own
     bool add_staged_file();
     bool is_in_list(wxString const & name) const; ///< by its whole text, byte for byte
 
     void OnInputBrowse(wxCommandEvent & event);
     void OnOutputBrowse(wxCommandEvent & event);
-    /// The dialog is that of the format which the controls show, and its resource file is shown in the
-    /// controls, whatever line of the list is meant.
+    /// The options are those of the selected line, in the format that it was added with.
     void OnInputResource(wxCommandEvent & event);
     void OnOutputResource(wxCommandEvent & event);
     void OnSelChangeInputFormat(wxCommandEvent & event);
@@ -44,10 +45,14 @@ private:
     void OnDblClickOptionsList(wxListEvent & event);
     void OnAddFile(wxCommandEvent & event);
     void OnRemove(wxCommandEvent & event);
+    void OnMoveUp(wxCommandEvent & event);
+    void OnMoveDown(wxCommandEvent & event);
 
     wxListCtrl * m_file_list = nullptr;
     wxButton * m_add_button = nullptr;
     wxButton * m_remove_button = nullptr;
+    wxButton * m_up_button = nullptr;
+    wxButton * m_down_button = nullptr;
     sglFileDialog m_file_list_details;
     sglRowcoDListPrgcoPrgcoDList m_rows; ///< one for each line of the list
     sglRow m_output_row;

@@ -32,8 +32,9 @@ protected:
 private:
     void OnInitDialog();
     void add_pages();
+    /// Null for a page that cannot be made, whose name then joins the missing ones.
     template <class Page>
-    Page * add_page();
+    Page * add_page(utString & missing);
     /// Presses the button of the present page that stands for a command of the menu.
     void press_on_page(int on_single, int on_merge, int on_batch);
 

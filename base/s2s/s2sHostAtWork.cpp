@@ -3,7 +3,6 @@
 #include <nlohmann/json.hpp>
 
 #include "s2s/s2sHostJob.h"
-#include "s2s/s2sMemory.h"
 
 std::optional<s2sRefusal> s2sHostAtWork::start(std::string const & program,
                                                s2sTranslationElements const & elements,
@@ -37,9 +36,9 @@ std::optional<s2sRefusal> s2sHostAtWork::start(std::string const & program,
 
 void s2sHostAtWork::allow_free_memory(s2sLimits const & limits)
 {
-    auto const free = s2s_memory_share(s2s_memory(), 1);
-    if (limits.memory > 0 || free <= m_allowance.memory)
+    auto const allowed = s2s_allowed_memory(limits, 1);
+    if (allowed <= m_allowance.memory)
         return;
-    m_allowance.memory = free;
-    m_link->send(nlohmann::json{{"command", "memory"}, {"limit", free}}.dump());
+    m_allowance.memory = allowed;
+    m_link->send(nlohmann::json{{"command", "memory"}, {"limit", allowed}}.dump());
 }

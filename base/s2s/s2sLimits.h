@@ -23,6 +23,14 @@ struct s2sLimits {
 /// A field that is absent, or no whole number from 0 on, has its default.
 s2sLimits s2s_limits(sduStartupInfo const & settings);
 
+/// Bytes that one file may have on a disk with so many free ones; 0 for no limit, where the disk is so full
+/// that it sets one itself.
+std::uint64_t s2s_file_size_for(std::uint64_t free);
+
+/// Bytes that a host may occupy which shares the memory that is free with others, `hosts` with itself; 0 for
+/// no limit.
+std::uint64_t s2s_allowed_memory(s2sLimits const & limits, int hosts);
+
 /// What one host is allowed, from the limits and the state of the machine at this moment.
 struct s2sAllowance {
     std::uint64_t memory = 0;                          ///< bytes; 0 for no limit
@@ -30,6 +38,6 @@ struct s2sAllowance {
     std::optional<std::chrono::milliseconds> patience; ///< without anything new; none for no limit
 };
 
-/// For a host that writes into `folder` and shares the memory that is free with others, `hosts` with itself.
+/// For a host that writes into `folder`; memory as above.
 s2sAllowance s2s_allowance(s2sLimits const & limits, s2sTranslationElements const & elements,
                            std::filesystem::path const & folder, int hosts);

@@ -13,7 +13,8 @@ struct s2sMemory {
 /// Read afresh with each call. `root` is where the system shows itself, another folder only for tests.
 s2sMemory s2s_memory(std::filesystem::path const & root = "/");
 
-/// What each of so many hosts may take of what is available; never so little that none could begin.
+/// What each of so many hosts may take of what is available, so that there is enough for the process besides
+/// that reads its output back; never so little that none could begin.
 std::uint64_t s2s_memory_share(s2sMemory const & memory, int hosts);
 
 /// Whether one more host may be started while another is at work, and whether those that run ahead of their

@@ -163,12 +163,15 @@ s2sMessage host_died(std::string const & how, bool writing, path const & file)
 s2sMessage host_killed(std::string const & how, bool writing, path const & file)
 {
     auto const key =
-        writing ? "engine::The translator was killed (%s) while writing %s, most likely because the machine "
-                  "had no "
-                  "memory left. Close other programs, translate less at once, or lower the setting %s.\n"
-                : "engine::The translator was killed (%s) while reading %s, most likely because the machine "
-                  "had no "
-                  "memory left. Close other programs, translate less at once, or lower the setting %s.\n";
+        writing
+            ? "engine::The translator was killed (%s) while writing %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n"
+            : "engine::The translator was killed (%s) while reading %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n";
     return message(key, how, file.native(), std::string(sduTRANSLATIONMEMORY));
 }
 

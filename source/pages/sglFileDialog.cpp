@@ -256,7 +256,12 @@ void sglFileDialog::show_row(sglRow const & row)
 
 int sglFileDialog::edit_resources(vmrTableInstance & table)
 {
-    auto const * const translator = translator_for_format(format());
+    return edit_resources(table, format());
+}
+
+int sglFileDialog::edit_resources(vmrTableInstance & table, utString const & format_name)
+{
+    auto const * const translator = translator_for_format(format_name);
     if (!translator) {
         sglMessageBox("vmrgrlib", m_type & input ? 1165 : 1166, wxICON_ERROR);
         return wxID_CANCEL;

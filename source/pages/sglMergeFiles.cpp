@@ -9,6 +9,7 @@
 #include "pages/sglOccupiedPage.h"
 #include "wxt/wxtStringConverter.h"
 
+#include <utility>
 #include <wx/button.h>
 #include <wx/listctrl.h>
 #include <wx/xrc/xmlres.h>
@@ -17,11 +18,14 @@ wxBEGIN_EVENT_TABLE(sglMergeFiles, sglTranslateDialog)
     EVT_COMBOBOX_CLOSEUP(XRCID("IDC_MULTIPLE_INPUT_FORMAT"), sglMergeFiles::OnSelChangeInputFormat)
     EVT_COMBOBOX_CLOSEUP(XRCID("IDC_MULTIPLE_OUTPUT_FORMAT"), sglMergeFiles::OnSelChangeOutputFormat)
     EVT_LIST_ITEM_SELECTED(XRCID("IDC_MULTIPLE_INPUT_FILE_LIST"), sglMergeFiles::OnClickInputList)
+    EVT_LIST_ITEM_DESELECTED(XRCID("IDC_MULTIPLE_INPUT_FILE_LIST"), sglMergeFiles::OnClickInputList)
     EVT_LIST_ITEM_ACTIVATED(XRCID("IDC_MULTIPLE_INPUT_FILE_LIST"), sglMergeFiles::OnDblClickOptionsList)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_INPUT_BROWSE"), sglMergeFiles::OnInputBrowse)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_ADD"), sglMergeFiles::OnAddFile)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_OUTPUT_BROWSE"), sglMergeFiles::OnOutputBrowse)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_REMOVE"), sglMergeFiles::OnRemove)
+    EVT_BUTTON(XRCID("IDC_MULTIPLE_UP"), sglMergeFiles::OnMoveUp)
+    EVT_BUTTON(XRCID("IDC_MULTIPLE_DOWN"), sglMergeFiles::OnMoveDown)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_TRANSLATE"), sglMergeFiles::OnTranslate)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_INPUT_RESOURCES"), sglMergeFiles::OnInputResource)
     EVT_BUTTON(XRCID("IDC_MULTIPLE_OUTPUT_RESOURCES"), sglMergeFiles::OnOutputResource)
@@ -47,6 +51,8 @@ int sglMergeFiles::find_children()
     m_file_list = XRCCTRL(*this, "IDC_MULTIPLE_INPUT_FILE_LIST", wxListCtrl);
     m_add_button = XRCCTRL(*this, "IDC_MULTIPLE_ADD", wxButton);
     m_remove_button = XRCCTRL(*this, "IDC_MULTIPLE_REMOVE", wxButton);
+    m_up_button = XRCCTRL(*this, "IDC_MULTIPLE_UP", wxButton);
+    m_down_button = XRCCTRL(*this, "IDC_MULTIPLE_DOWN", wxButton);
     m_file_list_details.set_list_control(m_file_list);
     m_file_list_details.set_combo_box(m_input_combo);
     m_file_list_details.set_resource_button(m_input_resource_button);
@@ -54,7 +60,7 @@ int sglMergeFiles::find_children()
     m_file_list_details.initialise();
     m_input_details.allow_multiple_files(1);
     m_add_button->Disable();
-    m_remove_button->Disable();
+    enable_line_buttons();
     return 1;
 }
 
@@ -124,6 +130,7 @@ bool sglMergeFiles::add_staged_file()
     auto row = std::make_unique<sglRow>();
     row->initialise(&sglApp::app().input_dlls(), *m_input_combo, *m_input_list, 0);
     m_rows.append(std::move(row));
+    enable_line_buttons();
     return true;
 }
 
@@ -166,18 +173,28 @@ void sglMergeFiles::handle_dropped_files(wxArrayString const & files)
     add_multiple_files(names);
 }
 
-void sglMergeFiles::OnClickInputList(wxListEvent &)
-{
-    bool const selected = selected_line() != -1;
-    m_remove_button->Enable(selected);
-    m_input_resource_button->Enable(selected);
-}
-
-void sglMergeFiles::OnInputResource(wxCommandEvent & event)
+void sglMergeFiles::enable_line_buttons()
 {
     int const line = selected_line();
-    if (line != -1)
-        sglTranslateDialog::OnInputResource(event, *m_rows[line], line);
+    m_remove_button->Enable(line != -1);
+    m_input_resource_button->Enable(line != -1);
+    m_up_button->Enable(line > 0);
+    m_down_button->Enable(line != -1 && line + 1 < m_file_list->GetItemCount());
+}
+
+void sglMergeFiles::OnClickInputList(wxListEvent &)
+{
+    enable_line_buttons();
+}
+
+void sglMergeFiles::OnInputResource(wxCommandEvent &)
+{
+    int const line = selected_line();
+    if (line == -1)
+        return;
+    sglRow & row = *m_rows[line];
+    if (m_input_details.edit_resources(row.resource_table(), row.file_type()) == wxID_OK)
+        set_resource_file(row, m_file_list, line);
 }
 
 void sglMergeFiles::OnDblClickOptionsList(wxListEvent & event)
@@ -196,10 +213,36 @@ void sglMergeFiles::OnRemove(wxCommandEvent &)
         m_file_list->DeleteItem(line);
         m_rows.remove(line);
     }
-    m_remove_button->Disable();
-    m_input_resource_button->Disable();
+    enable_line_buttons();
     m_add_button->Enable();
     enableTranslateButton();
+}
+
+// The file stays selected, so that it can be moved on.
+void sglMergeFiles::move_line(int from, int to)
+{
+    if (from < 0 || to < 0 || to >= m_file_list->GetItemCount())
+        return;
+    std::swap(m_rows[from], m_rows[to]);
+    for (int const column : {0, 1}) {
+        wxString const text = m_file_list->GetItemText(from, column);
+        m_file_list->SetItem(from, column, m_file_list->GetItemText(to, column));
+        m_file_list->SetItem(to, column, text);
+    }
+    constexpr long chosen = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+    m_file_list->SetItemState(to, chosen, chosen);
+    m_file_list->EnsureVisible(to);
+    enable_line_buttons();
+}
+
+void sglMergeFiles::OnMoveUp(wxCommandEvent &)
+{
+    move_line(selected_line(), selected_line() - 1);
+}
+
+void sglMergeFiles::OnMoveDown(wxCommandEvent &)
+{
+    move_line(selected_line(), selected_line() + 1);
 }
 
 void sglMergeFiles::OnSelChangeInputFormat(wxCommandEvent &)

@@ -117,7 +117,8 @@ void sglPropertySheet::handle_edit_command(wxCommandEvent & event, int id)
 void sglPropertySheet::check_startup_menu_item(utString const & item_id, utString const & field,
                                                int checked_is_yes, int checked)
 {
-    sglStartupItemChecker(GetMenuBar()).check_startup_menu_item(item_id, field, checked_is_yes, checked);
+    if (wxMenuBar * const bar = GetMenuBar())
+        sglStartupItemChecker(bar).check_startup_menu_item(item_id, field, checked_is_yes, checked);
 }
 
 void sglPropertySheet::check_menus()

@@ -3,6 +3,7 @@
 #include "sglApp.h"
 #include "sglBatchFiles.h"
 #include "sglMergeFiles.h"
+#include "sglMessageBox.h"
 #include "sglResourceString.h"
 #include "sglSingleFile.h"
 
@@ -76,22 +77,31 @@ void sglTabDlg::OnFirstShow(wxShowEvent & event)
 }
 
 template <class Page>
-Page * sglTabDlg::add_page()
+Page * sglTabDlg::add_page(utString & missing)
 {
     auto page = std::make_unique<Page>(m_notebook);
-    page->create();
-    // There is no window where the installation does not describe it.
-    if (!page->GetHandle())
+    // The window of a page is made after what the installation says of it.
+    if (!page->create()) {
+        missing += "\n" + page->caption();
         return nullptr;
+    }
     m_notebook->AddPage(page.get(), wxtStringConverter::to_wx(page->caption()), false, -1);
     return page.release();
 }
 
 void sglTabDlg::add_pages()
 {
-    m_single = add_page<sglSingleFile>();
-    m_merge = add_page<sglMergeFiles>();
-    m_batch = add_page<sglBatchFiles>();
+    utString missing;
+    m_single = add_page<sglSingleFile>(missing);
+    m_merge = add_page<sglMergeFiles>(missing);
+    m_batch = add_page<sglBatchFiles>(missing);
+    if (!missing.empty())
+        sgl_show_error_text(
+            sglGUIString("d.messagebox::These pages cannot be shown, because their description "
+                         "is missing from the installation or is damaged:\n%s\n\nPlease "
+                         "install [[PROGRAM-NAME]] again.",
+                         "vmrgrlib")
+                .process(ut_text_arguments(missing)));
     if (m_single)
         m_single->make_default();
     m_notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, &sglTabDlg::OnPageChanged, this);

@@ -307,6 +307,20 @@ TEST_F(CompareProgram, EndsAReaderThatHangsWhenItsTimeIsOver)
         << told.output;
 }
 
+TEST_F(CompareProgram, KeepsToTheMemoryOfTheSettings)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitizers reserve more address space than any limit allows";
+#endif
+    auto const environment = with_odd_formats();
+    folder.write("config/Quorvane/Crosswalk/resources/startup.hrk", "translation_memory = 400\n");
+    auto const result = run({"a.stl", "a.odd", "--format-b", "Hungry"}, environment);
+    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_NE(result.errors.find("The memory allowed, 400 MB, does not suffice for " + folder / "a.odd"),
+              std::string::npos)
+        << result.errors;
+}
+
 TEST_F(CompareProgram, TakesTheTimeThatItIsAllowed)
 {
     folder.write("a.stl", cube_stl(0));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <sstream>
 #include <unistd.h>
 #include <vector>
@@ -34,6 +35,14 @@ protected:
             lines.push_back(json::parse(line));
         }
         return lines;
+    }
+
+    // How many lines lie in the pipe.
+    int waiting_lines() const
+    {
+        std::string text(64 * 1024, '\0');
+        auto const length = ::read(m_ends[0], text.data(), text.size());
+        return static_cast<int>(std::count(text.begin(), text.begin() + std::max<ssize_t>(length, 0), '\n'));
     }
 
     std::optional<hostEvents> events;
@@ -75,6 +84,44 @@ TEST_F(HostEvents, StaysValidWhenANameIsNoText)
 {
     events->message(sdkStream::output, sdkText("c::%s", "bad \xFF name"));
     EXPECT_EQ(sent().front()["args"][0], "bad \uFFFD name");
+}
+
+TEST_F(HostEvents, SendsALineAtOnce)
+{
+    events->message(sdkStream::output, sdkText("c::first"));
+    events->message(sdkStream::output, sdkText("c::second"));
+    EXPECT_EQ(waiting_lines(), 2);
+}
+
+TEST_F(HostEvents, LosesNothingOfAFloodAndKeepsItsOrder)
+{
+    constexpr int many = 500;
+    for (int i = 0; i < many; ++i) {
+        events->message(sdkStream::output, sdkText("c::%d", i));
+    }
+    auto const lines = sent();
+    ASSERT_EQ(lines.size(), many + 1U);
+    for (int i = 0; i < many; ++i) {
+        EXPECT_EQ(lines[static_cast<std::size_t>(i)]["args"][0], i);
+    }
+}
+
+TEST_F(HostEvents, SendsWhatWaitsAsLastWords)
+{
+    constexpr int many = 500;
+    for (int i = 0; i < many; ++i) {
+        events->message(sdkStream::output, sdkText("c::%d", i));
+    }
+    events->send_last_words();
+    EXPECT_EQ(waiting_lines(), many);
+}
+
+TEST_F(HostEvents, KnowsWhichFileIsWorkedOn)
+{
+    EXPECT_EQ(events->current_file(), "");
+    events->file("/a.step", "reading");
+    events->file("/b.igs", "writing");
+    EXPECT_EQ(events->current_file(), "/b.igs");
 }
 
 TEST_F(HostEvents, EndsOnceAndSaysNothingAfterwards)

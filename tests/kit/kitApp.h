@@ -15,8 +15,8 @@
 /// Its stages are public, so that a test can stop between them.
 class kitApp : public sglApp {
 public:
-    explicit kitApp(std::string installation, std::string user_folder)
-        : sglApp("2026-01-31", "7.2", ".5", "Tester", "Testing Company", "All rights tested"),
+    explicit kitApp(std::string installation, std::string user_folder, utString const & name = "Tester")
+        : sglApp("2026-01-31", "7.2", ".5", name, "Testing Company", "All rights tested"),
           m_installation(std::move(installation)), m_user_folder(std::move(user_folder))
     {
         use_display(false);

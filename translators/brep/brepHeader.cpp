@@ -38,6 +38,8 @@ brepHeader brep_header(std::string_view content)
     if (failure != std::errc() || header.version < 1) {
         header.form = brepForm::neither;
     }
+    auto const line = content.find('\n', static_cast<std::size_t>(end - content.data()));
+    header.sections = line == std::string_view::npos ? content.size() : line + 1;
     return header;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 enum class brepForm { text, binary, neither };
@@ -9,6 +10,7 @@ enum class brepForm { text, binary, neither };
 struct brepHeader {
     brepForm form = brepForm::neither;
     int version = 0;
+    std::size_t sections = 0; // where they begin, behind that line
 
     static constexpr int newest_text = 3;
     static constexpr int newest_binary = 4;

@@ -1,5 +1,6 @@
 #include "brep/brepReader.h"
 
+#include "brep/brepCheck.h"
 #include "brep/brepHeader.h"
 #include "sdk/geometry/sdkGeneralOptions.h"
 #include "sdk/geometry/sdkHealing.h"
@@ -72,6 +73,9 @@ sdkResult brepReader::parse(std::string const & path, Message_ProgressRange cons
         return sdkResult::read_error(sdkText("brep::%s has version %d of the format, which is newer than "
                                              "this program knows; write it in an older version",
                                              m_context.file(), header.version));
+    }
+    if (auto result = brep_check(file.text(), m_context.file()); !result) {
+        return result;
     }
     Message_ProgressScope scope(range, nullptr, 1);
     std::string reason;

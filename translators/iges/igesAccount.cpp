@@ -8,7 +8,6 @@
 #include <IGESSolid_ManifoldSolid.hxx>
 #include <IGESSolid_Shell.hxx>
 #include <Interface_ShareFlags.hxx>
-#include <TColStd_MapOfTransient.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <TransferBRep.hxx>
 #include <Transfer_Binder.hxx>
@@ -22,10 +21,11 @@ using Entity = Handle(IGESData_IGESEntity);
 
 class Account {
 public:
-    Account(Handle(XSControl_WorkSession) const & session, bool visible_only, sdkContext & context)
+    Account(Handle(XSControl_WorkSession) const & session, bool visible_only,
+            TColStd_MapOfTransient const & told, sdkContext & context)
         : m_model(Handle(IGESData_IGESModel)::DownCast(session->Model())),
           m_process(session->TransferReader()->TransientProcess()), m_used(session->Graph()),
-          m_visible_only(visible_only), m_context(context)
+          m_visible_only(visible_only), m_context(context), m_seen(told)
     {
     }
 
@@ -180,7 +180,8 @@ private:
 
 } // namespace
 
-void iges_keep_account(Handle(XSControl_WorkSession) const & session, bool visible_only, sdkContext & context)
+void iges_keep_account(Handle(XSControl_WorkSession) const & session, bool visible_only,
+                       TColStd_MapOfTransient const & told, sdkContext & context)
 {
-    Account(session, visible_only, context).keep();
+    Account(session, visible_only, told, context).keep();
 }

@@ -1,10 +1,12 @@
 #include "iges/igesReader.h"
 
 #include "iges/igesAccount.h"
+#include "iges/igesCounts.h"
 #include "iges/igesFile.h"
 #include "iges/igesNames.h"
 #include "iges/igesPlaces.h"
 #include "iges/igesSewing.h"
+#include "iges/igesStructure.h"
 #include "iges/igesUnbounded.h"
 #include "iges/igesUnits.h"
 #include "iges/igesVisibility.h"
@@ -54,6 +56,9 @@ sdkResult igesReader::parse(std::string const & path, Message_ProgressRange cons
     if (auto result = check_text(file); !result) {
         return result;
     }
+    if (auto result = check_parameters(file); !result) {
+        return result;
+    }
     Message_ProgressScope scope(range, nullptr, 1);
     auto const status = m_reader->ReadFile(path.c_str());
     auto const model = m_reader->IGESModel();
@@ -67,6 +72,10 @@ sdkResult igesReader::parse(std::string const & path, Message_ProgressRange cons
     iges_decode_names(model, m_context.options().text("igesReadCodePage"));
     if (!m_context.account().read_back()) {
         sdk_report_load(m_reader->WS(), m_context);
+    }
+    m_damaged = iges_take_out_damage(m_reader->WS(), m_bad_numbers, m_context);
+    if (auto result = iges_check_structure(model, m_reader->WS()->Graph(), m_context.file()); !result) {
+        return result;
     }
     return scope.UserBreak() ? sdkResult::cancelled() : sdkResult::completed();
 }
@@ -93,6 +102,23 @@ sdkResult igesReader::check_text(sdkInputFile const & file) const
                     name, text.directory_records));
     }
     return sdkResult::completed();
+}
+
+sdkResult igesReader::check_parameters(sdkInputFile const & file)
+{
+    sdkResult result = sdkResult::completed();
+    iges_each_parameters(file.text(), [&](igesParameters const & parameters) {
+        if (auto const count = iges_lying_count(parameters); count && result) {
+            result = sdkResult::read_error(sdkText(
+                "iges::%s, D%d: the entity of type %d has the count %d and only %d parameters; export the "
+                "file again",
+                m_context.file(), parameters.directory, parameters.type, *count, parameters.count));
+        }
+        if (!parameters.bad.empty()) {
+            m_bad_numbers.emplace(parameters.directory, parameters.bad.substr(0, 40));
+        }
+    });
+    return result;
 }
 
 void igesReader::settle_unit()
@@ -136,6 +162,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     sdkShapeProcessing const processing(sdk_reading_healing(m_context, "igesReadHealing"));
     Handle(TDocStd_Document) handle = document.handle();
     m_reader->add_own();
+    m_reader->remove(m_damaged);
     bool const sewing = options.boolean("igesReadSolids");
     Message_ProgressScope scope(range, nullptr, 10);
     bool const transferred =
@@ -145,7 +172,7 @@ sdkResult igesReader::transfer(sdkDocument & document, Message_ProgressRange con
     }
     if (!m_context.account().read_back()) {
         sdk_report_transfer(m_reader->WS(), {}, m_context);
-        iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_context);
+        iges_keep_account(m_reader->WS(), m_reader->GetReadVisible(), m_damaged, m_context);
     }
     hide_blanked(document);
     iges_drop_unbounded(document, document.free_shapes_since(before));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "iges/igesDamage.h"
 #include "iges/igesRoots.h"
 #include "sdk/sdkModule.h"
 
@@ -17,9 +18,12 @@ public:
 
 private:
     sdkResult check_text(sdkInputFile const & file) const;
+    sdkResult check_parameters(sdkInputFile const & file);
     void settle_unit();
     void hide_blanked(sdkDocument & document);
 
     sdkContext & m_context;
     std::optional<igesRoots> m_reader;
+    igesBadNumbers m_bad_numbers;
+    TColStd_MapOfTransient m_damaged;
 };

@@ -24,3 +24,12 @@ void igesRoots::add_own()
         }
     }
 }
+
+void igesRoots::remove(TColStd_MapOfTransient const & entities)
+{
+    for (int at = theroots.Length(); at >= 1; --at) {
+        if (entities.Contains(theroots(at))) {
+            theroots.Remove(at);
+        }
+    }
+}

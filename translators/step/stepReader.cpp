@@ -7,6 +7,7 @@
 #include "step/stepActor.h"
 #include "step/stepContextStyles.h"
 #include "step/stepCopiedStyles.h"
+#include "step/stepDamage.h"
 #include "step/stepExternFiles.h"
 #include "step/stepFile.h"
 #include "step/stepInstances.h"
@@ -18,7 +19,11 @@
 #include "step/stepShapeUnits.h"
 #include "step/stepSolids.h"
 #include "step/stepSourceFindings.h"
+#include "step/stepStructure.h"
+#include "step/stepStyleDamage.h"
+#include "step/stepTextFaults.h"
 #include "step/stepValidationCheck.h"
+#include "step/stepWorkLibrary.h"
 
 #include <Message_ProgressScope.hxx>
 #include <STEPCAFControl_ExternFile.hxx>
@@ -81,6 +86,8 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     file.advance(range);
     std::istream stream(&file);
     auto & reader = m_reader->ChangeReader();
+    auto const faults = step_text_faults(file.text());
+    reader.WS()->SetLibrary(new stepWorkLibrary(faults.empty_lists));
     auto const status = reader.ReadStream(path.c_str(), stream);
     if (file.cancelled()) {
         return sdkResult::cancelled();
@@ -99,11 +106,20 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     }
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());
-    sdk_report_load(reader.WS(), m_context, [&](auto const & entity) {
+    auto const made_good = [&](auto const & entity) {
         return m_links.explain(entity) || completed.count(entity.get()) > 0 ||
                settled.count(entity.get()) > 0 ||
                (m_pmi && m_pmi->has(reader.StepModel()->IdentLabel(entity)));
-    });
+    };
+    sdk_report_load(reader.WS(), m_context, made_good);
+    stepDamage damage(reader.WS(), faults.numbers, made_good, m_context);
+    if (auto result = damage.take_out(); !result) {
+        return result;
+    }
+    step_drop_damaged_styles(reader.WS());
+    if (auto result = step_check_structure(reader.WS(), m_context.file()); !result) {
+        return result;
+    }
     if (!completed.empty()) {
         m_context.account().add(
             {.kind = "not-standard",

@@ -75,10 +75,10 @@ TEST_F(Memory, IsNotKnownWhereTheSystemDoesNotTell)
     EXPECT_EQ(s2s_memory_share({}, 1), 0u);
 }
 
-TEST(MemoryShare, IsWhatIsFreeDividedByTheHosts)
+TEST(MemoryShare, IsTwoThirdsOfWhatIsFreeDividedByTheHosts)
 {
-    EXPECT_EQ(s2s_memory_share({16 * gigabyte, 12 * gigabyte}, 1), 12 * gigabyte);
-    EXPECT_EQ(s2s_memory_share({16 * gigabyte, 12 * gigabyte}, 4), 3 * gigabyte);
+    EXPECT_EQ(s2s_memory_share({20 * gigabyte, 15 * gigabyte}, 1), 10 * gigabyte);
+    EXPECT_EQ(s2s_memory_share({20 * gigabyte, 15 * gigabyte}, 5), 2 * gigabyte);
     EXPECT_EQ(s2s_memory_share({16 * gigabyte, 12 * kilobyte}, 4), gigabyte / 2);
 }
 

@@ -158,6 +158,16 @@ TEST_F(Application, TakesTheUserFromTheEnvironment)
     EXPECT_EQ(app().application_information()->program(), utString("Tester7.2.5"));
 }
 
+TEST_F(Application, TakesTheUserFromTheSystemWhereTheEnvironmentHasNone)
+{
+    for (bool const empty : {false, true}) {
+        empty ? setenv("LOGNAME", "", 1) : unsetenv("LOGNAME");
+        app().set_product_info();
+        EXPECT_EQ(app().application_information()->user(), wxtStringConverter::to_ut(wxGetUserId()));
+        EXPECT_FALSE(app().application_information()->user().empty());
+    }
+}
+
 TEST_F(Application, PutsTheBuildIntoTheApplicationInformation)
 {
     start();

@@ -1,6 +1,8 @@
 #include "sglReleaseStatus.h"
 
 #include "kit/kitAppTest.h"
+#include "sglNlsHelp.h"
+#include "sglResourceString.h"
 
 namespace {
 
@@ -39,6 +41,20 @@ TEST_F(ReleaseStatus, HasATextForEveryKindOfBuild)
         EXPECT_EQ(sglReleaseStatus::splash_string(),
                   kind.type == sglBuildFull ? utString() : utString(kind.text));
     }
+}
+
+TEST_F(ReleaseStatus, KeepsTheTextsInTheLanguageInWhichTheyWereFirstWanted)
+{
+    ASSERT_TRUE(app().run_on_init());
+    sglReleaseStatus::initialise(sglBuildFull);
+    EXPECT_EQ(sglReleaseStatus::release_string(), utString("Full Release"));
+    auto const place = folder() / "installation/share/vmr/locale/de/LC_MESSAGES";
+    std::filesystem::create_directories(place);
+    std::filesystem::copy(TEST_LOCALE_FOLDER "/de/LC_MESSAGES/vmrgrlib.mo", place + "/vmrgrlib.mo");
+    getNlsHelp()->set_main_language("de");
+    EXPECT_NE(sglResourceString("vmrgrlib", 1088), utString("Full Release"));
+    EXPECT_EQ(sglReleaseStatus::release_string(), utString("Full Release"));
+    getNlsHelp()->set_main_language("English");
 }
 
 TEST(BuildTypes, HaveTheNumbersThatProductFilesAndReportsKnow)

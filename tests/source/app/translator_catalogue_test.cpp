@@ -97,6 +97,22 @@ TEST_F(Catalogue, ResourceFileThatIsNowhereGivesTheDefaultWhateverItsName)
     EXPECT_EQ(app().rsc_dir(apFileName(L"other.rsc")), utString(user_folder() + "/resources/default"));
 }
 
+TEST_F(Catalogue, ProposesTheOutputFormatThatTheStartupSettingsPrefer)
+{
+    for (auto const & [name, module] : {std::pair("ALPHA", "alpha"), {"BETA", "beta"}, {"GAMMA", "gamma"}})
+        install_format(name, module);
+    auto const proposed = [this] {
+        return app().output_dlls().default_output_format(app().input_dlls().translator_for_format("ALPHA"));
+    };
+    for (utString const preferred : {"GAMMA", "BETA"}) {
+        app().pre_splash_screen_init();
+        app().startup_info().add_field_without_saving("preferred_output_format", preferred);
+        ASSERT_TRUE(app().run_on_init());
+        ASSERT_NE(proposed(), nullptr);
+        EXPECT_EQ(proposed()->format_name().ut_string(), preferred);
+    }
+}
+
 TEST_F(Catalogue, ResourceFileThatWasMadeAsDefaultIsFoundAgain)
 {
     start();

@@ -193,6 +193,13 @@ TEST_F(CommandLine, TakesAnUnknownOptionForTheInputFile)
     EXPECT_TRUE(says("The input file -x does not exist\n\n"));
 }
 
+TEST_F(CommandLine, UsesAToleranceWithSomethingBehindItAllTheSame)
+{
+    EXPECT_EQ(parse("IN -tol 1x -t BETA -o OUT"), 1) << said;
+    EXPECT_TRUE(says("---> Invalid Tolerance\n\n"));
+    EXPECT_TRUE(says("Triangulation tolerance 1.000000\n\n"));
+}
+
 TEST_F(CommandLine, TakesHelpAfterModellerForTheInputFile)
 {
     EXPECT_EQ(parse("-m -h"), 0);

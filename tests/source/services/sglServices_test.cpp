@@ -63,6 +63,18 @@ TEST_F(Services, HoldEveryKeyUnderItsType)
     EXPECT_TRUE(there(sduServicePtr<s2sAnalytics>(), s2sANALYTICSOPERATION));
 }
 
+TEST_F(Services, HoldWhatAModuleOfTheInstallationAdds)
+{
+    auto const place = folder() / "installation/lib/vmr/services";
+    std::filesystem::create_directories(place);
+    std::filesystem::copy(TEST_MODULE, place + "/answer.so");
+    start();
+    sduServicePtr<int const> answer;
+    app().application_information()->services()->find_service(sduServiceKey("test.answer"), answer);
+    ASSERT_NE(answer.pointer(), nullptr);
+    EXPECT_EQ(*answer.pointer(), 42);
+}
+
 TEST(DynamicLibrary, ThatIsMissingGivesAnObjectThatSaysSoAndNoWord)
 {
     testing::internal::CaptureStderr();

@@ -33,15 +33,6 @@ void fail_on_critical(char const * domain, GLogLevelFlags level, char const * me
         ADD_FAILURE() << (domain ? domain : "") << ": " << message;
 }
 
-/// The newer parts of the platform give their messages to this instead. It can be set once in a process.
-GLogWriterOutput fail_on_critical_fields(GLogLevelFlags level, GLogField const * fields, gsize count, void *)
-{
-    for (gsize field = 0; field < count; ++field)
-        if (level & G_LOG_LEVEL_CRITICAL && std::string_view(fields[field].key) == "MESSAGE")
-            fail_on_critical(nullptr, level, static_cast<char const *>(fields[field].value), nullptr);
-    return g_log_writer_default(level, fields, count, nullptr);
-}
-
 /// The application object of the process, started by the first test.
 class Started {
 public:
@@ -56,7 +47,6 @@ public:
         wxApp::SetInstance(m_app);
         kit_fail_on_assertions();
         g_log_set_default_handler(fail_on_critical, nullptr);
-        g_log_set_writer_func(fail_on_critical_fields, nullptr, nullptr);
         if (!wxEntryStart(m_argument_count, m_arguments))
             throw std::runtime_error("the toolkit does not start");
         m_app->pre_splash_screen_init();

@@ -177,7 +177,7 @@ TEST_F(BatchQueue, LeavesThoseAsTheyWereWhoseNewOutputIsRefused)
     kitModal boxes;
     boxes.expect_message(wxID_NO);
     save();
-    EXPECT_THAT(boxes.said()[0], HasSubstr(folder() / "b.stl"));
+    EXPECT_THAT(boxes.said(), ElementsAre(HasSubstr(folder() / "b.stl")));
     EXPECT_EQ(queued_output(0), folder() / "a.stl");
     EXPECT_EQ(queued_output(1), folder() / "b.igs");
     EXPECT_EQ(format_of(1), "IGES");

@@ -5,8 +5,10 @@
 
 #include <glib.h>
 #include <gmock/gmock.h>
+#include <set>
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
+#include <wx/treectrl.h>
 
 namespace {
 
@@ -63,15 +65,44 @@ protected:
         list(files_id).SetItemState(line, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
         settle();
     }
+    /// Double clicks a line of the list, as a user does, and runs the script in the dialog that this opens.
+    void double_click(long line, std::function<void(wxDialog &)> const & script)
+    {
+        wxRect place;
+        ASSERT_TRUE(list(files_id).GetItemRect(line, place));
+        wxUIActionSimulator simulator;
+        simulator.MouseMove(
+            list(files_id).ClientToScreen(place.GetPosition() + wxPoint(20, place.height / 2)));
+        settle();
+        // Whichever of the nested event loops runs, the timer looks for the dialog.
+        bool done = false;
+        wxTimer look;
+        look.Bind(wxEVT_TIMER, [&](wxTimerEvent &) {
+            for (wxWindow * const window : wxTopLevelWindows)
+                if (auto * const dialog = dynamic_cast<wxDialog *>(window); dialog && dialog->IsModal()) {
+                    look.Stop();
+                    settle();
+                    script(*dialog);
+                    done = true;
+                    return;
+                }
+        });
+        look.Start(20);
+        simulator.MouseDblClick();
+        run_until([&] { return done; }, 20, "the dialog");
+        settle();
+    }
     /// What OK in the resources dialog does when another resource file was loaded in it.
     void take_resource_file(int row, std::string const & name)
     {
-        in_next_dialog([this, row, name](wxDialog & dialog) {
-            const_cast<sglRow &>(m_merge->input_row(row))
-                .resource_table()
-                .set_resource_file(utString(folder() / name));
-            dialog.EndModal(wxID_OK);
-        });
+        in_next_dialog([this, row, name](wxDialog & dialog) { end_with_resource_file(dialog, row, name); });
+    }
+    void end_with_resource_file(wxDialog & dialog, int row, std::string const & name)
+    {
+        const_cast<sglRow &>(m_merge->input_row(row))
+            .resource_table()
+            .set_resource_file(utString(folder() / name));
+        dialog.EndModal(wxID_OK);
     }
     sglMergeFiles * m_merge = nullptr;
 };
@@ -242,32 +273,31 @@ TEST_F(MergePage, OpensNoOptionsWithoutASelectedLine)
     EXPECT_EQ(list(ids.input_list).GetItemCount(), 1);
 }
 
-TEST_F(MergePage, ShowsTheNewResourceFileOfALineAmongTheInputDetails)
+TEST_F(MergePage, ShowsTheNewResourceFileOfALineInTheLine)
 {
     drop({step_file("a.stp"), step_file("b.stp")});
     select(0);
     take_resource_file(0, "mine.rsc");
     press(*m_page, ids.input_resources);
-    EXPECT_EQ(cell(ids.input_list, 1), "mine.rsc");
-    EXPECT_EQ(cell(files_id, 1, 0), "step.rsc");
+    EXPECT_EQ(cell(files_id, 1, 0), "mine.rsc");
 
     select(1);
     take_resource_file(1, "other.rsc");
     press(*m_page, ids.input_resources);
-    EXPECT_EQ(list(ids.input_list).GetItemCount(), 2);
-    EXPECT_EQ(cell(ids.input_list, 1, 0), "mine.rsc");
-    EXPECT_EQ(cell(files_id, 1, 1), "step.rsc");
+    EXPECT_EQ(cell(files_id, 1, 1), "other.rsc");
+    EXPECT_EQ(cell(files_id, 1, 0), "mine.rsc");
+    EXPECT_EQ(lines(), 2);
+    // The upper list goes on showing the file that was staged last, and nothing beside it.
+    EXPECT_EQ(list(ids.input_list).GetItemCount(), 1);
+    EXPECT_EQ(input_file(), folder() / "b.stp");
+    EXPECT_EQ(input_resource(), "step.rsc");
 }
 
-TEST_F(MergePage, OpensTheOptionsOfALineThatIsActivated)
+TEST_F(MergePage, OpensTheOptionsOfALineWithADoubleClick)
 {
     drop({step_file("a.stp")});
-    select(0);
-    take_resource_file(0, "mine.rsc");
-    wxListEvent event(wxEVT_LIST_ITEM_ACTIVATED, list(files_id).GetId());
-    event.SetEventObject(&list(files_id));
-    list(files_id).ProcessWindowEvent(event);
-    EXPECT_EQ(cell(ids.input_list, 1), "mine.rsc");
+    double_click(0, [&](wxDialog & dialog) { end_with_resource_file(dialog, 0, "mine.rsc"); });
+    EXPECT_EQ(cell(files_id, 1), "mine.rsc");
 }
 
 TEST_F(MergePage, OffersToAddAFileOnceItsFormatIsChosen)
@@ -335,21 +365,75 @@ TEST_F(MergePage, WritesNothingWhenOneOfTheFilesHasVanished)
     EXPECT_TRUE(folder().exists("b.stp"));
 }
 
-TEST_F(MergePage, OpensTheOptionsOfALineWithTheFormatInTheBox)
+TEST_F(MergePage, OpensTheOptionsOfALineInItsOwnFormat)
 {
     drop({step_file("a.stp"), folder().write("c.stl", "solid c\nendsolid c\n")});
     ASSERT_EQ(input_format(), "STL");
-    select(0);
     std::string before, after;
-    in_next_dialog([&](wxDialog & dialog) {
+    std::vector<std::string> pages;
+    double_click(0, [&](wxDialog & dialog) {
         before = dialog.GetTitle().utf8_string();
+        auto & tree = *find<wxTreeCtrl>(dialog, "IDC_OPTIONS_TREE");
+        wxTreeItemIdValue cookie;
+        for (auto page = tree.GetFirstChild(tree.GetRootItem(), cookie); page.IsOk();
+             page = tree.GetNextSibling(page))
+            pages.push_back(tree.GetItemText(page).utf8_string());
         choose_menu(dialog, "IDM_OPTIONS_LOAD_DEFAULT");
         after = dialog.GetTitle().utf8_string();
         dialog.EndModal(wxID_CANCEL);
     });
-    press(*m_page, ids.input_resources);
     EXPECT_THAT(before, testing::EndsWith("- step.rsc"));
-    EXPECT_THAT(after, testing::EndsWith("/stl.rsc"));
+    EXPECT_THAT(after, testing::EndsWith("/step.rsc"));
+    EXPECT_FALSE(pages.empty());
+    EXPECT_EQ(std::set<std::string>(pages.begin(), pages.end()).size(), pages.size())
+        << "no name is there twice";
+}
+
+TEST_F(MergePage, ActsOnALineOnlyWhileOneIsSelected)
+{
+    drop({step_file("a.stp"), step_file("b.stp")});
+    for (bool const selected : {false, true, false}) {
+        list(files_id).SetItemState(1, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+        settle();
+        EXPECT_EQ(can_remove(), selected);
+        EXPECT_EQ(enabled(ids.input_resources), selected);
+        EXPECT_EQ(enabled("IDC_MULTIPLE_UP"), selected);
+        EXPECT_FALSE(enabled("IDC_MULTIPLE_DOWN")) << "it is the last";
+    }
+    select(0);
+    EXPECT_FALSE(enabled("IDC_MULTIPLE_UP"));
+    EXPECT_TRUE(enabled("IDC_MULTIPLE_DOWN"));
+    // With one more file there is a place below the last.
+    select(1);
+    drop({step_file("c.stp")});
+    EXPECT_TRUE(enabled("IDC_MULTIPLE_DOWN"));
+}
+
+TEST_F(MergePage, MovesTheSelectedFileUpAndDown)
+{
+    drop({step_file("a.stp"), step_file("b.stp"), folder().write("c.stl", "solid c\nendsolid c\n")});
+    auto const order = [&] {
+        std::string shown, kept;
+        for (int line = 0; line < lines(); ++line) {
+            shown += std::filesystem::path(cell(files_id, 0, line)).stem().string() + " ";
+            shown += cell(files_id, 1, line) + " ";
+            kept += std::filesystem::path(m_merge->input_row(line).filename().str()).stem().string() + " ";
+            auto const & table = m_merge->input_row(line).resource_table();
+            kept += std::filesystem::path(table.resource_file().str()).filename().string() + " ";
+        }
+        EXPECT_EQ(shown, kept);
+        return shown;
+    };
+    select(2);
+    press(*m_page, "IDC_MULTIPLE_UP");
+    EXPECT_EQ(order(), "a step.rsc c stl.rsc b step.rsc ");
+    press(*m_page, "IDC_MULTIPLE_UP");
+    EXPECT_EQ(order(), "c stl.rsc a step.rsc b step.rsc ") << "it stayed selected";
+    EXPECT_FALSE(enabled("IDC_MULTIPLE_UP"));
+    press(*m_page, "IDC_MULTIPLE_DOWN");
+    EXPECT_EQ(order(), "a step.rsc c stl.rsc b step.rsc ");
+    EXPECT_EQ(list(files_id).GetSelectedItemCount(), 1);
+    EXPECT_EQ(output_file(), folder() / "a.igs");
 }
 
 TEST_F(MergePage, ComparesWholeNamesWhenItLooksForDuplicates)

@@ -144,7 +144,9 @@ TEST_F(PropertySheet, WithoutAMenuIgnoresAllThatConcernsOne)
     EXPECT_FALSE(sheet.GetMenuBar());
     sheet.check_menus();
     focus(*sheet.text);
+    choose_menu(sheet, "IDM_VIEWER_STARTUP");
     EXPECT_FALSE(sheet.GetMenuBar());
+    EXPECT_TRUE(settings().find_field(sduSTARTASVIEWER).invalid());
 }
 
 TEST_F(PropertySheet, TicksTheItemOfTheStartUnlessTheProgramStartsAsAViewer)

@@ -11,6 +11,8 @@
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class TabDlg : public kitWindowTest {
 protected:
@@ -57,15 +59,20 @@ TEST_F(TabDlg, HasItsPagesInTheOrderInWhichTheyAreUsed)
     EXPECT_TRUE(window.is_expert());
 }
 
-TEST_F(TabDlg, OpensWithoutPagesAndMenuWhenTheInstallationDoesNotDescribeThem)
+TEST_F(TabDlg, OpensWithoutPagesAndMenuAndTellsItWhenTheInstallationDoesNotDescribeThem)
 {
     wxXmlResource * const installed = wxXmlResource::Set(new wxXmlResource);
     {
         wxLogNull const no_messages;
+        kitModal boxes;
+        boxes.expect_message(wxID_OK);
         sglTabDlg & window = *show_window();
         EXPECT_EQ(window.GetMenuBar(), nullptr);
         EXPECT_EQ(notebook(window).GetPageCount(), 0u);
-        for (auto const * const command : {"IDM_EDIT_COPY", "IDM_EDIT_UNDO", "IDM_VIEW_EXPERT"})
+        EXPECT_THAT(boxes.said(), ElementsAre(StartsWith("These pages cannot be shown")));
+        EXPECT_THAT(boxes.said()[0], HasSubstr("\nSingle File\nMultiple Files\nBatch Files\n"));
+        for (auto const * const command :
+             {"IDM_EDIT_COPY", "IDM_EDIT_UNDO", "IDM_VIEW_EXPERT", "IDM_VIEWER_STARTUP"})
             choose_menu(window, command);
         wxArrayString files;
         for (auto const * const name : {"a.step", "b.step"}) {
@@ -242,7 +249,9 @@ TEST_F(TabDlg, AsksBeforeItLeavesABatchThatHasNotBeenRun)
             boxes.expect_message(wxID_NO);
         window.Close();
         settle();
+        ASSERT_EQ(ended, 0);
         choose_menu(window, "IDM_FILE_EXIT");
+        ASSERT_EQ(ended, 0);
         wxCommandEvent close(wxEVT_BUTTON, wxID_CLOSE);
         window.ProcessWindowEvent(close);
         EXPECT_EQ(boxes.said()[0],

@@ -96,7 +96,8 @@ public:
             rest.Remove(face);
             history.replace(face, made);
         }
-        return sdk_join({rest.Apply(shape), made});
+        auto const others = rest.Apply(shape);
+        return others.IsNull() ? made : made.IsNull() ? others : sdk_join({others, made});
     }
 
 private:
