@@ -1,5 +1,7 @@
 #include "step/stepLosses.h"
 
+#include "step/stepPmiGraph.h"
+
 #include <Interface_InterfaceModel.hxx>
 #include <StepData_UndefinedEntity.hxx>
 #include <StepDimTol_Datum.hxx>
@@ -55,6 +57,20 @@ stepLosses step_count_losses(Handle(Interface_InterfaceModel) const & model)
         count(STANDARD_TYPE(StepDimTol_Datum), losses.datums);
         count(STANDARD_TYPE(StepVisual_CameraModelD3), losses.views);
         losses.annotations += is_annotation(*entity) ? 1 : 0;
+    }
+    return losses;
+}
+
+stepLosses step_count_losses(stepPmiGraph const & graph)
+{
+    stepLosses losses;
+    for (int const item : graph.items()) {
+        std::string_view const kind = step_pmi_item(graph.find(item)->kinds());
+        losses.dimensions += kind == "term::dimension" ? 1 : 0;
+        losses.tolerances += kind == "term::geometric tolerance" ? 1 : 0;
+        losses.datums += kind == "term::datum" ? 1 : 0;
+        losses.annotations += kind == "term::annotation" ? 1 : 0;
+        losses.views += kind == "term::view" ? 1 : 0;
     }
     return losses;
 }

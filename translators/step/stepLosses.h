@@ -5,6 +5,7 @@
 #include <cstdint>
 
 class Interface_InterfaceModel;
+class stepPmiGraph;
 
 // What a STEP file has that documents have no place for. Dimensions and tolerances that are attached to the
 // model are not taken even where Open CASCADE reads them: it gives geometric tolerances the value 0 and
@@ -21,4 +22,7 @@ struct stepLosses {
     bool has_pmi() const { return number() > 0; }
 };
 
+// As far as the toolkit knows the kinds.
 stepLosses step_count_losses(Handle(Interface_InterfaceModel) const & model);
+// All of them.
+stepLosses step_count_losses(stepPmiGraph const & graph);

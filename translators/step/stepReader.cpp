@@ -102,6 +102,7 @@ sdkResult stepReader::parse(std::string const & path, Message_ProgressRange cons
     m_losses = step_count_losses(reader.StepModel());
     if (m_losses.has_pmi()) {
         m_pmi = std::make_shared<stepPmiSource>(file.text());
+        m_losses = step_count_losses(m_pmi->graph());
     }
     auto const completed = step_complete_operators(reader.StepModel(), file.text());
     auto const settled = step_settle_context_styles(reader.WS());

@@ -59,3 +59,14 @@ TEST_F(StepLosses, CountTheAnnotationOfDrawings)
     ASSERT_EQ(account().findings().size(), 1U);
     EXPECT_EQ(account().findings().front().source, 2);
 }
+
+TEST_F(StepLosses, CountTolerancesOfKindsThatTheToolkitDoesNotKnow)
+{
+    read_text(cube_and("#90001=SHAPE_ASPECT('','',#90002,.F.);\n#90002=PRODUCT_DEFINITION_SHAPE('','',$);\n"
+                       "#90003=DIMENSIONAL_SIZE(#90001,'diameter');\n"
+                       "#90004=(FLATNESS_TOLERANCE()GEOMETRIC_TOLERANCE('','',$,#90001)"
+                       "GEOMETRIC_TOLERANCE_WITH_DEFINED_AREA_UNIT(.SQUARE.,$)"
+                       "GEOMETRIC_TOLERANCE_WITH_DEFINED_UNIT($));\n"));
+    ASSERT_EQ(account().findings().size(), 1U);
+    EXPECT_EQ(account().findings().front().source, 2);
+}
