@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <poll.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 using nlohmann::json;
@@ -59,11 +60,16 @@ bool hostChannel::read_job(hostJob & job, std::string & problem)
     }
 }
 
-void hostChannel::watch(std::vector<std::string> const & folders)
+bool hostChannel::watch(std::vector<std::string> const & folders)
 {
     m_folders = folders;
-    m_watcher = std::thread([this] { run(); });
+    try {
+        m_watcher = std::thread([this] { run(); });
+    } catch (std::system_error const &) {
+        return false;
+    }
     m_watcher.detach();
+    return true;
 }
 
 void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t failed)

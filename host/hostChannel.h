@@ -20,8 +20,8 @@ public:
 
     // Starts the thread that watches for commands and for the end of the connection, with which it removes
     // the folders, and sends events that wait. The thread lives as long as the process: the channel must not
-    // be destroyed after this.
-    void watch(std::vector<std::string> const & folders);
+    // be destroyed after this. False where the system has no thread to give.
+    bool watch(std::vector<std::string> const & folders);
 
     // True once the engine has asked to stop.
     std::atomic<bool> const & cancelled() const { return m_cancelled; }

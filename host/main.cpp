@@ -5,6 +5,7 @@
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
 #include "process/largeStack.h"
+#include "process/memoryEnd.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
@@ -63,7 +64,12 @@ int run(std::vector<std::string> folders)
     // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
     host_limit_file_size(job.file_size_limit);
-    channel.watch(folders);
+    if (!channel.watch(folders)) {
+        events.message(sdkStream::error,
+                       sdkText("host::The system has no thread left for the translation; end other "
+                               "programs and try again"));
+        channel.finish(sdkStatus::read_error, 0, 0);
+    }
     quieten_toolkit();
 
     auto const end = [&](auto && work) {
@@ -82,5 +88,6 @@ int run(std::vector<std::string> folders)
 
 int main(int argc, char ** argv)
 {
+    end_when_memory_runs_out("vmr-host: no job: there is no memory\n", exit_without_job);
     return run_on_large_stack([&] { return run({argv + 1, argv + argc}); });
 }
