@@ -105,12 +105,13 @@ void replacing_an_output(benchmark::State & state)
     kitTempFolder const folder;
     std::string const content(static_cast<std::size_t>(state.range(0)) << 20, 'x');
     folder.write("out.cad", content);
-    std::filesystem::create_directory(folder / "staging");
+    s2sStagingFolder staging;
+    staging.create(folder / "out.cad");
     for (auto _ : state) {
         state.PauseTiming();
-        folder.write("staging/out.cad", content);
+        std::ofstream(staging.path() / "out.cad") << content;
         state.ResumeTiming();
-        s2s_put_in_place(folder / "staging", folder / "out.cad", {});
+        s2s_put_in_place(staging, folder / "out.cad", {});
     }
 }
 BENCHMARK(replacing_an_output)->Arg(1)->Arg(100)->UseRealTime()->Unit(benchmark::kMillisecond);

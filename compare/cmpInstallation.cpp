@@ -35,6 +35,15 @@ cmpInstallation::cmpInstallation() : m_info(VMR_PRODUCT_NAME, "", "", VMR_COMPAN
     factory.create_translator_dlls({}, places, "", &m_info, m_input, output);
 }
 
+s2sFailure cmpInstallation::left_out() const
+{
+    auto const & changeable = m_directories.changeable_translators();
+    if (changeable.empty())
+        return std::nullopt;
+    auto const folder = m_directories.schema_dir(sdbHRKDirectory::translators).user_dir();
+    return s2sMessages::modules_changeable(folder.str(), changeable);
+}
+
 std::vector<std::string> cmpInstallation::language_folders() const
 {
     std::vector<std::string> folders;

@@ -8,6 +8,7 @@
 #include "ap/apStringCompareInsensitive.h"
 #include "ap/apStringUTF8Encoding.h"
 #include "s2s/s2sLimits.h"
+#include "s2s/s2sMessage.h"
 #include "s2s/s2sTranslatorLoader.h"
 #include "sdb/sdbAppDirMap.h"
 #include "sdb/sdbTranslatorDlls.h"
@@ -20,6 +21,8 @@ public:
     cmpInstallation();
 
     sdbTranslatorDlls const & formats() const { return *m_input; } ///< those that can be read
+    /// Why the user's formats are left out; none when they are not.
+    s2sFailure left_out() const;
     std::vector<std::string> language_folders() const;
     std::string host_program() const;
     s2sLimits limits() const; ///< as the user's settings say

@@ -46,6 +46,8 @@ int run(int argc, char ** argv)
         std::cout << words.shown;
         return 0;
     }
+    if (auto const left_out = installation.left_out())
+        std::cerr << texts(*left_out) << "\n";
     auto const report = cmp_compare(*words.options, installation, texts);
     int const status = show(report, *words.options, texts);
     // What cannot be printed was not told to anybody.

@@ -6,11 +6,11 @@
 
 #include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <poll.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 using nlohmann::json;
 using std::chrono::steady_clock;
@@ -60,9 +60,9 @@ bool hostChannel::read_job(hostJob & job, std::string & problem)
     }
 }
 
-bool hostChannel::watch(std::vector<std::string> const & folders)
+bool hostChannel::watch(hostFolders folders)
 {
-    m_folders = folders;
+    m_folders = std::move(folders);
     try {
         m_watcher = std::thread([this] { run(); });
     } catch (std::system_error const &) {
@@ -137,7 +137,7 @@ void hostChannel::take_command(std::string const & line)
     if (command == "cancel") {
         m_cancelled = true;
     } else if (command == "guard") {
-        m_folders.push_back(text_field(value, "folder"));
+        m_folders.add(text_field(value, "folder"));
     } else if (command == "memory") {
         if (auto const limit = value.find("limit"); limit != value.end() && limit->is_number_unsigned()) {
             host_limit_memory(limit->get<std::uint64_t>());
@@ -147,19 +147,6 @@ void hostChannel::take_command(std::string const & line)
 
 void hostChannel::abandon()
 {
-    host_remove_folders(m_folders);
+    m_folders.remove();
     ::_exit(0);
-}
-
-void host_remove_folders(std::vector<std::string> const & folders)
-{
-    // The thread at work may make another file while its folder is being emptied; it cannot once the folder
-    // is gone.
-    constexpr int attempts = 1000;
-    std::error_code error;
-    for (auto const & folder : folders) {
-        for (int i = 0; !folder.empty() && i < attempts && std::filesystem::exists(folder, error); ++i) {
-            std::filesystem::remove_all(folder, error);
-        }
-    }
 }

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "host/hostEvents.h"
+#include "host/hostFolders.h"
 #include "host/hostJob.h"
 
 #include <atomic>
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 // The engine's end of the connection as seen from here: descriptor 0 with the job and its cancel, and the
 // events.
@@ -21,7 +21,7 @@ public:
     // Starts the thread that watches for commands and for the end of the connection, with which it removes
     // the folders, and sends events that wait. The thread lives as long as the process: the channel must not
     // be destroyed after this. False where the system has no thread to give.
-    bool watch(std::vector<std::string> const & folders);
+    bool watch(hostFolders folders);
 
     // True once the engine has asked to stop.
     std::atomic<bool> const & cancelled() const { return m_cancelled; }
@@ -39,12 +39,8 @@ private:
     hostEvents & m_events;
     bool m_connected = false;
     std::string m_input;
-    std::vector<std::string> m_folders;
+    hostFolders m_folders;
     std::atomic<bool> m_cancelled{false};
     std::mutex m_finishing;
     std::thread m_watcher;
 };
-
-// Removes the folders with all that they hold, also while another thread still writes there. An empty path is
-// none.
-void host_remove_folders(std::vector<std::string> const & folders);

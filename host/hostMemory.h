@@ -6,7 +6,8 @@
 // outside, by `ulimit` for instance. May be called again with more.
 void host_limit_memory(std::uint64_t bytes);
 
-// To be called in a process that was forked off this one: it may take half of what this one has not taken yet.
+// To be called in a process that was forked off this one: it may take half of what this one has not taken
+// yet.
 void host_limit_memory_of_fork();
 
 // What the process may have, in bytes; 0 for no limit.

@@ -1,6 +1,7 @@
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
 #include "host/hostFileSize.h"
+#include "host/hostFolders.h"
 #include "host/hostLastWords.h"
 #include "host/hostMemory.h"
 #include "host/hostTranslation.h"
@@ -15,6 +16,7 @@
 #include <cstdio>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -46,9 +48,13 @@ void quieten_toolkit()
     }
 }
 
-// The folders are removed when the engine goes away, also before it has sent a job.
-int run(std::vector<std::string> folders)
+// The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
+int run(std::vector<std::string> const & arguments)
 {
+    hostFolders folders;
+    for (auto const & argument : arguments) {
+        folders.add(argument);
+    }
     ignore_signals();
     hostEvents events(take_standard_output());
     hostChannel channel(events);
@@ -56,19 +62,23 @@ int run(std::vector<std::string> folders)
     std::string problem;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
-        host_remove_folders(folders);
+        folders.remove();
         return exit_without_job;
     }
-    folders.push_back(job.staging);
+    folders.add(job.staging);
     host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
     // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
     host_limit_file_size(job.file_size_limit);
-    if (!channel.watch(folders)) {
+    if (!channel.watch(std::move(folders))) {
         events.message(sdkStream::error,
                        sdkText("host::The system has no thread left for the translation; end other "
                                "programs and try again"));
         channel.finish(sdkStatus::read_error, 0, 0);
+    }
+    if (auto const entered = host_enter_staging(job); !entered) {
+        events.message(sdkStream::error, entered.text());
+        channel.finish(entered.status(), 0, 0);
     }
     quieten_toolkit();
 

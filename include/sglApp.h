@@ -127,6 +127,7 @@ protected:
 private:
     utString release_value() const;
     bool load_xrc_files();
+    void tell_of_changeable_translators() const;
 
     wxtFrustrum m_platform;
     utString m_version;

@@ -31,7 +31,7 @@ public:
 
 protected:
     int get_string(utString & word, int check_translate);
-    void look_for_log();
+    int look_for_log(); ///< 0 when the log would destroy another file of the line; nothing is opened then
     int get_argument();
     void get_resource_options(vmrTableInstance * table);
     int extract_resource_option(utString & name, utString & value);
@@ -67,6 +67,7 @@ private:
     void finish_quoted_word(utString & line, utString & word, char const * complaint);
     utString default_resource_file(sdbTranslatorInfo const & translator) const;
     void put_back(utString const & word);
+    void close_log(); ///< says on standard error when not all of it could be written
 
     double m_tolerance = -1.0;
     utString m_command_line;
@@ -82,4 +83,5 @@ private:
     std::unique_ptr<sdbOstreamDisplayer> m_displayer;
     std::unique_ptr<vmrabsOutput> m_connector;
     std::unique_ptr<ubOFStream> m_log;
+    utString m_log_name;
 };

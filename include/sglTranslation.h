@@ -110,7 +110,7 @@ protected:
 private:
     void tick();
     void tell_outcome();
-    void clean_up_outputs() const;
+    void log_completed_translations() const;
 
     sglThreadComm m_channel;
     std::unique_ptr<s2sWrapperBase> m_wrapper;

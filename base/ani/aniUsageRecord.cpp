@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "ap/apFileDescriptor.h"
+#include "ap/apPosixOperations.h"
 #include "ap/apStagedFile.h"
 
 namespace {
@@ -76,8 +77,12 @@ apFileResult aniUsageRecord::choose(bool agreed) const
     if (!has_place())
         return apFileResult(ENOENT);
     std::error_code error;
-    if (std::filesystem::create_directories(m_folder, error))
+    if (!std::filesystem::exists(m_folder, error)) {
+        auto const made = apPosixFileOperations().make_directories(apPathName::from_utf8(m_folder));
+        if (!made)
+            return made;
         std::filesystem::permissions(m_folder, std::filesystem::perms::owner_all, error);
+    }
     if (error)
         return apFileResult(error);
     // Written in place, because it is the lock as well, and in one go: it is shorter than anything that a

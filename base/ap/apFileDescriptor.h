@@ -12,6 +12,8 @@ public:
     apFileDescriptor() = default;
     /// Opens as open(2) does, closed in programs that this one starts. Not open() on failure, with errno set.
     apFileDescriptor(std::string const & path, int flags, unsigned mode = 0);
+    /// Takes over a descriptor that is open already; negative for none.
+    explicit apFileDescriptor(int descriptor) : m_descriptor(descriptor) {}
     ~apFileDescriptor();
     apFileDescriptor(apFileDescriptor && other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1))
     {

@@ -10,6 +10,7 @@
 
 #include "ap/apFileDescriptor.h"
 #include "ap/apFileIdentity.h"
+#include "ap/apHome.h"
 #include "ap/apStagedFile.h"
 
 namespace {
@@ -206,6 +207,8 @@ apFileResult apPosixFileOperations::make_directories(apPathName const & path) co
 {
     if (is_directory(path))
         return {};
+    if (ap_is_home(path.utf8()))
+        return apFileResult(ENOENT);
     auto const parent = path.directory();
     if (!parent.empty() && parent != path) {
         auto const result = make_directories(parent);
@@ -213,8 +216,10 @@ apFileResult apPosixFileOperations::make_directories(apPathName const & path) co
             return result;
     }
     auto const result = make_directory(path);
+    if (result.error() != std::errc::file_exists)
+        return result;
     // Another process may have been faster, and a path may end in a separator.
-    return !result && is_directory(path) ? apFileResult() : result;
+    return is_directory(path) ? apFileResult() : apFileResult(ENOTDIR);
 }
 
 apPathName apPosixFileOperations::temp_directory() const

@@ -8,8 +8,5 @@ void s2sFileGuard::add(s2sTranslationElements const & elements)
         m_inputs.emplace_back(input.file().str());
         m_protections.emplace_back(input.file());
     }
-    auto const & output = elements.output_elements().file();
-    m_output_folders.insert(s2s_real_place(output.str()).parent_path());
-    if (s2s_check_output(output.str()))
-        m_protections.emplace_back(output);
+    m_output_folders.insert(s2s_real_place(elements.output_elements().file().str()).parent_path());
 }

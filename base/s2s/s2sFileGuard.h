@@ -7,9 +7,7 @@
 #include "s2s/s2sTranslationElements.h"
 #include "sdu/sduFileProtection.h"
 
-/// Keeps files from being deleted by whoever tidies up after a job, as long as it lives: all the inputs, also
-/// where one of them was given as output too, and whatever was named as output but can never become one, such
-/// as a device or a write-protected file.
+/// The files of a job. As long as it lives, the inputs are kept from sdu_remove_file and sdu_copy_file.
 class s2sFileGuard {
 public:
     void add(s2sTranslationElements const & elements);

@@ -19,6 +19,28 @@ bool is_text(fs::path const & file)
     return apString::from_utf8(file.native()).well_formed();
 }
 
+// The links that lead from the name to the file, and where that lies.
+std::vector<fs::path> places_on_the_way(fs::path const & file)
+{
+    std::error_code error;
+    std::vector<fs::path> places{fs::absolute(file, error).lexically_normal()};
+    // As many steps as the system itself would follow.
+    for (int links = 0; links < 40 && fs::is_symlink(fs::symlink_status(places.back(), error)); ++links) {
+        auto const target = fs::read_symlink(places.back(), error);
+        if (error)
+            break;
+        places.push_back((places.back().parent_path() / target).lexically_normal());
+    }
+    return places;
+}
+
+bool is_link_of_another(fs::path const & place)
+{
+    struct stat found;
+    return lstat(place.c_str(), &found) == 0 && S_ISLNK(found.st_mode) && found.st_uid != geteuid() &&
+           found.st_uid != 0;
+}
+
 } // namespace
 
 bool s2s_same_file(fs::path const & a, fs::path const & b)
@@ -41,16 +63,7 @@ bool s2s_is_one_of(fs::path const & file, std::vector<fs::path> const & others)
 
 fs::path s2s_real_place(fs::path const & file)
 {
-    std::error_code error;
-    auto place = fs::absolute(file, error).lexically_normal();
-    // As many steps as the system itself would follow.
-    for (int links = 0; links < 40 && fs::is_symlink(fs::symlink_status(place, error)); ++links) {
-        auto const target = fs::read_symlink(place, error);
-        if (error)
-            break;
-        place = (place.parent_path() / target).lexically_normal();
-    }
-    return place;
+    return places_on_the_way(file).back();
 }
 
 s2sFailure s2s_check_input(fs::path const & file)
@@ -60,15 +73,27 @@ s2sFailure s2s_check_input(fs::path const & file)
     struct stat found;
     if (stat(file.c_str(), &found) != 0 || access(file.c_str(), R_OK) != 0)
         return s2sMessages::input_missing(file, std::generic_category().message(errno));
-    if (S_ISDIR(found.st_mode))
-        return s2sMessages::input_not_a_file(file);
-    return std::nullopt;
+    return s2s_check_kind_of_input(file);
+}
+
+s2sFailure s2s_check_kind_of_input(fs::path const & file)
+{
+    struct stat found;
+    if (stat(file.c_str(), &found) != 0 || S_ISREG(found.st_mode))
+        return std::nullopt;
+    return S_ISDIR(found.st_mode) ? s2sMessages::input_not_a_file(file)
+                                  : s2sMessages::input_not_ordinary(file);
 }
 
 s2sFailure s2s_check_output(fs::path const & file)
 {
+    if (file.empty())
+        return s2sMessages::output_without_name();
     if (!is_text(file))
         return s2sMessages::name_not_text(file);
+    auto const places = places_on_the_way(file);
+    if (std::any_of(places.begin(), places.end(), is_link_of_another))
+        return s2sMessages::output_link_of_another(file);
     struct stat found;
     if (stat(file.c_str(), &found) != 0)
         return errno == ENAMETOOLONG ? s2sFailure(s2sMessages::name_too_long(file)) : std::nullopt;

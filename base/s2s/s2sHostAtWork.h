@@ -30,6 +30,7 @@ public:
     s2sHostProcess & process() { return m_process; }
     s2sHostLink & link() { return *m_link; } ///< only after a start without refusal
     std::filesystem::path const & folder() const { return m_staging.path(); }
+    s2sStagingFolder const & staging() const { return m_staging; }
     std::filesystem::path const & place() const { return m_place; } ///< where the output is to go from there
 
 private:

@@ -20,8 +20,8 @@ using std::chrono::seconds;
 constexpr std::uint64_t megabyte = 1024 * 1024;
 // With less a host could not even begin.
 constexpr std::uint64_t least_memory = 64 * megabyte;
-// Left free on the disk for others, though never more than a tenth of what is free.
-constexpr std::uint64_t most_reserve = 256 * megabyte;
+// Left free on the disk for others.
+constexpr std::uint64_t reserve = 256 * megabyte;
 // What is beyond means for ever, and no number computed from it overflows.
 constexpr std::uint64_t largest_setting = 1'000'000'000;
 
@@ -53,8 +53,7 @@ std::uint64_t room_in(fs::path const & folder)
     struct statvfs disk;
     if (statvfs(folder.c_str(), &disk) != 0)
         return 0;
-    auto const free = static_cast<std::uint64_t>(disk.f_bavail) * disk.f_frsize;
-    return free - std::min(free / 10, most_reserve);
+    return s2s_file_size_for(static_cast<std::uint64_t>(disk.f_bavail) * disk.f_frsize);
 }
 
 } // namespace
@@ -69,6 +68,11 @@ s2sLimits s2s_limits(sduStartupInfo const & settings)
     if (auto const number = number_in(settings, sduTRANSLATIONOUTPUTSIZE))
         limits.output_size = *number * megabyte;
     return limits;
+}
+
+std::uint64_t s2s_file_size_for(std::uint64_t free)
+{
+    return free >= 2 * reserve ? free - reserve : 0;
 }
 
 std::uint64_t s2s_allowed_memory(s2sLimits const & limits, int hosts)

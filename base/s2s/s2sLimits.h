@@ -23,6 +23,10 @@ struct s2sLimits {
 /// A field that is absent, or no whole number from 0 on, has its default.
 s2sLimits s2s_limits(sduStartupInfo const & settings);
 
+/// Bytes that one file may have on a disk with so many free ones; 0 for no limit, where the disk is so full
+/// that it sets one itself.
+std::uint64_t s2s_file_size_for(std::uint64_t free);
+
 /// Bytes that a host may occupy which shares the memory that is free with others, `hosts` with itself; 0 for
 /// no limit.
 std::uint64_t s2s_allowed_memory(s2sLimits const & limits, int hosts);

@@ -89,7 +89,8 @@ std::uint64_t s2s_memory_share(s2sMemory const & memory, int hosts)
     if (memory.available == 0)
         return 0;
     // A host has a second process, which reads the output back and may take half as much as the host. Both
-    // together must not take the last of it, or the system begins to end programs, and not always the right one.
+    // together must not take the last of it, or the system begins to end programs, and not always the right
+    // one.
     auto const usable = memory.available / 3 * 2;
     return std::max(usable / static_cast<std::uint64_t>(std::max(1, hosts)), least_share);
 }

@@ -42,6 +42,19 @@ s2sMessage output_not_a_file(path const & output)
         output.native());
 }
 
+s2sMessage output_link_of_another(path const & output)
+{
+    return message(
+        "engine::The output %s is a link that another user has made, and it is not followed. Choose another "
+        "name or folder for the output.\n",
+        output.native());
+}
+
+s2sMessage output_without_name()
+{
+    return message("engine::There is no name for the output file. Give one.\n");
+}
+
 s2sMessage output_protected(path const & output)
 {
     return message(
@@ -114,6 +127,21 @@ s2sMessage input_not_a_file(path const & input)
     return message("engine::The input %s is a folder. Choose a file.\n", input.native());
 }
 
+s2sMessage input_not_ordinary(path const & input)
+{
+    return message("engine::The input %s is no ordinary file but a pipe, a device or the like. Write what it "
+                   "gives to a file and translate that.\n",
+                   input.native());
+}
+
+s2sMessage modules_changeable(path const & folder, path const & changeable)
+{
+    return message(
+        "engine::The translator modules in %s are left out, because other users may change %s. Take "
+        "their right to write there away and start again.\n",
+        folder.native(), changeable.native());
+}
+
 s2sMessage module_missing(path const & module)
 {
     return message("engine::The translator module %s is missing. Repair the installation.\n",
@@ -163,12 +191,15 @@ s2sMessage host_died(std::string const & how, bool writing, path const & file)
 s2sMessage host_killed(std::string const & how, bool writing, path const & file)
 {
     auto const key =
-        writing ? "engine::The translator was killed (%s) while writing %s, most likely because the machine "
-                  "had no "
-                  "memory left. Close other programs, translate less at once, or lower the setting %s.\n"
-                : "engine::The translator was killed (%s) while reading %s, most likely because the machine "
-                  "had no "
-                  "memory left. Close other programs, translate less at once, or lower the setting %s.\n";
+        writing
+            ? "engine::The translator was killed (%s) while writing %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n"
+            : "engine::The translator was killed (%s) while reading %s, most likely because the machine had "
+              "no "
+              "memory left or the time allowed (ulimit -t) was used up. Close other programs, translate less "
+              "at once, or lower the setting %s.\n";
     return message(key, how, file.native(), std::string(sduTRANSLATIONMEMORY));
 }
 

@@ -27,6 +27,8 @@ s2sMessage output_is_input(std::filesystem::path const & output);
 s2sMessage output_would_replace_input(std::filesystem::path const & output,
                                       std::filesystem::path const & input);
 s2sMessage output_not_a_file(std::filesystem::path const & output);
+s2sMessage output_link_of_another(std::filesystem::path const & output);
+s2sMessage output_without_name();
 s2sMessage output_protected(std::filesystem::path const & output);
 s2sMessage output_not_in_place(std::filesystem::path const & output, std::string const & reason);
 s2sMessage output_not_written(std::filesystem::path const & output);
@@ -38,6 +40,8 @@ s2sMessage name_too_long(std::filesystem::path const & file);
 s2sMessage no_input(std::filesystem::path const & output);
 s2sMessage input_missing(std::filesystem::path const & input, std::string const & reason);
 s2sMessage input_not_a_file(std::filesystem::path const & input);
+s2sMessage input_not_ordinary(std::filesystem::path const & input);
+s2sMessage modules_changeable(std::filesystem::path const & folder, std::filesystem::path const & changeable);
 s2sMessage module_missing(std::filesystem::path const & module);
 s2sMessage manifest_unreadable(std::filesystem::path const & manifest);
 s2sMessage module_of_other_version(std::filesystem::path const & module);

@@ -3,10 +3,9 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
-#include <cstdlib>
+#include <random>
 #include <system_error>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -32,19 +31,34 @@ std::string name_start()
     return ".vmr-" + place_of_process() + '-';
 }
 
-bool belongs_to_dead_process(fs::path const & folder, std::string const & start)
+bool names_dead_process(std::string const & name, std::string const & start)
 {
-    auto const name = folder.filename().native();
     if (name.compare(0, start.size(), start) != 0)
         return false;
     pid_t pid = 0;
     auto const [end, error] = std::from_chars(name.data() + start.size(), name.data() + name.size(), pid);
     if (error != std::errc() || end == name.data() + name.size() || *end != '-' || pid <= 0)
         return false;
-    struct stat found;
-    if (lstat(folder.c_str(), &found) != 0 || !S_ISDIR(found.st_mode) || found.st_uid != geteuid())
-        return false;
     return kill(pid, 0) != 0 && errno == ESRCH;
+}
+
+// A process may have been killed before it could write the mark. With an empty folder nothing is lost.
+void remove_without_mark(apFolder const & parent, std::string const & name)
+{
+    auto const found = parent.status(name);
+    if (found && S_ISDIR(found->st_mode) && found->st_uid == geteuid() && (found->st_mode & 0777) == 0700)
+        parent.remove_folder(name);
+}
+
+std::string random_letters()
+{
+    constexpr char letters[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    std::random_device random;
+    std::uniform_int_distribution<std::size_t> one(0, sizeof letters - 2);
+    std::string text(8, ' ');
+    for (auto & letter : text)
+        letter = letters[one(random)];
+    return text;
 }
 
 s2sMessage reason_for(int error, fs::path const & parent, fs::path const & output)
@@ -69,28 +83,39 @@ s2sMessage reason_for(int error, fs::path const & parent, fs::path const & outpu
 void s2s_remove_left_behind(fs::path const & folder)
 {
     auto const start = name_start();
-    std::error_code error;
-    for (auto entry = fs::directory_iterator(folder, error); !error && entry != fs::directory_iterator();
-         entry.increment(error)) {
-        std::error_code ignored;
-        if (belongs_to_dead_process(entry->path(), start))
-            fs::remove_all(entry->path(), ignored);
+    auto const parent = apFolder::open(folder);
+    for (auto const & name : parent.names()) {
+        if (!names_dead_process(name, start))
+            continue;
+        auto const left = apMarkedFolder::open(parent.open_folder("."), name);
+        if (!left.is_open())
+            remove_without_mark(parent, name);
+        else if (left.lock())
+            left.remove();
     }
 }
 
 s2sStagingFolder::~s2sStagingFolder()
 {
-    std::error_code error;
-    if (!m_path.empty())
-        fs::remove_all(m_path, error);
+    if (m_folder.is_open())
+        m_folder.remove();
 }
 
 s2sFailure s2sStagingFolder::create(fs::path const & output)
 {
-    auto const parent = output.parent_path();
-    auto name = (parent / (name_start() + std::to_string(getpid()) + "-XXXXXX")).native();
-    if (!mkdtemp(name.data()))
-        return reason_for(errno, parent, output);
-    m_path = name;
+    auto const place = output.parent_path();
+    auto const parent = apFolder::open(place);
+    if (!parent.is_open())
+        return reason_for(errno, place, output);
+    constexpr int attempts = 100;
+    std::string name;
+    for (int i = 0; i < attempts && !m_folder.is_open() && (i == 0 || errno == EEXIST); ++i) {
+        name = name_start() + std::to_string(getpid()) + '-' + random_letters();
+        m_folder = apMarkedFolder::make(parent.open_folder("."), name);
+    }
+    // The folder is there; on some file systems of the kernel's own nobody can make anything.
+    if (!m_folder.is_open())
+        return reason_for(errno == ENOENT ? EACCES : errno, place, output);
+    m_path = place / name;
     return std::nullopt;
 }

@@ -40,7 +40,7 @@ std::optional<s2sRefusal> s2s_check_translation(s2sTranslationElements const & e
         if (auto const failure = check_translator(loader, input))
             return s2sRefusal{s2sThreadReadError, *failure, input.file()};
     }
-    if (auto const failure = s2s_check_output(place.real))
+    if (auto const failure = s2s_check_output(output.file().str()))
         return s2sRefusal{s2sThreadWriteError, *failure, first};
     if (auto const failure = check_translator(loader, output))
         return s2sRefusal{s2sThreadWriteError, *failure, first};

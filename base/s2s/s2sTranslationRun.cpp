@@ -125,8 +125,8 @@ s2sHostEnd s2sTranslationRun::translate(s2sHostAtWork & host)
     m_verification = conversation.take_verification();
     if (end.status != s2sThreadCompleted || end.processed == 0)
         return end;
-    auto const files = s2s_places_of(host.folder(), host.place());
-    if (auto const failure = s2s_put_in_place(host.folder(), host.place(), m_inputs)) {
+    auto const files = s2s_places_of(host.staging(), host.place());
+    if (auto const failure = s2s_put_in_place(host.staging(), host.place(), m_inputs)) {
         m_parts.say_error(*failure);
         end.status = s2sThreadWriteError;
     } else {

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <unistd.h>
 
+#include "ap/apChangeable.h"
+#include "ap/apHome.h"
 #include "ap/apPathSeparator.h"
 
 namespace {
@@ -33,7 +35,8 @@ bool can_be_written(std::filesystem::path directory)
     std::error_code error;
     while (!std::filesystem::exists(directory, error)) {
         // A dangling link can be neither entered nor made.
-        if (error || std::filesystem::is_symlink(directory, error) || directory == directory.parent_path())
+        if (error || std::filesystem::is_symlink(directory, error) || directory == directory.parent_path() ||
+            ap_is_home(directory))
             return false;
         directory = directory.parent_path();
     }
@@ -71,6 +74,18 @@ apPathName sdbAppDirMap::absolute(apPathName const & path) const
     return apPathName::from_utf8(text);
 }
 
+sdbSearchPath sdbAppDirMap::translator_path(apPathName const & installed, apPathName const & own)
+{
+    auto const changeable = ap_changeable_by_others(own.utf8());
+    if (changeable.empty())
+        return sdbSearchPath({installed, own});
+    // Where there is nothing to leave out there is nothing to tell.
+    std::error_code error;
+    if (std::filesystem::directory_iterator(own.utf8(), error) != std::filesystem::directory_iterator())
+        m_changeable_translators = changeable;
+    return sdbSearchPath({installed});
+}
+
 int sdbAppDirMap::initialise(utString const & volume, utString const & program_dir,
                              apPathName const & product, vmrabsAppInfo const *, apPathName const & user_base,
                              apPathName const & temp_dir)
@@ -79,6 +94,7 @@ int sdbAppDirMap::initialise(utString const & volume, utString const & program_d
     m_prefix = {};
     m_user = {};
     m_temp_dir = temp_dir;
+    m_changeable_translators.clear();
     if (program_dir.empty() || product.empty())
         return 2;
 
@@ -96,7 +112,7 @@ int sdbAppDirMap::initialise(utString const & volume, utString const & program_d
         }
         auto const own = m_user.adjoin(apPathName::from_utf8(place.user));
         bool const translators = place.kind == sdbHRKDirectory::translators;
-        kind.search = translators ? sdbSearchPath({installed, own}) : sdbSearchPath({own, installed});
+        kind.search = translators ? translator_path(installed, own) : sdbSearchPath({own, installed});
         kind.schema = sdbSchemaDir(own, installation);
         // Only the user puts modules in place, and may do so in a directory that the program cannot write.
         if (!translators)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <string>
 
 #include "ap/apIProcessEnvironmentOperations.h"
 #include "sdb/sdbHRKDirectory.h"
@@ -26,7 +27,8 @@ class vmrabsAppInfo;
 ///
 /// The user's directory comes first in a search, so that what a user has saved wins over what was installed.
 /// The exception is the search path of the translators: there the installation comes first, and a module of
-/// the user adds formats but replaces none.
+/// the user adds formats but replaces none. Where other users may change the user's directory of translators,
+/// or a file in it, it is left out of that path: whoever can write there could have any program run.
 class sdbAppDirMap {
 public:
     explicit sdbAppDirMap(utObserverPtr<apIProcessEnvironmentOperations const> environment);
@@ -44,8 +46,11 @@ public:
                            apPathName const & temp_dir);
     virtual ~sdbAppDirMap() = default;
 
-    apPathName const & prefix() const { return m_prefix; }     ///< the installation
-    apPathName const & user() const { return m_user; }         ///< the user's; empty when there is none
+    apPathName const & prefix() const { return m_prefix; } ///< the installation
+    apPathName const & user() const { return m_user; }     ///< the user's; empty when there is none
+    /// What other users may change of the user's translators, which are left out then; empty when nothing, or
+    /// when the user has none.
+    std::string const & changeable_translators() const { return m_changeable_translators; }
     apPathName const & temp_dir() const { return m_temp_dir; } ///< for files that need not last
 
 private:
@@ -53,11 +58,13 @@ private:
         sdbSearchPath search;
         sdbSchemaDir schema;
     };
+    sdbSearchPath translator_path(apPathName const & installed, apPathName const & own);
     apPathName absolute(apPathName const & path) const;
 
     utObserverPtr<apIProcessEnvironmentOperations const> m_environment;
     apPathName m_prefix;
     apPathName m_user;
     apPathName m_temp_dir;
+    std::string m_changeable_translators;
     std::map<sdbHRKDirectory, Kind> m_kinds;
 };

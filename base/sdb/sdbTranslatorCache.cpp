@@ -1,5 +1,6 @@
 #include "sdb/sdbTranslatorCache.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <optional>
@@ -8,6 +9,7 @@
 #include <boost/crc.hpp>
 #include <nlohmann/json.hpp>
 
+#include "ap/apPathName.h"
 #include "ap/apPosixOperations.h"
 #include "sdb/sdbManifestReader.h"
 
@@ -87,6 +89,13 @@ bool read_directories(json const & value, std::vector<std::string> const & direc
     return true;
 }
 
+// A cache that somebody else has written must not name modules that a scan would not find.
+bool lies_in_one(std::string const & path, std::vector<std::string> const & directories)
+{
+    auto const directory = apPathName::from_utf8(path).directory().utf8();
+    return std::find(directories.begin(), directories.end(), directory) != directories.end();
+}
+
 bool read_contents(json & value, std::vector<std::string> const & directories,
                    sdbCatalogueContents & contents)
 {
@@ -94,7 +103,8 @@ bool read_contents(json & value, std::vector<std::string> const & directories,
         return false;
     for (auto & element : value.at("modules")) {
         auto module = std::make_shared<sdbTranslatorModule>();
-        if (!read_files(element, *module))
+        if (!read_files(element, *module) || !lies_in_one(module->manifest_path, directories) ||
+            !lies_in_one(module->module_path, directories))
             return false;
         module->manifest = std::make_shared<json const>(std::move(element.at("manifest")));
         sdbManifestReader reader(module->manifest_path);

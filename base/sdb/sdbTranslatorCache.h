@@ -13,8 +13,8 @@
 class sdbTranslatorCache {
 public:
     /// What the file at `path` holds, or null when it is absent, damaged, of another version or out of date:
-    /// when the directories searched are not `directories` or any stamp differs from what lies on the disk
-    /// now.
+    /// when the directories searched are not `directories`, a module lies elsewhere, or any stamp differs
+    /// from what lies on the disk now.
     static std::shared_ptr<sdbCatalogueContents const> read(std::string const & path,
                                                             std::vector<std::string> const & directories);
 

@@ -239,6 +239,7 @@ bool sglApp::OnInit()
     utString const cache =
         m_directories.schema_dir(sdbHRKDirectory::translator_cache).find_file("translators.lst");
     utString const preferred = m_startup_info.find_field("preferred_output_format");
+    tell_of_changeable_translators();
     build_translator_dlls(cache, m_directories.search_path(sdbHRKDirectory::translators), preferred);
     return true;
 }

@@ -6,6 +6,7 @@
 #include "sglNlsHelp.h"
 
 #include "ap/apStringCompareInsensitive.h"
+#include "s2s/s2sMessage.h"
 #include "sdb/sdbFindFileByExtension.h"
 #include "sdb/sdbSchemaDir.h"
 #include "sdb/sdbTranslatorCacheWriter.h"
@@ -33,6 +34,17 @@ void sglApp::build_translator_dlls(utString const & cache_file, sdbSearchPath co
     m_translators_were_scanned = factory.scanned();
     if (!status.ok())
         display_dll_load_error(status);
+}
+
+void sglApp::tell_of_changeable_translators() const
+{
+    auto const & changeable = m_directories.changeable_translators();
+    if (changeable.empty())
+        return;
+    auto const folder = m_directories.schema_dir(sdbHRKDirectory::translators).user_dir();
+    auto const message = s2sMessages::modules_changeable(folder.str(), changeable);
+    sgl_show_error_text(getNlsHelp()->gsprintf(s2s_message_domain().c_str(), message.key.c_str(), folder,
+                                               utString(changeable)));
 }
 
 void sglApp::display_dll_load_error(sdbTranslatorLoadStatus status) const

@@ -5,6 +5,9 @@
 #include "sglReleaseStatus.h"
 #include "sglResourceUtils.h"
 
+#include "commandline/sglLogCheck.h"
+#include "commandline/sglResourceWord.h"
+#include "s2s/s2sFiles.h"
 #include "sdu/sduFileFunctions.h"
 
 #include <iostream>
@@ -12,17 +15,6 @@
 namespace {
 
 constexpr int open_for_output = 2;
-
-/// The last three bytes of a word of more than four; such a word that gives "rsc" names a resource file.
-utString tail_of(utString const & word)
-{
-    return word.length() > 4 ? word.substring(word.length() - 3, 3) : utString();
-}
-
-bool begins_with(utString const & word, std::string_view start)
-{
-    return word.view().starts_with(start);
-}
 
 /// Also no, when a user without rights on the installation asks for it.
 bool make_default_resources(utString & file)
@@ -46,7 +38,7 @@ sglParseCommandLine::sglParseCommandLine(vmrabsAppInfo const & info, char const 
 
 sglParseCommandLine::~sglParseCommandLine()
 {
-    m_log.reset();
+    close_log();
     m_connector.reset();
     m_displayer.reset();
     m_translation.reset();
@@ -86,21 +78,35 @@ int sglParseCommandLine::get_string(utString & word, int check_translate)
     return 1;
 }
 
-void sglParseCommandLine::look_for_log()
+int sglParseCommandLine::look_for_log()
 {
     utString line = m_command_line;
-    utString before_last, last, word;
+    utString word;
+    std::vector<utString> words;
     while (line.extract_string(" ", word)) {
         finish_quoted_word(line, word, "cl::Logfile name incorrectly specified\n\n");
-        before_last = last;
-        last = word;
+        words.push_back(word);
     }
-    if (before_last.case_compare("-log") == 0 && !last.empty() && !open_log_file(last))
-        say("cl::Cannot open log file %s\n", last);
+    int accepted = 1;
+    if (words.size() > 1 && words.end()[-2].case_compare("-log") == 0 && !words.back().empty()) {
+        utString const log = words.back();
+        words.resize(words.size() - 2);
+        utString const file = sgl_file_that_is_log(words, log);
+        if (!file.invalid()) {
+            accepted = 0;
+            say("cl::The log file %s is also named as another file of this command line (%s). Choose another "
+                "name "
+                "for the log.\n",
+                log, file);
+        } else if (!open_log_file(log)) {
+            say("cl::Cannot open log file %s\n", log);
+        }
+    }
 
     say("%s\n\n", sglApp::app().copyright_message());
     say("%s\n\n", sglReleaseStatus::release_string());
     say("cl::The command line was %s\n\n", m_command_line);
+    return accepted;
 }
 
 int sglParseCommandLine::open_log_file(utString const & file)
@@ -108,8 +114,27 @@ int sglParseCommandLine::open_log_file(utString const & file)
     m_log = std::make_unique<ubOFStream>(file, open_for_output);
     if (!m_log->is_open())
         return 0;
+    m_log_name = file;
     m_stream->add_ostream(m_log.get());
     return 1;
+}
+
+void sglParseCommandLine::close_log()
+{
+    if (m_log && m_log->is_open()) {
+        m_log->close();
+        // Not through the stream, of which the log is a part.
+        if (m_log->fail())
+            std::cerr << getNlsHelp()
+                             ->gsprintf(
+                                 "vmrgrlib",
+                                 "cl::The log file %s is not complete, because it could not be written. "
+                                 "Check the free space and the permissions there.\n",
+                                 m_log_name)
+                             .view()
+                      << std::flush;
+    }
+    m_log.reset();
 }
 
 int sglParseCommandLine::file_exists(utString const & file) const
@@ -119,7 +144,8 @@ int sglParseCommandLine::file_exists(utString const & file) const
 
 int sglParseCommandLine::parse()
 {
-    look_for_log();
+    if (!look_for_log())
+        return 0;
     utString word;
     return parse_first_words(word) && parse_input_side(word) && parse_output_side();
 }
@@ -149,6 +175,10 @@ int sglParseCommandLine::parse_input_side(utString const & file)
 {
     if (sdu_check_file_exists(file) != sduFileExists) {
         say("cl::The input file %s does not exist\n\n", file);
+        return 0;
+    }
+    if (auto const failure = s2s_check_kind_of_input(file.str())) {
+        m_connector->write(s2s_message_domain().c_str(), failure->key.c_str(), failure->arguments);
         return 0;
     }
     auto const * const translator = sglApp::app().input_dlls().translator_for_file(file);
@@ -209,10 +239,11 @@ utString sglParseCommandLine::resource_file_path(utString const & name) const
 int sglParseCommandLine::find_input_resource(utString & next, sdbTranslatorInfo const & translator)
 {
     utString name;
-    if (begins_with(next, "-r")) {
+    // Also "-res_opt", which has no place here.
+    if (next.view().starts_with("-r")) {
         if (!get_string(name, 0))
             return 0;
-    } else if (tail_of(next) == "rsc") {
+    } else if (sgl_is_resource_name(next)) {
         name = next;
     } else {
         put_back(next);
@@ -312,9 +343,9 @@ int sglParseCommandLine::find_output_resource(utString const & file, sdbTranslat
     utString next, name;
     if (!m_command_line.extract_string(" ", next)) {
         name = default_resource_file(translator);
-    } else if (tail_of(next) == "rsc") {
+    } else if (sgl_is_resource_name(next)) {
         name = next;
-    } else if (begins_with(next, "-r") && !begins_with(next, "-res_opt")) {
+    } else if (sgl_announces_resource(next)) {
         if (!get_string(name, 1))
             return 0;
     } else {

@@ -7,7 +7,6 @@
 #include "s2s/s2sTranslate.h"
 #include "s2s/s2sWrapper.h"
 #include "sdb/sdbException.h"
-#include "sdu/sduFileFunctions.h"
 
 namespace {
 
@@ -108,18 +107,16 @@ sglTranslationResult sglTranslation::translate()
     m_dialog->fileLabel(m_input_files[0]);
     m_timer.Start(tick_milliseconds);
     start_translation();
-    clean_up_outputs();
+    log_completed_translations();
     return sglTranslationResult::started;
 }
 
-void sglTranslation::clean_up_outputs() const
+void sglTranslation::log_completed_translations() const
 {
     for (int i = 0; i < m_channel.num_translations(); ++i) {
         auto const details = m_channel.translation_details(i);
         if (details.status() == s2sThreadCompleted && details.num_processed() != 0)
             log_translation_details(details);
-        else
-            sdu_remove_file(output_file(i));
     }
 }
 

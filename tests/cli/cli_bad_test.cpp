@@ -29,6 +29,10 @@ cliCase const cases[] = {
     {"RandomBytesNamedBrep", {"random.brep", "-t", "STEP", "-o", "out/a.step"}, 0, {"Unable to read input file", "/random.brep "}, {}},
     {"RandomBytesNamedIges", {"random.igs", "-t", "STEP", "-o", "out/a.step"}, 0, {"Unable to read input file", "/random.igs "}, {}},
     {"NoOutputFolder", {"part.step", "-t", "IGES", "-o", "out/none/a.igs"}, 0, {"Fatal error writing to output file", "out/none", "Not verified: a.igs was not written\n"}, {}},
+    {"OutputWithoutAName", {"part.step", "-t", "IGES", "-o", ""}, 0, {"There is no name for the output file."}, {}},
+    {"OutputAmongTheFilesOfTheKernel", {"part.step", "-t", "IGES", "-o", "/proc/a.igs"}, 0, {"The output folder /proc cannot be written to."}, {}},
+    {"LogIsTheInput", {"part.step", "-t", "IGES", "-o", "out/a.igs", "-log", "out/../part.step"}, 2, {"The log file out/../part.step is also named as another file"}, {}},
+    {"LogIsTheOutput", {"part.step", "-t", "IGES", "-o", "out/a.igs", "-log", "out/a.igs"}, 2, {"The log file out/a.igs is also named as another file"}, {}},
     {"NoVerdictWanted", {"truncated.step", "-t", "IGES", "-o", "out/a.igs", "-res_opt", "vmrOptVerify:none"}, 0, {"truncated.step is cut off"}, {}, {"erified", "was not written"}},
     {"OutputIsTheInput", {"part.step", "-t", "STEP", "-o", "part.step"}, 0, {"is also an input file"}, {}},
     {"OutputIsTheInputByAnotherPath", {"part.step", "-t", "STEP", "-o", "out/../part.step"}, 0, {"is also an input file"}, {}},
@@ -95,7 +99,7 @@ TEST_F(BadPlace, AFolderThatMayNotBeWrittenIsNamed)
     EXPECT_TRUE(files_in("out").empty());
 }
 
-TEST_F(BadPlace, AFullDiskKeepsTheOldOutputFromBeingHalfReplaced)
+TEST_F(BadPlace, AFullDiskLeavesTheOlderOutputAndNothingElse)
 {
     if (getuid() != 0 || mount("vmr-test", (folder / "out").c_str(), "tmpfs", 0, "size=16k") != 0)
         GTEST_SKIP() << "a small disk can only be made by root";
@@ -103,12 +107,15 @@ TEST_F(BadPlace, AFullDiskKeepsTheOldOutputFromBeingHalfReplaced)
     for (int i = 0; i < 40; ++i)
         big += cli_cube_stl();
     folder.write("big.stl", big);
+    folder.write("out/a.stl", "the user's old output");
     auto const result = run({"big.stl", "-t", "STL", "-o", "out/a.stl", "-res_opt", "stlWriteForm:text"});
     auto const left = files_in("out");
+    auto const older = folder.read("out/a.stl");
     umount((folder / "out").c_str());
     EXPECT_NE(result.output.find("Fatal error writing to output file"), std::string::npos) << result.output;
     EXPECT_NE(result.output.find("No space left on device"), std::string::npos) << result.output;
-    EXPECT_TRUE(left.empty());
+    EXPECT_EQ(left, std::set<std::string>{"a.stl"});
+    EXPECT_EQ(older, "the user's old output");
 }
 
 TEST_F(BadPlace, APathOfFourThousandBytesWorksOrIsRefusedInWords)

@@ -136,14 +136,18 @@ TEST_F(Program, WorksForAUserWithoutAHome)
     kitProgram program;
     program.arguments = {VMR_PROGRAM, "cube.stl", "-t", "BREP", "-o", "out/part.brep"};
     program.folder = folder.path().string();
-    program.environment = {{"HOME", "/nonexistent"}, {"PATH", "/usr/bin:/bin"}};
-    program.as_nobody = true;
-    auto const result = program.run();
-    EXPECT_EQ(result.exit_status, 0) << result.output;
-    EXPECT_EQ(result.errors, "Crosswalk: Could not find a writable location for user configuration file.\n");
-    EXPECT_EQ(files_in("out"), std::set<std::string>{"part.brep"});
-    EXPECT_FALSE(std::filesystem::exists("/nonexistent"));
-    EXPECT_TRUE(files_in("home").empty());
+    program.environment = {{"HOME", folder / "no/home"}, {"PATH", "/usr/bin:/bin"}};
+    // Root too, which could make one anywhere.
+    for (bool const as_nobody : {true, false}) {
+        program.as_nobody = as_nobody;
+        auto const result = program.run();
+        EXPECT_EQ(result.exit_status, 0) << result.output;
+        EXPECT_EQ(result.errors,
+                  "Crosswalk: Could not find a writable location for user configuration file.\n");
+        EXPECT_EQ(files_in("out"), std::set<std::string>{"part.brep"});
+        EXPECT_FALSE(folder.exists("no"));
+        EXPECT_TRUE(files_in("home").empty());
+    }
 }
 
 class ProgramInALanguage : public cliTest {

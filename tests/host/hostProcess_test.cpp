@@ -1,5 +1,6 @@
 #include "HostRun.h"
 
+#include "ap/apMarkedFolder.h"
 #include "kit/kitTempFolder.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 using nlohmann::json;
@@ -31,6 +33,22 @@ protected:
     {
         host.send(job.line());
         ASSERT_TRUE(host.next("event", "message"));
+    }
+
+    // A folder as the engine makes it.
+    apMarkedFolder make_staging(std::string const & name) const
+    {
+        return apMarkedFolder::make(apFolder::open(folder.path()), name);
+    }
+
+    // The job, with its output in the folder.
+    HostJob job_in(std::string const & staging, std::string const & format)
+    {
+        auto made = job(format);
+        made.output(staging + "/out.odd", ODD_MODULE, "Box");
+        made.value()["staging"] = staging;
+        made.value()["output"]["final"] = out;
+        return made;
     }
 
     kitTempFolder const folder;
@@ -101,10 +119,9 @@ TEST_F(HostProcess, PassesOverCommandsThatItDoesNotKnow)
 TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 {
     auto const staging = folder / "staging";
+    make_staging("staging");
     folder.write("staging/deep/half-written", "x");
-    auto waiting = job("Stubborn");
-    waiting.value()["staging"] = staging;
-    begin(waiting);
+    begin(job_in(staging, "Stubborn"));
     host.close();
     EXPECT_TRUE(host.exits_with(0));
     EXPECT_FALSE(std::filesystem::exists(staging));
@@ -112,9 +129,10 @@ TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 
 TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 {
-    folder.write("one/file", "x");
-    folder.write("two/deep/file", "x");
-    folder.write("three/file", "x");
+    for (auto const name : {"one", "two", "three"}) {
+        make_staging(name);
+        folder.write(std::string(name) + "/deep/file", "x");
+    }
     HostRun early({folder / "one", folder / "two"});
     early.close();
     early.wait();
@@ -125,9 +143,10 @@ TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 
 TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
 {
-    folder.write("one/file", "x");
-    folder.write("two/file", "x");
-    folder.write("three/file", "x");
+    for (auto const name : {"one", "two", "three"}) {
+        make_staging(name);
+        folder.write(std::string(name) + "/file", "x");
+    }
     begin(job("Stubborn"));
     host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n");
     host.send(R"({"command": "guard", "folder": ")" + folder / "two" + "\"}\n{\"command\": \"guard\"}\n");
@@ -138,8 +157,73 @@ TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
     EXPECT_TRUE(std::filesystem::exists(folder / "three"));
 }
 
+TEST_F(HostProcess, RemovesNoFolderThatNoEngineHasMade)
+{
+    folder.write("results/part.odd", "mine");
+    make_staging("of another name");
+    std::filesystem::rename(folder / "of another name", folder / "renamed");
+    begin(job("Stubborn"));
+    host.send(R"({"command": "guard", "folder": ")" + folder / "results" + "\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / "renamed" + "\"}\n");
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(folder.exists("renamed"));
+
+    HostRun early({folder / "results", folder / "renamed"});
+    early.close();
+    early.wait();
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(folder.exists("renamed"));
+}
+
+TEST_F(HostProcess, RemovesWhatItWasGivenAndNotWhatTookItsPlace)
+{
+    make_staging("staging");
+    folder.write("results/part.odd", "mine");
+    begin(job_in(folder / "staging", "Stubborn"));
+    std::filesystem::rename(folder / "staging", folder / "away");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    host.close();
+    EXPECT_TRUE(host.exits_with(0));
+    EXPECT_EQ(folder.read("results/part.odd"), "mine");
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "away"));
+}
+
+TEST_F(HostProcess, WritesIntoItsFolderWhateverTakesTheFoldersPlace)
+{
+    make_staging("staging");
+    folder.write("results/out.odd", "mine");
+    ASSERT_EQ(::mkfifo((folder / "in.odd").c_str(), 0600), 0);
+    auto released = job_in(folder / "staging", "Released");
+    released.value()["inputs"][0]["file"] = folder / "in.odd";
+    begin(released);
+    std::filesystem::rename(folder / "staging", folder / "away");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    std::ofstream(folder / "in.odd").close();
+    EXPECT_EQ(host.rest().back()["status"], "completed");
+    EXPECT_EQ(folder.read("results/out.odd"), "mine");
+    EXPECT_EQ(folder.read("away/out.odd"), "Point");
+}
+
+TEST_F(HostProcess, WritesNothingWhereSomethingElseHasTakenThePlaceOfItsFolder)
+{
+    folder.write("results/out.odd", "mine");
+    std::filesystem::create_directory_symlink("results", folder / "staging");
+    for (auto const name : {"staging", "results"}) {
+        HostRun fresh;
+        fresh.send(job_in(folder / name, "Box").line());
+        auto const events = fresh.rest();
+        ASSERT_GE(events.size(), 2U);
+        EXPECT_EQ(events.back()["status"], "write_error");
+        EXPECT_EQ(events[0]["args"], json({out, folder / name}));
+        EXPECT_EQ(folder.read("results/out.odd"), "mine");
+    }
+}
+
 TEST_F(HostProcess, LeavesTheFoldersThatItGuardsAloneWhenItsTranslationEnds)
 {
+    make_staging("one");
     folder.write("one/file", "x");
     begin(job("Waits"));
     host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n{\"command\": \"cancel\"}\n");

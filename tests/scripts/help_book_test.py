@@ -205,7 +205,7 @@ class Maker(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name)
-        for name in ("docs/help", "data/locale", "translators", "host", "source"):
+        for name in ("docs/help", "data/locale", "base", "host", "include", "program", "source", "translators"):
             shutil.copytree(ROOT / name, self.root / name)
         for name in ("data/resource_layout.txt", "data/export_overrides.txt"):
             shutil.copy(ROOT / name, self.root / name)

@@ -18,6 +18,15 @@ inline bool sdk_usable(double number)
     return std::abs(number) <= sdk_largest_number;
 }
 
+// Coordinates and lengths in millimetres: a double that is larger does not tell one millimetre from the next.
+inline constexpr double sdk_farthest = 1e15;
+
+// False for NaN, for infinities and for what lies farther away.
+inline bool sdk_in_reach(double coordinate)
+{
+    return std::abs(coordinate) <= sdk_farthest;
+}
+
 // Faces, curves and points at all places at which assemblies and compounds use them, and the places
 // themselves. A few kilobytes of nested assemblies can stand for any number of them. What a file has once
 // does not count: it has the size of the file.

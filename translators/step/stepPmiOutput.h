@@ -3,7 +3,6 @@
 #include "step/stepPmiSource.h"
 #include "step/stepPmiTargets.h"
 
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <set>

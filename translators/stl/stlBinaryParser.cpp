@@ -1,13 +1,13 @@
 #include "stl/stlBinaryParser.h"
 
 #include "sdk/sdkFiles.h"
+#include "sdk/sdkLimits.h"
 
 #include <Message_ProgressScope.hxx>
 
 #include <algorithm>
 #include <bit>
 #include <climits>
-#include <cmath>
 #include <cstring>
 
 static_assert(std::endian::native == std::endian::little);
@@ -17,9 +17,9 @@ namespace {
 constexpr std::size_t record_size = 50;
 constexpr std::uint32_t stride = 65536; // triangles between two looks at the user's wish to cancel
 
-bool finite(gp_XYZ const & point)
+bool in_reach(gp_XYZ const & point)
 {
-    return std::isfinite(point.X()) && std::isfinite(point.Y()) && std::isfinite(point.Z());
+    return sdk_in_reach(point.X()) && sdk_in_reach(point.Y()) && sdk_in_reach(point.Z());
 }
 
 } // namespace
@@ -67,11 +67,11 @@ sdkResult stl_parse_binary(std::string_view content, stlInput & input, Message_P
         for (std::size_t corner = 0; corner < 3; ++corner) {
             auto const * value = values.data() + 3 * (corner + 1);
             corners[corner] = gp_XYZ(value[0], value[1], value[2]) * input.unit;
-            if (!finite(corners[corner])) {
-                return sdkResult::read_error(sdkText("stl::%s: triangle %d at byte %d has a coordinate that "
-                                                     "is no finite number; repair the file "
-                                                     "or export it again",
-                                                     input.file, at + 1, position));
+            if (!in_reach(corners[corner])) {
+                return sdkResult::read_error(
+                    sdkText("stl::%s: triangle %d at byte %d has a coordinate that is no finite number "
+                            "or lies farther away than %g mm; repair the file or export it again",
+                            input.file, at + 1, position, sdk_farthest));
             }
         }
         mesh.add(corners, gp_XYZ(values[0], values[1], values[2]));

@@ -1,11 +1,11 @@
 #include "stl/stlTextParser.h"
 
 #include "sdk/sdkFiles.h"
+#include "sdk/sdkLimits.h"
 #include "stl/stlName.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -87,12 +87,12 @@ bool stlTextParser::facet(stlMesh & mesh)
         if (!expect("vertex") || !point(corner)) {
             return false;
         }
-        if (!std::isfinite(corner.X()) || !std::isfinite(corner.Y()) || !std::isfinite(corner.Z())) {
-            return fail(sdkText(
-                "stl::%s, line %d: a coordinate is no finite number; repair the file or export it again",
-                m_input.file, line_of(m_word)));
-        }
         corner *= m_input.unit;
+        if (!sdk_in_reach(corner.X()) || !sdk_in_reach(corner.Y()) || !sdk_in_reach(corner.Z())) {
+            return fail(sdkText("stl::%s, line %d: a coordinate is no finite number or lies farther away "
+                                "than %g mm; repair the file or export it again",
+                                m_input.file, line_of(m_word), sdk_farthest));
+        }
     }
     auto const word = next_word();
     if (same_word(word, "vertex")) {

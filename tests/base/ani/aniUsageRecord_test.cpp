@@ -173,12 +173,15 @@ TEST_F(UsageRecord, CannotBeMadeInAFolderThatIsReadOnly)
 
 TEST_F(UsageRecord, CannotBeMadeInAHomeThatDoesNotExist)
 {
-    EXPECT_TRUE(as_ordinary_user([] {
-        aniUsageRecord const homeless(L"/nonexistent/.config/usage");
+    auto const home = folder / "gone";
+    give_to_ordinary_user(folder.path().string());
+    EXPECT_TRUE(as_ordinary_user([&] {
+        setenv("HOME", home.c_str(), 1);
+        aniUsageRecord const homeless(apString::from_utf8(home + "/.config/usage"));
         return !homeless.choose(true) && homeless.choice() == aniUsageUndecided && !homeless.add("a line") &&
                homeless.text().empty() && static_cast<bool>(homeless.remove());
     }));
-    EXPECT_FALSE(std::filesystem::exists("/nonexistent"));
+    EXPECT_FALSE(std::filesystem::exists(home));
 }
 
 TEST_F(UsageRecord, KeepsTheOldChoiceWhereANewOneCannotBeWritten)

@@ -140,3 +140,17 @@ TEST_F(FileChanges, MakeOneDirectoryOrAllThatAreMissing)
     EXPECT_FALSE(m_files.make_directories(path("file/below")));
     EXPECT_FALSE(m_files.make_directories(path("file")));
 }
+
+TEST_F(FileChanges, MakeNoHomeThatIsMissing)
+{
+    EXPECT_EXIT(
+        {
+            setenv("HOME", (m_temp / "gone/").c_str(), 1);
+            bool const refused = m_files.make_directories(path("gone/.config/a")).error() ==
+                                 std::errc::no_such_file_or_directory;
+            bool const made = bool(m_files.make_directories(path("elsewhere/a")));
+            _exit(refused && made ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(m_temp.exists("gone"));
+}

@@ -11,6 +11,7 @@ namespace fs = std::filesystem;
 
 void write_text(fs::path const & file, std::string const & text)
 {
+    fs::create_directories(file.parent_path());
     std::ofstream(file) << text;
 }
 

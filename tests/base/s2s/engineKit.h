@@ -21,7 +21,7 @@
 #include "vmr/vmrabsAppInfo.h"
 #include "vmr/vmrabsOutput.h"
 
-void write_text(std::filesystem::path const & file, std::string const & text);
+void write_text(std::filesystem::path const & file, std::string const & text); ///< with the folders above it
 std::string read_text(std::filesystem::path const & file); ///< "(none)" when there is no file
 std::vector<std::string> names_in(std::filesystem::path const & folder);
 int open_descriptors();

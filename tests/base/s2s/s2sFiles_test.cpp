@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "engineKit.h"
+#include "kit/kitOrdinaryUser.h"
 #include "s2s/s2sFiles.h"
 
 namespace fs = std::filesystem;
@@ -67,6 +71,42 @@ TEST(Files, MayBeWrittenWhenNewOrOrdinary)
     EXPECT_TRUE(s2s_check_output(folder.path()));
     EXPECT_TRUE(s2s_check_output("/dev/null"));
     EXPECT_TRUE(s2s_check_output(folder / "bad\xFF"));
+}
+
+TEST(Files, OfAnotherKindAreNoInputs)
+{
+    kitTempFolder const folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    auto const failure = s2s_check_input(folder / "pipe");
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->key.str().find("no ordinary file"), std::string::npos);
+    EXPECT_EQ(failure->arguments[0], ut_text_argument(folder / "pipe"));
+}
+
+TEST(Files, NeedANameToBeWritten)
+{
+    auto const failure = s2s_check_output("");
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->key.str().find("no name for the output"), std::string::npos);
+}
+
+TEST(Files, AreNotWrittenThroughLinksOfOtherUsers)
+{
+    kitTempFolder const folder;
+    fs::create_symlink("private", folder / "own");
+    fs::create_symlink("own", folder / "theirs");
+    fs::create_symlink("theirs", folder / "chain");
+    EXPECT_FALSE(s2s_check_output(folder / "own"));
+    EXPECT_FALSE(s2s_check_output(folder / "chain"));
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can make links of other users";
+    ASSERT_EQ(lchown((folder / "theirs").c_str(), ordinary_user, ordinary_user), 0);
+    for (auto const name : {"theirs", "chain"}) {
+        auto const failure = s2s_check_output(folder / name);
+        ASSERT_TRUE(failure) << name;
+        EXPECT_NE(failure->key.str().find("another user"), std::string::npos);
+    }
+    EXPECT_FALSE(s2s_check_output(folder / "own"));
 }
 
 } // namespace

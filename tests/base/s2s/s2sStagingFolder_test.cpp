@@ -11,14 +11,27 @@ namespace {
 
 using ::testing::IsEmpty;
 
-/// The number of a process that was there and is there no more.
-pid_t dead_process()
+/// Makes a staging folder in a process that is killed before it can remove it. Gives its path.
+fs::path left_by_dead_process(fs::path const & output)
 {
+    int ends[2];
+    if (pipe(ends) != 0)
+        throw std::runtime_error("pipe");
     auto const child = fork();
-    if (child == 0)
-        _exit(0);
+    if (child == 0) {
+        s2sStagingFolder staging;
+        staging.create(output);
+        write_text(staging.path() / "half.cad", "half");
+        auto const path = staging.path().native();
+        auto const written = write(ends[1], path.data(), path.size());
+        _exit(written > 0 ? 0 : 1);
+    }
     waitpid(child, nullptr, 0);
-    return child;
+    char path[4096] = "";
+    auto const length = read(ends[0], path, sizeof path - 1);
+    close(ends[0]);
+    close(ends[1]);
+    return fs::path(std::string(path, length > 0 ? static_cast<std::size_t>(length) : 0));
 }
 
 /// The name of a staging folder with the number of another process in it.
@@ -27,6 +40,16 @@ std::string name_for(fs::path const & staging, pid_t process)
     auto name = staging.filename().native();
     auto const own = "-" + std::to_string(getpid()) + "-";
     return name.replace(name.find(own), own.size(), "-" + std::to_string(process) + "-");
+}
+
+/// The number of a process that was there and is there no more.
+pid_t dead_process()
+{
+    auto const child = fork();
+    if (child == 0)
+        _exit(0);
+    waitpid(child, nullptr, 0);
+    return child;
 }
 
 TEST(StagingFolder, LiesBesideTheOutputPrivateToTheUser)
@@ -56,13 +79,55 @@ TEST(StagingFolder, RemovesWhatADeadProcessLeft)
     kitTempFolder const folder;
     s2sStagingFolder first;
     EXPECT_FALSE(first.create(folder / "part.cad"));
-    auto const left = folder.path() / name_for(first.path(), dead_process());
-    fs::create_directory(left);
-    write_text(left / "half.cad", "half");
+    auto const left = left_by_dead_process(folder / "part.cad");
+    ASSERT_TRUE(fs::exists(left / "half.cad"));
 
     s2s_remove_left_behind(folder.path());
     EXPECT_FALSE(fs::exists(left));
     EXPECT_TRUE(fs::exists(first.path()));
+}
+
+TEST(StagingFolder, RemovesAnEmptyOneThatADeadProcessCouldNotMark)
+{
+    kitTempFolder const folder;
+    auto const left = left_by_dead_process(folder / "part.cad");
+    fs::remove(left / "half.cad");
+    fs::remove(left / apMarkedFolder::mark_name);
+    s2s_remove_left_behind(folder.path());
+    EXPECT_FALSE(fs::exists(left));
+}
+
+TEST(StagingFolder, LeavesOneThatIsInUse)
+{
+    kitTempFolder const folder;
+    auto const left = left_by_dead_process(folder / "part.cad");
+    auto const other = apMarkedFolder::open(left);
+    ASSERT_TRUE(other.lock());
+    s2s_remove_left_behind(folder.path());
+    EXPECT_TRUE(fs::exists(left / "half.cad"));
+}
+
+TEST(StagingFolder, LeavesAFolderOfTheUsersThatSomebodyHasGivenSuchAName)
+{
+    kitTempFolder const folder;
+    auto const left = left_by_dead_process(folder / "part.cad");
+    auto const away = folder.path() / "away";
+    fs::rename(left, away);
+
+    write_text(left / "result.cad", "mine");
+    fs::permissions(left, fs::perms::owner_all);
+    s2s_remove_left_behind(folder.path());
+    EXPECT_EQ(read_text(left / "result.cad"), "mine");
+
+    fs::copy_file(away / apMarkedFolder::mark_name, left / apMarkedFolder::mark_name);
+    s2s_remove_left_behind(folder.path());
+    EXPECT_EQ(read_text(left / "result.cad"), "mine");
+
+    fs::rename(left, folder.path() / "results");
+    fs::create_directory_symlink(folder / "results", left);
+    s2s_remove_left_behind(folder.path());
+    EXPECT_EQ(read_text(folder / "results/result.cad"), "mine");
+    EXPECT_TRUE(fs::is_symlink(left));
 }
 
 TEST(StagingFolder, LeavesAloneWhatMayBeSomebodyElses)
@@ -78,7 +143,7 @@ TEST(StagingFolder, LeavesAloneWhatMayBeSomebodyElses)
         name_for(first.path(), dead).substr(0, 14) + "abc", // no number
     };
     for (auto const & name : others)
-        fs::create_directory(folder / name);
+        apMarkedFolder::make(apFolder::open(folder.path()), name);
     auto const file = name_for(first.path(), dead);
     write_text(folder / file, "a file of that name");
 
@@ -86,6 +151,20 @@ TEST(StagingFolder, LeavesAloneWhatMayBeSomebodyElses)
     for (auto const & name : others)
         EXPECT_TRUE(fs::exists(folder / name)) << name;
     EXPECT_TRUE(fs::exists(folder / file));
+}
+
+TEST(StagingFolder, RemovesItselfAndNotWhatTookItsPlace)
+{
+    kitTempFolder const folder;
+    {
+        s2sStagingFolder staging;
+        EXPECT_FALSE(staging.create(folder / "part.cad"));
+        fs::rename(staging.path(), folder.path() / "away");
+        write_text(folder / "results/result.cad", "mine");
+        fs::create_directory_symlink(folder / "results", staging.path());
+    }
+    EXPECT_EQ(read_text(folder / "results/result.cad"), "mine");
+    EXPECT_TRUE(fs::is_empty(folder / "away"));
 }
 
 TEST(StagingFolder, NamesTheFolderInWhichItCannotBeMade)

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "ap/apMarkedFolder.h"
 #include "engineKit.h"
 #include "kit/kitOrdinaryUser.h"
 #include "sdu/sduFileFunctions.h"
@@ -47,7 +48,8 @@ TEST_F(WrapperOutput, TidiesUpAfterARunThatWasKilled)
     run_script("ready\nend completed 0 0");
     auto const own = "-" + std::to_string(getpid()) + "-";
     staging.replace(staging.find(own), own.size(), "-" + std::to_string(child) + "-");
-    fs::create_directory(folder.path() / "out" / staging);
+    apMarkedFolder::make(apFolder::open(folder / "out"), staging);
+    write_text(folder.path() / "out" / staging / "half.cad", "half");
     comm.reset();
     output_stream.on_message = nullptr;
     run_script("chief x\nend completed 1 0");
@@ -121,7 +123,7 @@ TEST_F(WrapperOutput, RefusesTheNameOfAnInputThatIsMissingToo)
     EXPECT_EQ(details().status(), s2sThreadWriteError);
 }
 
-TEST_F(WrapperOutput, KeepsItsInputsFromTheTidyingUpAfterIt)
+TEST_F(WrapperOutput, KeepsItsInputsFromBeingDeleted)
 {
     auto const in = make_input();
     {
@@ -148,12 +150,10 @@ TEST_F(WrapperOutput, RefusesToReplaceAnInputWithAFileThatGoesWithTheOutput)
 TEST_F(WrapperOutput, RefusesWhatIsNoOrdinaryFileAndKeepsIt)
 {
     mkfifo((folder / "out/pipe").c_str(), 0600);
-    auto const wrapper =
-        make_wrapper(translation(make_input(), folder / "out/pipe", "chief x\nend completed 1 0"));
-    EXPECT_EQ(wrapper->run(), 0);
+    EXPECT_EQ(run(translation(make_input(), folder / "out/pipe", "chief x\nend completed 1 0")), 0);
     EXPECT_EQ(details().status(), s2sThreadWriteError);
     EXPECT_THAT(error_stream.text(), HasSubstr("is not an ordinary file"));
-    EXPECT_EQ(sdu_remove_file(folder / "out/pipe"), sduFileProtected);
+    EXPECT_THAT(names_in(folder / "out"), ElementsAre("pipe"));
 }
 
 TEST_F(WrapperOutput, NamesAMissingFolder)
@@ -180,7 +180,14 @@ TEST_F(WrapperOutput, NamesAFolderInWhichNobodyCanWrite)
 {
     EXPECT_EQ(run(translation(make_input(), "/proc/part.cad", "chief x\nend completed 1 0")), 0);
     EXPECT_EQ(details().status(), s2sThreadWriteError);
-    EXPECT_THAT(error_stream.text(), HasSubstr("older /proc"));
+    EXPECT_THAT(error_stream.text(), HasSubstr("folder /proc cannot be written to"));
+}
+
+TEST_F(WrapperOutput, SaysThatTheOutputHasNoName)
+{
+    EXPECT_EQ(run(translation(make_input(), "", "chief x\nend completed 1 0")), 0);
+    EXPECT_EQ(details().status(), s2sThreadWriteError);
+    EXPECT_EQ(error_stream.text(), "There is no name for the output file. Give one.\n");
 }
 
 TEST_F(WrapperOutput, NamesANameThatIsTooLong)
@@ -191,7 +198,7 @@ TEST_F(WrapperOutput, NamesANameThatIsTooLong)
     EXPECT_THAT(error_stream.text(), HasSubstr("too long"));
 }
 
-TEST_F(WrapperOutput, KeepsAWriteProtectedFileAlsoFromTheTidyingUp)
+TEST_F(WrapperOutput, KeepsAWriteProtectedFile)
 {
     auto const out = folder / "out/part.cad";
     write_text(out, "old");
@@ -200,12 +207,7 @@ TEST_F(WrapperOutput, KeepsAWriteProtectedFileAlsoFromTheTidyingUp)
     give_to_ordinary_user(out);
     give_to_ordinary_user(folder / "out");
     give_to_ordinary_user(folder.path().string());
-    EXPECT_TRUE(as_ordinary_user([&] {
-        auto const wrapper = make_wrapper(job);
-        int const result = wrapper->run();
-        sdu_remove_file(out);
-        return result == 0 && details().status() == s2sThreadWriteError;
-    }));
+    EXPECT_TRUE(as_ordinary_user([&] { return run(job) == 0 && details().status() == s2sThreadWriteError; }));
     EXPECT_EQ(read_text(out), "old");
 }
 

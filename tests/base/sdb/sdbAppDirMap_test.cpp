@@ -112,6 +112,24 @@ TEST_F(AppDirMap, SearchesTheUsersTranslatorsBehindTheInstallations)
               (temp / "prefix/lib/vmr/translators") + vmrabsAppInfo::path_separator + user("translators"));
 }
 
+TEST_F(AppDirMap, LeavesOutTheUsersTranslatorsWhereOthersMayChangeThem)
+{
+    fs::create_directories(user("translators"));
+    fs::permissions(temp / "home/.config", static_cast<fs::perms>(0757));
+    ASSERT_EQ(initialise(), 0);
+    EXPECT_EQ(map.changeable_translators(), "") << "there are none";
+    EXPECT_EQ(map.search_path(sdbHRKDirectory::translators).directories().size(), 1u);
+    temp.write("home/.config/Quorvane/Crosswalk/translators/a.json", "{}");
+    ASSERT_EQ(initialise(), 0);
+    EXPECT_EQ(map.changeable_translators(), temp / "home/.config");
+    EXPECT_EQ(map.search_path(sdbHRKDirectory::translators).ut_path_string(nullptr).str(),
+              temp / "prefix/lib/vmr/translators");
+    EXPECT_EQ(map.schema_dir(sdbHRKDirectory::translators).user_dir().str(), user("translators"));
+    fs::permissions(temp / "home/.config", fs::perms::owner_all);
+    ASSERT_EQ(initialise(), 0);
+    EXPECT_EQ(map.search_path(sdbHRKDirectory::translators).directories().size(), 2u);
+}
+
 TEST_F(AppDirMap, LoadsServicesFromTheInstallationOnly)
 {
     ASSERT_EQ(initialise(), 0);

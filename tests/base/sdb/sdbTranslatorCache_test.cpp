@@ -194,6 +194,16 @@ TEST_F(TranslatorCache, NoticesADirectoryThatAppears)
     EXPECT_TRUE(folder.scanned());
 }
 
+TEST_F(TranslatorCache, NamesNoModulesThatLieElsewhere)
+{
+    auto const empty = folder.temp() / "own";
+    fs::create_directory(empty);
+    auto forged = *folder.input().contents();
+    forged.directories = {{empty, sdbFileStamp::of(empty)}};
+    EXPECT_EQ(sdbTranslatorCache::write(folder.cache_file(), forged), "");
+    EXPECT_EQ(sdbTranslatorCache::read(folder.cache_file(), {empty}), nullptr);
+}
+
 TEST_F(TranslatorCache, LeadsToAScanWhenItIsCutOff)
 {
     auto const whole = cache();

@@ -49,6 +49,25 @@ TEST_F(Catalogue, HoldsWhatTheScanFound)
     EXPECT_EQ(app().input_dlls().translator_for_format("alpha"), nullptr);
 }
 
+TEST_F(Catalogue, LeavesOutModulesOfTheUserThatOthersMayChangeAndSaysSo)
+{
+    install_format("ALPHA", "alpha");
+    install_format("BETA", "beta");
+    auto const own = user_folder() + "/translators";
+    std::filesystem::create_directories(own);
+    for (auto const name : {"beta.so", "beta.json"})
+        std::filesystem::rename(folder() / (std::string("installation/lib/vmr/translators/") + name),
+                                own + "/" + name);
+    std::filesystem::permissions(own + "/beta.so", static_cast<std::filesystem::perms>(0666));
+    testing::internal::CaptureStderr();
+    start();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Tester: The translator modules in " + own + " are left out, because other users may change " +
+                  own + "/beta.so. Take their right to write there away and start again.\n");
+    EXPECT_NE(app().input_dlls().translator_for_format("ALPHA"), nullptr);
+    EXPECT_EQ(app().input_dlls().translator_for_format("BETA"), nullptr);
+}
+
 TEST_F(Catalogue, ComesFromTheCacheAtTheNextStart)
 {
     install_format("ALPHA", "alpha");

@@ -6,6 +6,12 @@
 #include <functional>
 #include <iostream>
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace {
 
 class Parser : public sglParseCommandLine {
@@ -394,6 +400,99 @@ TEST_F(CommandLine, SaysWhenTheLogCannotBeOpenedAndGoesOn)
     auto const log = folder() / "no/such/folder/run.log";
     EXPECT_EQ(parse("IN -t BETA -o OUT -log " + log), 1);
     EXPECT_TRUE(says("Cannot open log file " + log + "\n"));
+}
+
+TEST_F(CommandLine, RefusesALogThatNamesAFileOfTheCommandLine)
+{
+    auto const input = folder() / "in.alpha";
+    auto const rsc = folder().write("mine.rsc", "options");
+    folder().write("out.beta", "older output");
+    std::filesystem::create_symlink("in.alpha", folder() / "soft");
+    std::filesystem::create_hard_link(input, folder() / "hard");
+    std::filesystem::create_directory(folder() / "d");
+    std::pair<std::string, std::string> const cases[] = {
+        {"IN -t BETA -o OUT", input},
+        {"IN -t BETA -o OUT", folder() / "d/../in.alpha"},
+        {"-m IN -t BETA -o OUT", folder() / "soft"},
+        {"IN -t BETA -o OUT -w", folder() / "hard"},
+        {"IN -t BETA -output OUT", folder() / "out.beta"},
+        {"IN -r " + rsc + " -t BETA -o OUT", rsc},
+        {"IN -t BETA -o OUT " + rsc, rsc},
+    };
+    for (auto const & [line, log] : cases) {
+        EXPECT_EQ(parse(line + " -log " + log), 0) << line << ' ' << log;
+        EXPECT_TRUE(says("The log file " + log + " is also named as another file of this command line ("))
+            << said;
+        EXPECT_TRUE(says("The command line was ")) << said;
+    }
+    EXPECT_EQ(folder().read("in.alpha"), "input");
+    EXPECT_EQ(folder().read("out.beta"), "older output");
+    EXPECT_EQ(folder().read("mine.rsc"), "options");
+}
+
+TEST_F(CommandLine, RefusesALogInThePlaceOfAnOutputThatIsStillToBeMade)
+{
+    for (auto const log : {"out.beta", "OUT.Beta", "d/../out.beta", "link"}) {
+        std::filesystem::create_directories(folder() / "d");
+        std::filesystem::remove(folder() / "link");
+        std::filesystem::create_symlink("out.beta", folder() / "link");
+        EXPECT_EQ(parse("IN -t BETA -o OUT -log " + (folder() / log)), 0) << log;
+        EXPECT_FALSE(folder().exists("out.beta")) << log;
+        EXPECT_FALSE(folder().exists("OUT.Beta")) << log;
+    }
+}
+
+TEST_F(CommandLine, TakesALogWithTheNameOfSomethingElse)
+{
+    for (auto const log : {"BETA", "-w", "other.beta"})
+        EXPECT_EQ(parse("IN -t BETA -o OUT -w -log " + (folder() / log)), 1) << said;
+    EXPECT_EQ(parse("IN -t BETA -o OUT " + (folder() / "in.alpha")), 1) << "no log at all";
+    EXPECT_EQ(folder().read("in.alpha"), "input");
+}
+
+TEST_F(CommandLine, SaysOnStandardErrorThatALogIsNotComplete)
+{
+    auto const log = folder() / "run.log";
+    auto const line = with_paths("IN -t BETA -o OUT -res_opt " + std::string(30'000, 'x') + " -log " + log);
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    auto const child = fork();
+    if (child == 0) {
+        // The disk takes no more than so much.
+        rlimit const little{10'000, 10'000};
+        signal(SIGXFSZ, SIG_IGN);
+        bool const ready = setrlimit(RLIMIT_FSIZE, &little) == 0 && dup2(ends[1], STDERR_FILENO) >= 0 &&
+                           std::freopen("/dev/null", "w", stdout);
+        if (ready)
+            Parser(*app().application_information(), line.c_str()).parse();
+        std::cerr.flush();
+        _exit(0);
+    }
+    close(ends[1]);
+    std::string told(4096, '\0');
+    auto const length = read(ends[0], told.data(), told.size());
+    told.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    close(ends[0]);
+    EXPECT_EQ(waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(told, "The log file " + log +
+                        " is not complete, because it could not be written. "
+                        "Check the free space and the permissions there.\n");
+    EXPECT_EQ(std::filesystem::file_size(log), 10'000u);
+}
+
+TEST_F(CommandLine, SaysThatAnInputIsNoOrdinaryFile)
+{
+    ASSERT_EQ(mkfifo((folder() / "pipe.alpha").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((folder() / "pipe").c_str(), 0600), 0);
+    for (auto const name : {"pipe.alpha", "pipe"}) {
+        EXPECT_EQ(parse((folder() / name) + " -t BETA -o OUT"), 0);
+        EXPECT_TRUE(
+            says("The input " + (folder() / name) +
+                 " is no ordinary file but a pipe, a device or the like. Write what it gives to a file "
+                 "and translate that.\n"))
+            << said;
+        EXPECT_FALSE(says("Can not determine")) << said;
+    }
 }
 
 TEST_F(CommandLine, HoldsNamesWithBlanksInDoubleQuotes)

@@ -67,13 +67,13 @@ struct BatchTranslation : kitAppTest {
         EXPECT_EQ(dialog.told.size(), 1u);
         return dialog.told.empty() ? "" : dialog.told[0];
     }
-    /// One letter for each output that is there, a dot for one that is not.
-    std::string outputs(int count) const
+    /// Whether the outputs of an earlier run are as they were.
+    bool older_outputs_are_there(int count) const
     {
-        std::string there;
         for (int i = 0; i < count; ++i)
-            there += folder().exists(std::to_string(i) + ".beta") ? static_cast<char>('a' + i) : '.';
-        return there;
+            if (folder().read(std::to_string(i) + ".beta") != "output")
+                return false;
+        return true;
     }
 };
 
@@ -180,7 +180,7 @@ TEST_F(BatchTranslation, StillRunsAfterARemovalWithADocumentToSpare)
     batch.outcomes = {{}, {s2sThreadReadError, 0, 0}};
     batch.progress(&dialog);
     EXPECT_EQ(batch.execute().value(), sglTranslationResult::started);
-    EXPECT_EQ(outputs(3), "ab.");
+    EXPECT_TRUE(older_outputs_are_there(3));
 }
 
 TEST_F(BatchTranslation, IsAJobOfTheEngineForBatches)
@@ -193,23 +193,23 @@ TEST_F(BatchTranslation, IsAJobOfTheEngineForBatches)
     EXPECT_TRUE(dynamic_cast<s2sBatchWrapper *>(batch.wrapper()));
 }
 
-TEST_F(BatchTranslation, DeletesTheOutputsOfTheFailedEntriesOnly)
+TEST_F(BatchTranslation, LeavesTheOlderOutputsOfEntriesThatFailed)
 {
     run({{s2sThreadCompleted, 2, 0}, {s2sThreadWriteError, 0, 1}, {s2sThreadCompleted, 1, 0}}, 3);
-    EXPECT_EQ(outputs(3), "a.c");
+    EXPECT_TRUE(older_outputs_are_there(3));
 }
 
-TEST_F(BatchTranslation, DeletesTheOutputOfACompletedEntryWithoutEntities)
+TEST_F(BatchTranslation, LeavesTheOlderOutputOfACompletedEntryWithoutEntities)
 {
     EXPECT_EQ(run({{s2sThreadCompleted, 2, 0}, {s2sThreadCompleted, 0, 0}, {s2sThreadCompleted, 1, 0}}, 3),
               "ok");
-    EXPECT_EQ(outputs(3), "a.c");
+    EXPECT_TRUE(older_outputs_are_there(3));
 }
 
-TEST_F(BatchTranslation, KeepsWhatWasFinishedBeforeACancelAndWhatNeverBegan)
+TEST_F(BatchTranslation, LeavesAllOutputsAtACancel)
 {
     EXPECT_EQ(run({{s2sThreadCompleted, 2, 0}, {s2sThreadCancelled, 0, 0}}, 3), "cancelled");
-    EXPECT_EQ(outputs(3), "a.c");
+    EXPECT_TRUE(older_outputs_are_there(3));
 }
 
 TEST_F(BatchTranslation, TellsTheDialogTheEndOfItsLastEntryAndOnce)

@@ -51,7 +51,7 @@ TEST_F(BatchBehindItsDialog, ListsACompletedEntryWithoutEntitiesAsSuccessfulAndD
     EXPECT_THAT(summary, testing::HasSubstr(folder() / "1.step\n"));
     EXPECT_EQ(last_record().type(), sdbTranslationBatch);
     EXPECT_TRUE(folder().exists("0.igs"));
-    EXPECT_FALSE(folder().exists("1.igs"));
+    EXPECT_TRUE(folder().exists("1.igs")) << "of an earlier run";
 }
 
 TEST_F(BatchBehindItsDialog, TranslatesEachInputIntoItsOwnOutput)
@@ -74,6 +74,6 @@ TEST_F(BatchBehindItsDialog, TranslatesEachInputIntoItsOwnOutput)
     run_to_end(batch, dialog);
     EXPECT_EQ(batch.communicator().num_translations(), 3);
     EXPECT_GT(kit_read_file(folder() / "0.igs").size(), 10'000u);
-    EXPECT_FALSE(folder().exists("1.igs"));
+    EXPECT_EQ(folder().read("1.igs"), "old");
     EXPECT_GT(kit_read_file(folder() / "2.igs").size(), 10'000u);
 }

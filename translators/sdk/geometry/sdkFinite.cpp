@@ -157,10 +157,10 @@ private:
              .part = name,
              .place = {},
              .source = static_cast<double>(number),
-             .text = sdkText(
-                 "geometry::%s: %d faces, curves or points of \"%s\" have numbers that are not finite "
-                 "and are left out; export the part again",
-                 m_context.file(), number, name)});
+             .text = sdkText("geometry::%s: %d faces, curves or points of \"%s\" are left out: they have "
+                             "numbers that are not "
+                             "finite, or lie farther away than %g mm; export the part again",
+                             m_context.file(), number, name, sdk_farthest)});
     }
 
     sdkContext & m_context;

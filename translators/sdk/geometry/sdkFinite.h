@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// True when all numbers of a shape can be reckoned with (sdk_usable()): points, curves, surfaces, triangles,
+// True when all numbers of a shape can be reckoned with (sdkLimits.h): points, curves, surfaces, triangles,
 // tolerances, places. Those that end a curve or surface without end are no fault.
 bool sdk_is_finite(TopoDS_Shape const & shape);
 

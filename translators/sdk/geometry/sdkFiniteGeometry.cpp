@@ -66,7 +66,7 @@ bool grid_usable(Surface const & surface)
 
 bool sdk_is_finite(gp_Pnt const & point)
 {
-    return sdk_usable(point.X()) && sdk_usable(point.Y()) && sdk_usable(point.Z());
+    return sdk_in_reach(point.X()) && sdk_in_reach(point.Y()) && sdk_in_reach(point.Z());
 }
 
 bool sdk_is_finite(Handle(Geom_Curve) const & curve)
