@@ -8,9 +8,7 @@
 #include <chrono>
 #include <poll.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
-#include <utility>
 
 using nlohmann::json;
 using std::chrono::steady_clock;
@@ -60,16 +58,11 @@ bool hostChannel::read_job(hostJob & job, std::string & problem)
     }
 }
 
-bool hostChannel::watch(hostFolders folders)
+void hostChannel::watch(hostKeeper & keeper)
 {
-    m_folders = std::move(folders);
-    try {
-        m_watcher = std::thread([this] { run(); });
-    } catch (std::system_error const &) {
-        return false;
-    }
+    m_keeper = &keeper;
+    m_watcher = std::thread([this] { run(); });
     m_watcher.detach();
-    return true;
 }
 
 void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t failed)
@@ -77,6 +70,7 @@ void hostChannel::finish(sdkStatus status, std::int64_t processed, std::int64_t 
     // Never released: whoever comes second must not end the process while the first still writes.
     m_finishing.lock();
     m_events.end(status, processed, failed);
+    m_keeper->finish();
     // Without destructors: taking documents apart costs time, and the system takes back everything at once.
     ::_exit(0);
 }
@@ -137,7 +131,7 @@ void hostChannel::take_command(std::string const & line)
     if (command == "cancel") {
         m_cancelled = true;
     } else if (command == "guard") {
-        m_folders.add(text_field(value, "folder"));
+        m_keeper->keep(text_field(value, "folder"));
     } else if (command == "memory") {
         if (auto const limit = value.find("limit"); limit != value.end() && limit->is_number_unsigned()) {
             host_limit_memory(limit->get<std::uint64_t>());
@@ -147,6 +141,7 @@ void hostChannel::take_command(std::string const & line)
 
 void hostChannel::abandon()
 {
-    m_folders.remove();
+    m_finishing.lock();
+    m_keeper->finish();
     ::_exit(0);
 }

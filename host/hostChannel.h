@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/hostEvents.h"
-#include "host/hostFolders.h"
 #include "host/hostJob.h"
+#include "host/hostKeeper.h"
 
 #include <atomic>
 #include <mutex>
@@ -18,10 +18,10 @@ public:
     // Waits for the job; false with a text when what comes is none.
     bool read_job(hostJob & job, std::string & problem);
 
-    // Starts the thread that watches for commands and for the end of the connection, with which it removes
-    // the folders, and sends events that wait. The thread lives as long as the process: the channel must not
-    // be destroyed after this. False where the system has no thread to give.
-    bool watch(hostFolders folders);
+    // Starts the thread that watches for commands and for the end of the connection, with which the process
+    // ends, and sends events that wait. The thread lives as long as the process: neither the channel nor the
+    // keeper, which hears of further folders, may be destroyed after this.
+    void watch(hostKeeper & keeper);
 
     // True once the engine has asked to stop.
     std::atomic<bool> const & cancelled() const { return m_cancelled; }
@@ -39,7 +39,7 @@ private:
     hostEvents & m_events;
     bool m_connected = false;
     std::string m_input;
-    hostFolders m_folders;
+    hostKeeper * m_keeper = nullptr;
     std::atomic<bool> m_cancelled{false};
     std::mutex m_finishing;
     std::thread m_watcher;

@@ -64,10 +64,14 @@ void host_limit_memory(std::uint64_t bytes)
               2 * bytes + space_at_first + std::thread::hardware_concurrency() * reserved_by_thread);
 }
 
-void host_limit_memory_of_fork()
+std::uint64_t host_memory_taken()
+{
+    return status_field("VmData:");
+}
+
+void host_limit_memory_of_fork(std::uint64_t taken)
 {
     auto const allowed = host_memory_limit();
-    auto const taken = status_field("VmData:");
     if (taken < allowed) {
         host_limit_memory(taken + (allowed - taken) / 2);
     }

@@ -7,8 +7,11 @@
 void host_limit_memory(std::uint64_t bytes);
 
 // To be called in a process that was forked off this one: it may take half of what this one has not taken
-// yet.
-void host_limit_memory_of_fork();
+// yet. `taken` is what host_memory_taken gave before the fork, which may not see its own account of it.
+void host_limit_memory_of_fork(std::uint64_t taken);
+
+// Bytes of data that this process has; 0 when the system does not tell.
+std::uint64_t host_memory_taken();
 
 // What the process may have, in bytes; 0 for no limit.
 std::uint64_t host_memory_limit();

@@ -28,9 +28,9 @@ constexpr double verification_share = 25;
 } // namespace
 
 hostTranslation::hostTranslation(hostJob const & job, hostEvents & events,
-                                 std::atomic<bool> const & cancelled)
+                                 std::atomic<bool> const & cancelled, hostProcessThread & thread)
     : m_job(job), m_events(events), m_cancelled(cancelled), m_reporter(events),
-      m_findings(events, m_reporter), m_verification(job, events, cancelled)
+      m_findings(events, m_reporter), m_verification(job, events, cancelled, thread)
 {
 }
 

@@ -27,7 +27,8 @@ private:
 // Runs one job from the first input to the written output.
 class hostTranslation {
 public:
-    hostTranslation(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled);
+    hostTranslation(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled,
+                    hostProcessThread & thread);
 
     // Whatever a reader or writer throws is turned into a result, whose text has been told. A failed
     // translation leaves no output file. Every one that was not cancelled has told its verdict, if one is

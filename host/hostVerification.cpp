@@ -33,8 +33,9 @@ hostVerificationLevel host_verification_level(hostJob const & job)
 }
 
 hostVerification::hostVerification(hostJob const & job, hostEvents & events,
-                                   std::atomic<bool> const & cancelled)
-    : m_job(job), m_events(events), m_cancelled(cancelled), m_level(host_verification_level(job))
+                                   std::atomic<bool> const & cancelled, hostProcessThread & thread)
+    : m_job(job), m_events(events), m_cancelled(cancelled), m_thread(thread),
+      m_level(host_verification_level(job))
 {
 }
 
@@ -52,8 +53,8 @@ void hostVerification::begin(sdkDocument const & document, sdkOptions const & op
                                 .surfaces = processes(options, "vmrOptProcessSurfaces"),
                                 .wireframe = processes(options, "vmrOptProcessWireframe")};
     // The engine takes a socket that stays open for a host that lives.
-    m_witness = std::make_unique<hostWitness>(document, evidence,
-                                              std::vector<int>{STDIN_FILENO, m_events.descriptor()});
+    m_witness = std::make_unique<hostWitness>(
+        document, evidence, std::vector<int>{STDIN_FILENO, m_events.descriptor()}, m_thread);
 }
 
 std::chrono::milliseconds hostVerification::limit() const

@@ -23,7 +23,8 @@ hostVerificationLevel host_verification_level(hostJob const & job);
 // Finds the verdict on one translation.
 class hostVerification {
 public:
-    hostVerification(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled);
+    hostVerification(hostJob const & job, hostEvents & events, std::atomic<bool> const & cancelled,
+                     hostProcessThread & thread);
 
     bool wanted() const { return m_level != hostVerificationLevel::none; }
 
@@ -49,6 +50,7 @@ private:
     hostJob const & m_job;
     hostEvents & m_events;
     std::atomic<bool> const & m_cancelled;
+    hostProcessThread & m_thread;
     hostVerificationLevel m_level;
     bool m_readable = false;
     std::unique_ptr<hostWitness> m_witness;

@@ -1,5 +1,6 @@
 #include "host/hostWitness.h"
 
+#include "host/hostCallFilter.h"
 #include "host/hostMemory.h"
 #include "host/hostWitnessWork.h"
 
@@ -42,8 +43,8 @@ bool write_all(int descriptor, std::string_view text)
 } // namespace
 
 hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evidence,
-                         std::vector<int> const & own_descriptors)
-    : m_format(evidence.format)
+                         std::vector<int> const & own_descriptors, hostProcessThread & thread)
+    : m_thread(thread), m_format(evidence.format)
 {
     int question[2] = {-1, -1};
     int answer[2] = {-1, -1};
@@ -53,8 +54,12 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         return;
     }
     auto const parent = ::getpid();
-    m_process = ::fork();
-    if (m_process == 0) {
+    auto const taken = host_memory_taken();
+    m_thread.run([&] {
+        m_process = ::fork();
+        if (m_process != 0) {
+            return;
+        }
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != parent) {
             ::_exit(1);
@@ -65,12 +70,13 @@ hostWitness::hostWitness(sdkDocument const & document, hostEvidence const & evid
         for (int const descriptor : own_descriptors) {
             ::close(descriptor);
         }
-        host_limit_memory_of_fork();
+        host_refuse_processes();
+        host_limit_memory_of_fork(taken);
         // Not taken apart at the end: the end of the process does that faster.
         hostWitnessWork work(document, evidence, question[0], answer[1]);
         work.run();
         ::_exit(0);
-    }
+    });
     ::close(question[0]);
     ::close(answer[1]);
     m_question = question[1];
@@ -91,7 +97,7 @@ void hostWitness::end()
     close_if_open(m_question);
     close_if_open(m_answer);
     if (m_process > 0) {
-        ::kill(m_process, SIGKILL);
+        m_thread.run([this] { ::kill(m_process, SIGKILL); });
         while (::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
         }
         m_process = -1;

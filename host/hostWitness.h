@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/hostProcessThread.h"
 #include "host/hostTestimony.h"
 #include "sdk/measure/sdkBodyMeasure.h"
 #include "sdk/sdkDocument.h"
@@ -26,9 +27,10 @@ struct hostEvidence {
 // destructor ends it.
 class hostWitness {
 public:
-    // `own_descriptors` are those of this process that the witness must not keep open.
+    // `own_descriptors` are those of this process that the witness must not keep open. The thread, which
+    // makes the process, has to last longer than this.
     hostWitness(sdkDocument const & document, hostEvidence const & evidence,
-                std::vector<int> const & own_descriptors);
+                std::vector<int> const & own_descriptors, hostProcessThread & thread);
     ~hostWitness();
     hostWitness(hostWitness const &) = delete;
     hostWitness & operator=(hostWitness const &) = delete;
@@ -49,6 +51,7 @@ private:
     sdkText how_it_ended();
     void end();
 
+    hostProcessThread & m_thread;
     std::string m_format;
     ::pid_t m_process = -1;
     int m_question = -1;

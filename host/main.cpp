@@ -1,9 +1,14 @@
+#include "host/hostArguments.h"
+#include "host/hostCallFilter.h"
 #include "host/hostChannel.h"
 #include "host/hostComparison.h"
 #include "host/hostFileSize.h"
 #include "host/hostFolders.h"
+#include "host/hostKeeper.h"
 #include "host/hostLastWords.h"
 #include "host/hostMemory.h"
+#include "host/hostProcessThread.h"
+#include "host/hostSandbox.h"
 #include "host/hostTranslation.h"
 #include "process/largeStack.h"
 #include "process/memoryEnd.h"
@@ -21,6 +26,7 @@
 
 namespace {
 
+constexpr int exit_misused = 2;
 constexpr int exit_without_job = 3;
 
 // The engine and the end of the connection decide when this process stops, not the terminal it was started
@@ -48,12 +54,25 @@ void quieten_toolkit()
     }
 }
 
-// The folders that the arguments name are removed when the engine goes away, also before it has sent a job.
-int run(std::vector<std::string> const & arguments)
+[[noreturn]] void show(hostArguments const & arguments)
+{
+    if (arguments.wish == hostArguments::Wish::help) {
+        std::printf("%s%s", host_usage, host_help);
+    } else {
+        auto const protections = host_describe(host_enter_sandbox(host_places_of_system()));
+        std::printf("vmr-host %s\n%s", HOST_VERSION, protections.c_str());
+    }
+    std::fflush(stdout);
+    // What runs at the end of a program does not know of the sandbox.
+    ::_exit(0);
+}
+
+// The folders are removed when the engine goes away, also before it has sent a job.
+int run(std::vector<std::string> const & paths)
 {
     hostFolders folders;
-    for (auto const & argument : arguments) {
-        folders.add(argument);
+    for (auto const & path : paths) {
+        folders.add(path);
     }
     ignore_signals();
     hostEvents events(take_standard_output());
@@ -62,24 +81,27 @@ int run(std::vector<std::string> const & arguments)
     std::string problem;
     if (!channel.read_job(job, problem)) {
         std::fprintf(stderr, "vmr-host: no job: %s\n", problem.c_str());
-        folders.remove();
+        if (host_engine_is_gone()) {
+            folders.remove();
+        }
         return exit_without_job;
     }
     folders.add(job.staging);
+    hostKeeper keeper(std::move(folders));
+    if (auto const entered = host_enter_staging(job); !entered) {
+        events.message(sdkStream::error, entered.text());
+        events.end(entered.status(), 0, 0);
+        keeper.finish();
+        return 0;
+    }
     host_send_last_words_of(events, job.comparison ? job.comparison->a.file : job.inputs.front().file);
     // Before there are commands, which may allow more.
     host_limit_memory(job.memory_limit);
     host_limit_file_size(job.file_size_limit);
-    if (!channel.watch(std::move(folders))) {
-        events.message(sdkStream::error,
-                       sdkText("host::The system has no thread left for the translation; end other "
-                               "programs and try again"));
-        channel.finish(sdkStatus::read_error, 0, 0);
-    }
-    if (auto const entered = host_enter_staging(job); !entered) {
-        events.message(sdkStream::error, entered.text());
-        channel.finish(entered.status(), 0, 0);
-    }
+    host_enter_sandbox(host_places_of(job));
+    hostProcessThread thread;
+    host_refuse_processes();
+    channel.watch(keeper);
     quieten_toolkit();
 
     auto const end = [&](auto && work) {
@@ -89,7 +111,7 @@ int run(std::vector<std::string> const & arguments)
     if (job.comparison) {
         end(hostComparison(job, events, channel.cancelled()));
     } else {
-        end(hostTranslation(job, events, channel.cancelled()));
+        end(hostTranslation(job, events, channel.cancelled(), thread));
     }
     return 0;
 }
@@ -99,5 +121,13 @@ int run(std::vector<std::string> const & arguments)
 int main(int argc, char ** argv)
 {
     end_when_memory_runs_out("vmr-host: no job: there is no memory\n", exit_without_job);
-    return run_on_large_stack([&] { return run({argv + 1, argv + argc}); });
+    auto const arguments = host_read_arguments(argc, argv);
+    if (arguments.wish == hostArguments::Wish::nothing) {
+        std::fprintf(stderr, "vmr-host: %s is not understood\n%s", arguments.unknown.c_str(), host_usage);
+        return exit_misused;
+    }
+    if (arguments.wish != hostArguments::Wish::job) {
+        show(arguments);
+    }
+    return run_on_large_stack([&] { return run(arguments.folders); });
 }

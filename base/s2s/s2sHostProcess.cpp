@@ -60,8 +60,11 @@ int spawn(std::string const & program, std::vector<std::string> const & folders,
         static_cast<short>(POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
 
     std::vector<char *> arguments{const_cast<char *>(program.c_str())};
-    for (auto const & folder : folders)
+    std::string option = "--remove-when-alone";
+    for (auto const & folder : folders) {
+        arguments.push_back(option.data());
         arguments.push_back(const_cast<char *>(folder.c_str()));
+    }
     arguments.push_back(nullptr);
     return posix_spawn(&pid, program.c_str(), actions.get(), attributes.get(), arguments.data(), environ);
 }

@@ -1,13 +1,15 @@
 #include "sglResourceEditWidget.h"
 
-#include "sglMessageBox.h"
 #include "sglResourceOptionsPage.h"
 #include "sglResourceRow.h"
 
+#include "nls/sglShownMessage.h"
+#include "resources/sglIllegalValueText.h"
 #include "wxt/wxtStringConverter.h"
 
 #include <algorithm>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 
 wxBEGIN_EVENT_TABLE(sglResourceEditBox, wxTextCtrl)
     EVT_KILL_FOCUS(sglResourceEditBox::OnKillFocus)
@@ -116,7 +118,7 @@ void sglResourceEditWidget::control_changed()
     }
     utString const value = default_value();
     m_telling = true;
-    sglMessageBox("vmrgrlib", 1210, wxOK);
+    sgl_show_message(wxGetActiveWindow(), sgl_illegal_value_text(resource()), wxOK);
     m_telling = false;
     show_text(value);
 }

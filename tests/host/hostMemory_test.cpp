@@ -59,7 +59,7 @@ TEST_F(HostMemory, OfAForkIsHalfOfWhatIsNotTakenYet)
     EXPECT_EXIT(
         {
             host_limit_memory(8 * gigabyte);
-            host_limit_memory_of_fork();
+            host_limit_memory_of_fork(host_memory_taken());
             leave(host_memory_limit() > 4 * gigabyte && host_memory_limit() < 6 * gigabyte);
         },
         testing::ExitedWithCode(0), "");
@@ -70,7 +70,7 @@ TEST_F(HostMemory, OfAForkWithoutALimitHasNone)
     EXPECT_EXIT(
         {
             host_limit_memory(0);
-            host_limit_memory_of_fork();
+            host_limit_memory_of_fork(host_memory_taken());
             leave(host_memory_limit() == 0);
         },
         testing::ExitedWithCode(0), "");

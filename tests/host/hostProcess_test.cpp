@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -53,6 +54,8 @@ protected:
 
     kitTempFolder const folder;
     std::string const out = folder / "out.odd";
+    // Names as the engine gives them.
+    std::string const one = ".vmr-1f-12-aB3dEf", two = ".vmr-1f-12-000000", three = ".vmr-1f-9-zZzZzZ";
     HostRun host;
 };
 
@@ -118,43 +121,81 @@ TEST_F(HostProcess, PassesOverCommandsThatItDoesNotKnow)
 
 TEST_F(HostProcess, RemovesTheStagingFolderWhenTheEngineGoes)
 {
-    auto const staging = folder / "staging";
-    make_staging("staging");
-    folder.write("staging/deep/half-written", "x");
+    auto const staging = folder / one;
+    make_staging(one);
+    folder.write(one + "/deep/half-written", "x");
     begin(job_in(staging, "Stubborn"));
     host.close();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_FALSE(std::filesystem::exists(staging));
+    EXPECT_FALSE(folder.exists(one));
+}
+
+TEST_F(HostProcess, RemovesTheStagingFolderAlsoWhenItIsKilledWithTheEngine)
+{
+    make_staging(one);
+    folder.write(one + "/half-written", "x");
+    begin(job_in(folder / one, "Stubborn"));
+    // What the host leaves behind belongs to this process then.
+    ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
+    host.signal(SIGSTOP);
+    int status = 0;
+    ASSERT_GT(::waitpid(-1, &status, WUNTRACED), 0);
+    ASSERT_TRUE(WIFSTOPPED(status));
+    host.close();
+    host.signal(SIGKILL);
+    EXPECT_TRUE(WIFSIGNALED(host.wait()));
+    while (::waitpid(-1, nullptr, 0) > 0) {
+    }
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+    EXPECT_FALSE(folder.exists(one));
 }
 
 TEST_F(HostProcess, RemovesTheFoldersOfItsArgumentsAlsoWithoutAJob)
 {
-    for (auto const name : {"one", "two", "three"}) {
+    for (auto const & name : {one, two, three}) {
         make_staging(name);
-        folder.write(std::string(name) + "/deep/file", "x");
+        folder.write(name + "/deep/file", "x");
     }
-    HostRun early({folder / "one", folder / "two"});
+    HostRun early({"--remove-when-alone", folder / one, "--remove-when-alone", folder / two});
     early.close();
     early.wait();
-    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+    EXPECT_FALSE(folder.exists(one));
+    EXPECT_FALSE(folder.exists(two));
+    EXPECT_TRUE(folder.exists(three));
 }
 
 TEST_F(HostProcess, RemovesTheFoldersThatItIsToGuardWhenTheEngineGoes)
 {
-    for (auto const name : {"one", "two", "three"}) {
+    for (auto const & name : {one, two, three}) {
         make_staging(name);
-        folder.write(std::string(name) + "/file", "x");
+        folder.write(name + "/file", "x");
     }
     begin(job("Stubborn"));
-    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n");
-    host.send(R"({"command": "guard", "folder": ")" + folder / "two" + "\"}\n{\"command\": \"guard\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / one + "\"}\n");
+    host.send("{\"command\": \"guard\"}\n" + (R"({"command": "guard", "folder": ")" + folder / two) +
+              "\"}\n");
     host.close();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_FALSE(std::filesystem::exists(folder / "one"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "two"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "three"));
+    EXPECT_FALSE(folder.exists(one));
+    EXPECT_FALSE(folder.exists(two));
+    EXPECT_TRUE(folder.exists(three));
+}
+
+TEST_F(HostProcess, RemovesNothingByHand)
+{
+    make_staging(one);
+    folder.write(one + "/file", "x");
+    auto const run = [](std::string const & words) {
+        return WEXITSTATUS(
+            std::system((std::string(HOST_PROGRAM) + ' ' + words + " > /dev/null 2>&1").c_str()));
+    };
+    EXPECT_EQ(run("part.step " + folder / one + " < /dev/null"), 2);
+    EXPECT_EQ(run("--remove-when-alone " + folder / one + " < /dev/null"), 3);
+    EXPECT_EQ(run("--remove-when-alone " + folder / one + " --help"), 0);
+    auto named = job("Box");
+    named.value()["staging"] = folder / one;
+    EXPECT_EQ(run("< " + folder.write("job.json", named.line())), 0);
+    EXPECT_TRUE(folder.exists(one + "/file"));
 }
 
 TEST_F(HostProcess, RemovesNoFolderThatNoEngineHasMade)
@@ -170,7 +211,7 @@ TEST_F(HostProcess, RemovesNoFolderThatNoEngineHasMade)
     EXPECT_EQ(folder.read("results/part.odd"), "mine");
     EXPECT_TRUE(folder.exists("renamed"));
 
-    HostRun early({folder / "results", folder / "renamed"});
+    HostRun early({"--remove-when-alone", folder / "results", "--remove-when-alone", folder / "renamed"});
     early.close();
     early.wait();
     EXPECT_EQ(folder.read("results/part.odd"), "mine");
@@ -223,13 +264,13 @@ TEST_F(HostProcess, WritesNothingWhereSomethingElseHasTakenThePlaceOfItsFolder)
 
 TEST_F(HostProcess, LeavesTheFoldersThatItGuardsAloneWhenItsTranslationEnds)
 {
-    make_staging("one");
-    folder.write("one/file", "x");
+    make_staging(one);
+    folder.write(one + "/file", "x");
     begin(job("Waits"));
-    host.send(R"({"command": "guard", "folder": ")" + folder / "one" + "\"}\n{\"command\": \"cancel\"}\n");
+    host.send(R"({"command": "guard", "folder": ")" + folder / one + "\"}\n{\"command\": \"cancel\"}\n");
     host.rest();
     EXPECT_TRUE(host.exits_with(0));
-    EXPECT_TRUE(std::filesystem::exists(folder / "one/file"));
+    EXPECT_TRUE(folder.exists(one + "/file"));
 }
 
 TEST_F(HostProcess, ClosesTheConnectionWithoutAnEndWhenItIsKilled)

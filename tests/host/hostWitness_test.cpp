@@ -117,7 +117,8 @@ TEST(HostWitness, HasSeenTheDocumentAsItWasBeforeItWasChanged)
     kitTempFolder const folder;
     sdkDocument document;
     auto const label = document.add_shape(kit_cube(10), "Cube");
-    hostWitness witness(document, {.module = ODD_MODULE, .format = "Box"}, {});
+    hostProcessThread thread;
+    hostWitness witness(document, {.module = ODD_MODULE, .format = "Box"}, {}, thread);
     document.shapes()->RemoveShape(label);
     std::atomic<bool> const cancelled = false;
     witness.ask({.written = folder.write("a.odd", "x"), .shown = "a.odd", .promise = {}});
@@ -142,7 +143,8 @@ TEST(HostWitness, NamesFaultsOfTheSourceItself)
     document.add_shape(solid, "Lid");
     std::atomic<bool> const cancelled = false;
     for (auto const level : {sdkMeasureLevel::full, sdkMeasureLevel::counts}) {
-        hostWitness witness(document, {.module = LIES_MODULE, .format = "LIE", .level = level}, {});
+        hostProcessThread thread;
+        hostWitness witness(document, {.module = LIES_MODULE, .format = "LIE", .level = level}, {}, thread);
         witness.ask({.written = "/no/such/file.lie", .shown = "file.lie", .promise = {}});
         auto const testimony = witness.answer(std::chrono::milliseconds(patience), cancelled, [](int) {});
         EXPECT_FALSE(testimony.read_back);

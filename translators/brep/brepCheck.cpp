@@ -317,7 +317,8 @@ sdkResult brep_check(std::string_view content, std::string const & file)
         return header.form == brepForm::text ? Check<TextForm>(content, header).run(file)
                                              : Check<BinaryForm>(content, header).run(file);
     } catch (brepDefect const & defect) {
-        return sdkResult::read_error(sdkText("brep::%s is damaged or cut off, %s: %s; export or copy it again", file,
-                                             defect.place(), std::string(defect.what())));
+        return sdkResult::read_error(
+            sdkText("brep::%s is damaged or cut off, %s: %s; export or copy it again", file, defect.place(),
+                    std::string(defect.what())));
     }
 }

@@ -7,9 +7,9 @@
 
 #include <set>
 
-class XSControl_WorkSession;
+class STEPCAFControl_Reader;
 
 // Adds a loss for each file that an assembly keeps parts in and that could not be read, after the transfer.
 // Returns the entities that name these files.
-std::set<Standard_Transient const *> step_lose_absent_files(Handle(XSControl_WorkSession) const & session,
+std::set<Standard_Transient const *> step_lose_absent_files(STEPCAFControl_Reader const & reader,
                                                             sdkContext & context);

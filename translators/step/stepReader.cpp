@@ -246,7 +246,7 @@ void stepReader::take_inventory()
     stepInventory inventory(reader.WS(), m_links, m_context.file(), m_context);
     inventory.take(roots);
     take_external_inventories();
-    auto const absent = step_lose_absent_files(reader.WS(), m_context);
+    auto const absent = step_lose_absent_files(*m_reader, m_context);
     sdk_report_transfer(reader.WS(), STANDARD_TYPE(StepShape_Face), m_context, [&](auto const & entity) {
         return inventory.has_lost(entity) || absent.count(entity.get()) > 0;
     });

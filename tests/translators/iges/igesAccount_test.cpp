@@ -125,7 +125,8 @@ TEST_F(IgesAccount, GroupsThatGatherEachOtherAreNamed)
     igesText file;
     file.add({402, "1,3", 7});
     file.add({402, "1,1", 7});
-    EXPECT_NE(refusal("circle.igs", file.text()).find("an entity contains itself: D1 > D3 > D1"), std::string::npos);
+    EXPECT_NE(refusal("circle.igs", file.text()).find("an entity contains itself: D1 > D3 > D1"),
+              std::string::npos);
 }
 
 TEST_F(IgesAccount, SolidsThatReferToNothingAreNamed)

@@ -51,6 +51,24 @@ TEST_F(StepExternFiles, ThatAreAbsentAreEachALossWithThePart)
     EXPECT_FALSE(said().says("an not read external file"));
 }
 
+TEST_F(StepExternFiles, ThatAreThereAndCannotBeReadAreEachALoss)
+{
+    auto const file = assembly_in_files();
+    for (bool const folder_instead : {false, true}) {
+        folder().write("part_Blue.stp", "nothing of the kind");
+        if (folder_instead) {
+            std::filesystem::remove(path("part_Blue.stp"));
+            std::filesystem::create_directory(path("part_Blue.stp"));
+        }
+        sdkDocument document;
+        ASSERT_TRUE(read(file, document));
+        EXPECT_NEAR(sdk_measure(document).volume, 1000, 1e-6);
+        ASSERT_EQ(account().findings().size(), 1U);
+        EXPECT_EQ(account().findings().back().kind, "missing-file");
+        EXPECT_EQ(account().findings().back().part, "Blue");
+    }
+}
+
 TEST_F(StepExternFiles, ThatAreAllAbsentLeaveNothingToReadAndAreNamed)
 {
     auto const file = assembly_in_files();

@@ -34,7 +34,7 @@ TEST_F(StlTextParser, TakesNormalsThatAreNoNumbers)
 
 TEST_F(StlTextParser, NamesTheLineOfACoordinateThatIsNotFinite)
 {
-    for (auto const * bad : {"nan", "inf", "1e999"}) {
+    for (auto const * bad : {"nan", "inf", "1e999", "-2e15"}) {
         auto content = "solid x\n" + stl_text_facet() + stl_text_facet() + "endsolid\n";
         content.replace(content.rfind("vertex 1"), 8, std::string("vertex ") + bad);
         EXPECT_NE(failure_of(content).find("line 12: a coordinate is no finite number"), std::string::npos)

@@ -205,7 +205,8 @@ TEST_F(Widgets, IllegalTextIsToldAndTheDefaultShown)
         boxes.expect_message(wxID_OK);
         widget->control_changed();
         EXPECT_EQ(boxes.said(),
-                  std::vector<std::string>{"Illegal value for this resource - applying default value"})
+                  std::vector<std::string>{"Illegal value for this resource - applying default value\n\n"
+                                           "\"Deviation\" takes a number.\nThe smallest value is 1e-07."})
             << text;
         EXPECT_EQ(boxes.styles().at(0) & (wxOK | wxCANCEL | wxYES_NO), wxOK);
         EXPECT_EQ(box->GetValue(), "0.5"); // the default, not the value of the table
