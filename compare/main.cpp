@@ -8,6 +8,7 @@
 #include "compare/cmpTable.h"
 #include "compare/cmpTexts.h"
 #include "process/largeStack.h"
+#include "process/memoryEnd.h"
 
 namespace {
 
@@ -57,5 +58,7 @@ int run(int argc, char ** argv)
 
 int main(int argc, char ** argv)
 {
+    end_when_memory_runs_out("vmr-compare: the memory does not suffice; close other programs and try again\n",
+                             not_compared);
     return run_on_large_stack([&] { return run(argc, argv); });
 }

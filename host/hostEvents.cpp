@@ -122,10 +122,15 @@ std::string hostEvents::current_file()
 
 void hostEvents::progress(int percent)
 {
+    if (percent <= m_percent) {
+        return;
+    }
+    // A process that runs out of memory over this has its last words to send and must not wait for itself.
+    auto const line = line_of({{"event", "progress"}, {"percent", percent}});
     std::lock_guard const lock(m_mutex);
     if (percent > m_percent) {
         m_percent = percent;
-        add(line_of({{"event", "progress"}, {"percent", percent}}));
+        add(line);
     }
 }
 

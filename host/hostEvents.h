@@ -68,6 +68,6 @@ private:
     int m_at_once = 0; // lines since the time of the last interval that went out at once
     std::chrono::steady_clock::time_point m_interval{};
     std::string m_file;
-    int m_percent = -1;
+    std::atomic<int> m_percent = -1;
     bool m_ended = false;
 };

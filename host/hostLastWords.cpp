@@ -3,6 +3,7 @@
 #include "host/hostEvents.h"
 
 #include "host/hostGuard.h"
+#include "process/memoryEnd.h"
 
 #include <Standard_OutOfMemory.hxx>
 
@@ -10,7 +11,6 @@
 #include <csignal>
 #include <exception>
 #include <memory>
-#include <new>
 #include <system_error>
 #include <unistd.h>
 
@@ -45,14 +45,15 @@ extern "C" void host_on_fatal_signal(int number, siginfo_t * information, void *
     }
 }
 
-bool memory_has_run_out()
+bool nothing_is_left()
 {
+    if (memory_has_run_out()) {
+        return true;
+    }
     try {
         if (auto const failure = std::current_exception()) {
             std::rethrow_exception(failure);
         }
-    } catch (std::bad_alloc const &) {
-        return true;
     } catch (Standard_OutOfMemory const &) {
         return true;
     } catch (std::system_error const & failure) {
@@ -67,7 +68,7 @@ bool memory_has_run_out()
 [[noreturn]] void on_terminate()
 {
     auto & events = *last_words.events;
-    if (memory_has_run_out() && last_words.reserve) {
+    if (nothing_is_left() && last_words.reserve) {
         last_words.reserve.reset();
         auto const file = events.current_file();
         events.message(sdkStream::error,

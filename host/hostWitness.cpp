@@ -107,6 +107,10 @@ void hostWitness::end()
 void hostWitness::ask(hostQuestion const & question)
 {
     m_asked = m_process > 0 && write_all(m_question, host_write_question(question) + "\n");
+    // A witness that was not asked would wait for ever, and this process for its end.
+    if (!m_asked) {
+        close_if_open(m_question);
+    }
 }
 
 hostTestimony hostWitness::answer(std::chrono::milliseconds limit, std::atomic<bool> const & cancelled,

@@ -21,6 +21,9 @@ namespace {
 
 constexpr std::string_view repair_option = "ReadHealing";
 
+// Where the system has no thread to give, the work is done when its result is asked for.
+constexpr auto where_there_is_a_thread = std::launch::async | std::launch::deferred;
+
 // What a reader says while an output is read back interests nobody, but for the reason of a failure.
 class Listener : public sdkReporter {
 public:
@@ -103,7 +106,7 @@ hostWitnessWork::~hostWitnessWork() = default;
 
 void hostWitnessWork::run()
 {
-    m_source = std::async(std::launch::async, [this] { return measure_source(); });
+    m_source = std::async(where_there_is_a_thread, [this] { return measure_source(); });
     auto const line = read_line();
     if (line.empty()) {
         return;
@@ -148,8 +151,8 @@ sdkMeshSource const & hostWitnessWork::mesh_source(bool hidden)
 void hostWitnessWork::begin_mesh_source(bool hidden)
 {
     if (!m_mesh_source.valid()) {
-        m_mesh_source =
-            std::async(std::launch::async, [this, hidden] { return sdk_mesh_source(m_document, hidden); });
+        m_mesh_source = std::async(where_there_is_a_thread,
+                                   [this, hidden] { return sdk_mesh_source(m_document, hidden); });
     }
 }
 

@@ -11,6 +11,7 @@
 #include "host/hostSandbox.h"
 #include "host/hostTranslation.h"
 #include "process/largeStack.h"
+#include "process/memoryEnd.h"
 
 #include <Message.hxx>
 #include <Message_Messenger.hxx>
@@ -119,6 +120,7 @@ int run(std::vector<std::string> const & paths)
 
 int main(int argc, char ** argv)
 {
+    end_when_memory_runs_out("vmr-host: no job: there is no memory\n", exit_without_job);
     auto const arguments = host_read_arguments(argc, argv);
     if (arguments.wish == hostArguments::Wish::nothing) {
         std::fprintf(stderr, "vmr-host: %s is not understood\n%s", arguments.unknown.c_str(), host_usage);

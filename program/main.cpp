@@ -1,5 +1,6 @@
 #include "commandLineText.h"
 #include "process/largeStack.h"
+#include "process/memoryEnd.h"
 #include "vmrApp.h"
 
 #include <clocale>
@@ -12,6 +13,10 @@ namespace {
 
 int run(int argc, char ** argv)
 {
+    end_when_memory_runs_out(
+        "vmr: the memory does not suffice. What was to be translated is as it was before; close other "
+        "programs and try again.\n",
+        vmrExitNotRun);
     // A file that grows beyond what the user's shell allows is an error of that file.
     std::signal(SIGXFSZ, SIG_IGN);
     // The user's numbers and dates; the text functions stay with the C locale, whatever language is chosen

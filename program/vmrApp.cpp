@@ -2,6 +2,7 @@
 
 #include "idleWork.h"
 #include "openedFile.h"
+#include "process/memoryEnd.h"
 #include "sglDetermineRunStyle.h"
 #include "sglMessageBox.h"
 #include "sglParseCommandLine.h"
@@ -103,6 +104,12 @@ int vmrApp::run_command_line()
     if (!command_line.parse())
         return vmrExitNotUnderstood;
     return command_line.translate() ? vmrExitOk : vmrExitNotRun;
+}
+
+void vmrApp::OnUnhandledException()
+{
+    end_if_memory_has_run_out();
+    sglApp::OnUnhandledException();
 }
 
 int vmrApp::OnExit()

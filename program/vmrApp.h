@@ -42,6 +42,7 @@ protected:
     bool OnInit() override;
     int OnRun() override;
     int OnExit() override;
+    void OnUnhandledException() override;
 
 private:
     void show_splash_screen();

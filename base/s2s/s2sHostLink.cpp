@@ -73,8 +73,12 @@ void s2sHostLink::write_queue()
     auto const sent = ::send(m_socket, m_out.data(), m_out.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (sent > 0)
         m_out.erase(0, static_cast<std::size_t>(sent));
-    else if (sent < 0 && !try_later(errno))
-        m_out.clear(); // the other side is gone; what it said before is still to be read
+    else if (sent < 0 && !try_later(errno)) {
+        // The other side is gone, or will never hear what it waits for and has to be told that nothing comes
+        // any more. What it said before is still to be read.
+        m_out.clear();
+        ::shutdown(m_socket, SHUT_WR);
+    }
 }
 
 void s2sHostLink::read_some()

@@ -95,6 +95,23 @@ TEST_F(HostLink, RaisesNoSignalWhenTheOtherSideIsGone)
     EXPECT_TRUE(link.closed());
 }
 
+TEST(HostLinkOfMessages, EndsTheTalkWhenALineCannotBeSent)
+{
+    int ends[2];
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
+    s2sHostLink link(ends[0]);
+    // More than one message can be.
+    link.send(std::string(100'000'000, 'x'));
+    wait_for(link, milliseconds(0));
+    char byte = 0;
+    EXPECT_EQ(recv(ends[1], &byte, 1, MSG_DONTWAIT), 0);
+    EXPECT_EQ(send(ends[1], "later\n", 6, 0), 6);
+    wait_for(link);
+    EXPECT_EQ(link.next_line(), "later");
+    close(ends[0]);
+    close(ends[1]);
+}
+
 TEST_F(HostLink, WakesUp)
 {
     s2sWakeUp wake_up;
