@@ -72,21 +72,21 @@ void hostKeeper::finish()
 {
     // Others may hold the pipe open, and a library that runs wild may have written into it: the first of the
     // two ends whatever that was.
-    tell({});
-    tell({});
-    while (m_process > 0 && ::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
+    bool const told = tell({}) && tell({});
+    while (told && m_process > 0 && ::waitpid(m_process, nullptr, 0) < 0 && errno == EINTR) {
     }
     m_process = -1;
 }
 
-void hostKeeper::tell(std::string const & folder) const
+bool hostKeeper::tell(std::string const & folder) const
 {
     std::string_view rest(folder.c_str(), folder.size() + 1);
     while (!rest.empty()) {
         auto const written = ::write(m_pipe, rest.data(), rest.size());
         if (written < 0 && errno != EINTR) {
-            return;
+            return false;
         }
         rest.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
     }
+    return true;
 }

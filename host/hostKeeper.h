@@ -20,11 +20,12 @@ public:
     // One more folder. For one thread at a time.
     void keep(std::string const & folder) const;
 
-    // Lets the process do its work, if there is any, and waits for its end. Nothing is kept after this.
+    // Lets the process do its work, if there is any, and waits for its end; where it cannot be told, it goes
+    // to work when this process has ended. Nothing is kept after this.
     void finish();
 
 private:
-    void tell(std::string const & folder) const;
+    bool tell(std::string const & folder) const;
 
     int m_pipe = -1;
     ::pid_t m_process = -1;

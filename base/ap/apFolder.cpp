@@ -48,7 +48,11 @@ apFolder apFolder::make_folder(std::string const & name, ::mode_t mode) const
     if (::mkdirat(m_folder.get(), name.c_str(), mode) != 0)
         return {};
     auto folder = open_folder(name);
-    if (folder.is_open() && !folder.names().empty()) {
+    if (!folder.is_open()) {
+        int const error = errno;
+        remove_folder(name);
+        errno = error;
+    } else if (!folder.names().empty()) {
         errno = EEXIST;
         return {};
     }

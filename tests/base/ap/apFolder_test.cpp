@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include "ap/apFolder.h"
@@ -54,6 +55,20 @@ TEST_F(Folder, StaysTheSameWhateverTakesItsPath)
     EXPECT_TRUE(fs::is_empty(temp / "private"));
     EXPECT_TRUE(top.has_under("moved", work));
     EXPECT_FALSE(top.has_under("work", work));
+}
+
+TEST_F(Folder, LeavesNoFolderThatItCouldNotOpen)
+{
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    rlimit const none{0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    auto const made = top.make_folder("new", 0700);
+    int const error = errno;
+    setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_FALSE(made.is_open());
+    EXPECT_EQ(error, EMFILE);
+    EXPECT_TRUE(top.names().empty());
 }
 
 TEST_F(Folder, FollowsNoLinks)

@@ -18,6 +18,7 @@ struct ConfigStore : kitAppTest {
     {
         kitAppTest::SetUp();
         app().pre_splash_screen_init();
+        std::filesystem::create_directory(folder() / "home");
         setenv("HOME", (folder() / "home").c_str(), 1);
         unsetenv("XDG_CONFIG_HOME");
         before = wxLog::SetActiveTarget(&said);
