@@ -39,6 +39,7 @@ private:
     void press_on_page(int on_single, int on_merge, int on_batch);
 
     void OnFirstShow(wxShowEvent & event);
+    void OnSizeTold(wxSizeEvent & event);
     void OnPageChanged(wxBookCtrlEvent & event);
     void OnOpen(wxCommandEvent & event);
     void OnSaveAs(wxCommandEvent & event);
@@ -48,4 +49,5 @@ private:
     sglBatchFiles * m_batch = nullptr;
     wxNotebook * m_notebook = nullptr;
     wxSize m_first_size;
+    int m_corrections = 0; // of a size that came out smaller than asked for
 };

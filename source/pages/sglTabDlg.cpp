@@ -61,6 +61,18 @@ void sglTabDlg::OnInitDialog()
     CentreOnScreen(wxBOTH);
     // A desktop that tells the size of its decorations late has forgotten the place by then.
     Bind(wxEVT_SHOW, &sglTabDlg::OnFirstShow, this);
+    Bind(wxEVT_SIZE, &sglTabDlg::OnSizeTold, this);
+}
+
+void sglTabDlg::OnSizeTold(wxSizeEvent & event)
+{
+    constexpr int most_corrections = 2; // a small screen has no room for the whole window
+    event.Skip();
+    // The toolkit guesses how large the decorations are, and is wrong with its first window.
+    if (IsShown() && GetSize().y < m_first_size.y && m_corrections < most_corrections) {
+        ++m_corrections;
+        CallAfter([this] { SetSize(m_first_size); });
+    }
 }
 
 void sglTabDlg::OnFirstShow(wxShowEvent & event)

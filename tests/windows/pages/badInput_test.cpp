@@ -215,7 +215,7 @@ TEST_F(BadInput, AFullDiskIsToldOfAndNothingHalfIsLeft)
     drop({sample("step/screw.step", "screw.step")});
     EXPECT_EQ(output_file(), folder() / "disk/screw.igs");
     EXPECT_EQ(translated(), "Fatal error writing to output file");
-    EXPECT_THAT(errors(), HasSubstr("free space of the disk"));
+    EXPECT_THAT(errors(), HasSubstr("make room on the disk"));
     EXPECT_TRUE(std::filesystem::is_empty(folder() / "disk"));
     EXPECT_EQ(umount((folder() / "disk").c_str()), 0);
 }
