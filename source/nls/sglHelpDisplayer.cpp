@@ -22,6 +22,7 @@
 #include <wx/notebook.h>
 #include <wx/settings.h>
 #include <wx/splitter.h>
+#include <wx/toolbar.h>
 #include <wx/treectrl.h>
 
 namespace {
@@ -37,16 +38,19 @@ void read_archives()
     static_cast<void>(once);
 }
 
-/// GTK complains of scroll bars in pages that have not got their size when the window comes up.
-void lay_out_pages(wxWindow & window)
+/// GTK complains of tools, and of scroll bars in pages, that have not got their size when the window comes
+/// up.
+void lay_out_children(wxWindow & window)
 {
     for (wxWindow * const child : window.GetChildren()) {
+        if (auto * const tools = dynamic_cast<wxToolBar *>(child))
+            tools->SetSize(tools->GetBestSize());
         if (auto * const book = dynamic_cast<wxNotebook *>(child))
             for (std::size_t page = 0; page < book->GetPageCount(); ++page) {
                 book->GetPage(page)->SetSize(book->GetClientSize());
                 book->GetPage(page)->Layout();
             }
-        lay_out_pages(*child);
+        lay_out_children(*child);
     }
 }
 
@@ -62,7 +66,7 @@ void make_roomy(wxTopLevelWindow & top, wxWindow & help)
     for (wxWindow * const child : help.GetChildren())
         if (auto * const splitter = dynamic_cast<wxSplitterWindow *>(child))
             splitter->SetSashPosition(top.FromDIP(contents));
-    lay_out_pages(help);
+    lay_out_children(help);
 }
 
 wxTreeCtrl * tree_of(wxWindow & window)

@@ -129,6 +129,7 @@ class Trial:
         return "refused" if self.gives_reason() else "no reason given"
 
     def gives_reason(self):
-        """A line about the file that is neither the frame nor what every translation says."""
-        usual = ("File name is", "Reading file", "Writing the translation", "The command line was", "Resource file")
-        return any("in." in line and not line.startswith(usual) for line in self.said.splitlines())
+        """A line about one of the files that is neither the frame nor what every translation says."""
+        usual = ("File name is", "Reading file", "Writing the translation", "The command line was", "Resource file",
+                 "Not verified")
+        return any(re.search(r"\b(in|out)\.", line) and not line.startswith(usual) for line in self.said.splitlines())
