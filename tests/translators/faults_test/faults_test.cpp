@@ -1,6 +1,5 @@
-#include "host/HostRun.h"
+#include "host/hostTold.h"
 #include "kit/kitTempFolder.h"
-#include "sdk/sdkText.h"
 #include "translators/faults_test/faultsShapes.h"
 #include "translators/faults_test/faultsTable.h"
 
@@ -12,36 +11,7 @@
 #include <numeric>
 #include <tuple>
 
-using nlohmann::json;
-
 namespace {
-
-std::string format_of(std::string const & file)
-{
-    return file.ends_with(".step") ? "STEP" : file.ends_with(".igs") ? "IGES" : "BREP";
-}
-
-std::string module_of(std::string format)
-{
-    std::transform(format.begin(), format.end(), format.begin(),
-                   [](unsigned char letter) { return std::tolower(letter); });
-    return TRANSLATORS "/" + format + ".so";
-}
-
-std::string text_of(json const & event)
-{
-    std::vector<sdkArgument> arguments;
-    for (auto const & argument : event["args"]) {
-        if (argument.is_string()) {
-            arguments.emplace_back(argument.get<std::string>());
-        } else if (argument.is_number_integer()) {
-            arguments.emplace_back(argument.get<std::int64_t>());
-        } else {
-            arguments.emplace_back(argument.get<double>());
-        }
-    }
-    return sdkText::from(event["key"], std::move(arguments)).formatted();
-}
 
 int loose_faces(TopoDS_Shape const & shape)
 {
@@ -52,32 +22,23 @@ int loose_faces(TopoDS_Shape const & shape)
     return number;
 }
 
-// What one translation said and left behind.
-struct Translation {
+HostJob job_for(std::string const & input, std::string const & output, std::string const & format)
+{
+    HostJob job;
+    auto const source = host_format(input);
+    job.input(input, host_module(TRANSLATORS, source), source)
+        .output(output, host_module(TRANSLATORS, format), format);
+    return job;
+}
+
+// What one translation said.
+struct Translation : HostTold {
     Translation(std::string const & input, std::string const & output, std::string const & format)
+        : HostTold(job_for(input, output, format))
     {
-        HostJob job;
-        auto const source = format_of(input);
-        job.input(input, module_of(source), source).output(output, module_of(format), format);
-        HostRun host;
-        host.send(job.line());
-        for (auto const & event : host.rest()) {
-            if (event["event"] == "verdict") {
-                verdict = event["verdict"];
-            } else if (event["event"] == "message") {
-                texts += text_of(event);
-            } else if (event["event"] == "end") {
-                status = event["status"];
-            }
-        }
-        host.exits_with(0);
     }
 
     bool tells(std::string const & text) const { return texts.find(text) != std::string::npos; }
-
-    std::string status;
-    std::string verdict;
-    std::string texts;
 };
 
 std::string name_of(std::string const & file, std::string const & format)

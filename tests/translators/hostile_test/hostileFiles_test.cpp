@@ -1,6 +1,5 @@
-#include "host/HostRun.h"
+#include "host/hostTold.h"
 #include "kit/kitTempFolder.h"
-#include "sdk/sdkText.h"
 #include "translators/faults_test/faultsShapes.h"
 #include "translators/hostile_test/hostileTable.h"
 
@@ -8,40 +7,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <regex>
 #include <tuple>
 
-using nlohmann::json;
-
 namespace {
-
-std::string format_of(std::string const & file)
-{
-    return file.ends_with(".step") ? "STEP" : file.ends_with(".iges") ? "IGES" : "BREP";
-}
-
-std::string module_of(std::string format)
-{
-    std::transform(format.begin(), format.end(), format.begin(),
-                   [](unsigned char letter) { return std::tolower(letter); });
-    return TRANSLATORS "/" + format + ".so";
-}
-
-std::string text_of(json const & event)
-{
-    std::vector<sdkArgument> arguments;
-    for (auto const & argument : event["args"]) {
-        if (argument.is_string()) {
-            arguments.emplace_back(argument.get<std::string>());
-        } else if (argument.is_number_integer()) {
-            arguments.emplace_back(argument.get<std::int64_t>());
-        } else {
-            arguments.emplace_back(argument.get<double>());
-        }
-    }
-    return sdkText::from(event["key"], std::move(arguments)).formatted();
-}
 
 int bodies_of(TopoDS_Shape const & shape)
 {
@@ -75,23 +44,16 @@ protected:
     {
         constexpr std::int64_t memory = 4LL * 1024 * 1024 * 1024;
         HostJob job;
-        auto const source = format_of(row.file);
-        job.input(HOSTILE "/" + row.file, module_of(source), source)
-            .output(output, module_of(format), format,
+        auto const source = host_format(row.file);
+        job.input(HOSTILE "/" + row.file, host_module(TRANSLATORS, source), source)
+            .output(output, host_module(TRANSLATORS, format), format,
                     {{"vmrOptVerify", row.verdict.empty() ? "none" : "full"}})
             .value()["memory_limit"] = memory;
-        HostRun host;
-        host.send(job.line());
-        for (auto const & event : host.rest()) {
-            if (event["event"] == "verdict") {
-                verdict = event["verdict"];
-            } else if (event["event"] == "message") {
-                texts += text_of(event);
-            } else if (event["event"] == "end") {
-                status = event["status"];
-            }
-        }
-        EXPECT_TRUE(host.exits_with(0));
+        HostTold const told(job);
+        status = told.status;
+        verdict = told.verdict;
+        texts = told.texts;
+        EXPECT_TRUE(told.ended_well);
     }
 
     void expect_shapes() const
